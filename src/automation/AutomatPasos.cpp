@@ -202,8 +202,8 @@ void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int
                                       qint64 codigo, int fin) {
   cabeceraUnaVez();
   const auto* c = t.repertorio.de(clase);
-  const QString tarea =
-      u"   "_s + (c ? t.textos(c->nombre) : QString()) + u":G"_s + Ceros(grupo, 4) + u"  "_s;
+  const QString que = c ? t.textos(c->nombre) : QString();
+  const QString tarea = u"   "_s + que + u":G"_s + Ceros(grupo, 4) + u"  "_s;
   QStringList informe{tarea + u'E' + Ceros(error, 2) + u"  C"_s + Ceros(codigo, 9) + u"  ["_s +
                       motor::TextoEstado(estado, t.textos) + u']'};
   const auto explicado = motor::textosError(error, t.textos);
@@ -213,7 +213,8 @@ void Automat::Interior::informarTarea(TipoTarea clase, int grupo, int error, int
   escribir({tarea + u' ' + t.textos(fin)});
   if (fin == kTxSeAbandona)
     marcar(EstadoPaso::ConProblemas,
-           tarea.trimmed() + u"  "_s + (explicacion.isEmpty() ? t.textos(fin) : explicacion));
+           t.textos(kTxMotivoTarea,
+                    {que, Ceros(grupo, 4), explicacion.isEmpty() ? t.textos(fin) : explicacion}));
 }
 
 void Automat::Interior::problema() {

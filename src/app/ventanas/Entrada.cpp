@@ -26,6 +26,19 @@ QSize Entrada::sizeHint() const {
           escalar(ventanas::kAltoControl + 2 * ventanas::kPaso)};
 }
 
+void Entrada::ponerSinVentana(const QString& motivo) {
+  sinVentana_ = true;
+  setToolTip(motivo);
+  setAccessibleDescription(motivo);
+  update();
+}
+
+bool Entrada::event(QEvent* evento) {
+  if (evento->type() == QEvent::WindowActivate || evento->type() == QEvent::WindowDeactivate)
+    update();
+  return QToolButton::event(evento);
+}
+
 void Entrada::paintEvent(QPaintEvent*) {
   QStylePainter p(this);
   // Dimmed but still readable while another window is active.
@@ -37,10 +50,11 @@ void Entrada::paintEvent(QPaintEvent*) {
   p.drawComplexControl(QStyle::CC_ToolButton, o);
   const int h = escalar(ventanas::kMargen);
   const QRect imagen(QPoint(h, (height() - iconSize().height()) / 2), iconSize());
-  icon().paint(&p, imagen, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  const bool vale = isEnabled() && !sinVentana_;
+  icon().paint(&p, imagen, Qt::AlignCenter, vale ? QIcon::Normal : QIcon::Disabled);
   p.drawItemText(rect().adjusted(imagen.right() + h, 0, -h, 0),
-                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), isEnabled(),
-                 text(), QPalette::WindowText);
+                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), vale, text(),
+                 QPalette::WindowText);
 }
 
 }  // namespace tarvo::app

@@ -1,4 +1,5 @@
-// An entry in a column-shaped menu: an icon, and its text at a readable distance.
+// An entry in a column-shaped menu: an icon, and its text at a readable distance. It is dimmed
+// while another window is active.
 #pragma once
 
 #include <QToolButton>
@@ -12,8 +13,16 @@ class Entrada final : public QToolButton {
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override { return sizeHint(); }
 
+  // Dims the entry of a window that this version hasn't, and says so. It can still be reached and
+  // pressed: whoever presses it is told the same.
+  void ponerSinVentana(const QString& motivo);
+  bool sinVentana() const { return sinVentana_; }
+
  private:
+  bool event(QEvent* evento) override;
   void paintEvent(QPaintEvent* evento) override;
+
+  bool sinVentana_ = false;
 };
 
 }  // namespace tarvo::app

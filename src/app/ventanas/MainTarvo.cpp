@@ -95,16 +95,14 @@ MainTarvo::~MainTarvo() = default;
 
 void MainTarvo::ponerEntradas() {
   for (const EntradaMenu& e : entradas()) {
-    QToolButton* b = ui_.*e.boton;
+    Entrada* b = ui_.*e.boton;
     b->setIcon(ventanas::icono(QString::fromUtf16(e.icono)));
     const int lado = escalar(ventanas::kIconoGrande);
     b->setIconSize({lado, lado});
     const QString ventana = ventanaDe(e.lleva);
     if (ventana.isEmpty()) continue;
     connect(b, &QToolButton::clicked, this, [this, &e] { ir(e.lleva); });
-    if (contexto().ventanas.conoce(ventana)) continue;
-    b->setEnabled(false);
-    b->setToolTip(t(kTxSinEstaVentana));
+    if (!contexto().ventanas.conoce(ventana)) b->ponerSinVentana(t(kTxSinEstaVentana));
   }
   connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });
   connect(ui_.Avanzados, &QToolButton::clicked, this, [this] { mostrarPanel(kAvanzado); });
@@ -129,7 +127,7 @@ void MainTarvo::ponerLetras() {
 }
 
 void MainTarvo::ir(const Lleva& adonde) {
-  if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirDuda(t(kTxSinEstaVentana));
+  if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
   abrirLo(contexto().ventanas, adonde, this);
 }
 
@@ -139,8 +137,8 @@ void MainTarvo::mostrarPanel(Panel panel) {
   ui_.Salir->setText(t(panel == kPrincipal ? ventanas::kTxSalir : ventanas::kTxManualAtras));
   ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
   if (!cambia || !isActiveWindow()) return;
-  for (auto* b : ui_.Paneles->currentWidget()->findChildren<QToolButton*>())
-    if (b->isEnabled()) return b->setFocus(Qt::TabFocusReason);
+  for (auto* b : ui_.Paneles->currentWidget()->findChildren<Entrada*>())
+    if (b->isEnabled() && !b->sinVentana()) return b->setFocus(Qt::TabFocusReason);
   ui_.Salir->setFocus(Qt::TabFocusReason);
 }
 
@@ -198,7 +196,6 @@ void MainTarvo::changeEvent(QEvent* evento) {
   } else {
     ultimaEntrada_ = focusWidget();
   }
-  for (auto* b : ui_.Columna->findChildren<Entrada*>()) b->update();
 }
 
 // The window is brought back by a click, or by the menu.

@@ -1,7 +1,5 @@
 #include "app/ventanas/PortalCnf.h"
 
-#include <QToolButton>
-
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -22,7 +20,7 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
   ui_.setupUi(cuerpo());
   enlazar();
   const struct {
-    QToolButton* boton;
+    Entrada* boton;
     QString icono, ventana;
   } entradas[] = {{ui_.Comunicaciones, u"modem"_s, u"CfgComm"_s},
                   {ui_.CopiarBases, u"copiar"_s, u"CopiaMDB"_s},
@@ -35,11 +33,11 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
     e.boton->setIcon(ventanas::icono(e.icono));
     e.boton->setIconSize({lado, lado});
     e.boton->setText(ventanas::conLetra(e.boton->text(), usadas));
-    connect(e.boton, &QToolButton::clicked, this,
-            [this, v = e.ventana] { this->contexto().ventanas.abrir(v, this); });
-    if (contexto.ventanas.conoce(e.ventana)) continue;
-    e.boton->setEnabled(false);
-    e.boton->setToolTip(t(kTxSinEstaVentana));
+    connect(e.boton, &QToolButton::clicked, this, [this, v = e.ventana] {
+      if (!this->contexto().ventanas.conoce(v)) return decirPista(t(kTxSinEstaVentana));
+      this->contexto().ventanas.abrir(v, this);
+    });
+    if (!contexto.ventanas.conoce(e.ventana)) e.boton->ponerSinVentana(t(kTxSinEstaVentana));
   }
   ponerAspecto();
   connect(ui_.Salir, &QPushButton::clicked, this, &QWidget::close);

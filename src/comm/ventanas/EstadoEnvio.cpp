@@ -43,7 +43,7 @@ Estado formaDe(Situacion s) {
 std::vector<Columna> columnasEstado(const Textos& textos) {
   return {
       {.titulo = ventanas::kTxCodigo, .campo = u"CODPLU"_s, .clase = Clase::Codigo, .cifras = 7},
-      {.titulo = ventanas::kTxArticulo, .campo = u"NOMPLU"_s, .ancho = 165},
+      {.titulo = ventanas::kTxArticulo, .campo = u"NOMPLU"_s, .ancho = 175},
       {.titulo = ventanas::kTxEstado,
        .campo = u"SITUACION"_s,
        .ancho = 140,
@@ -53,17 +53,17 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
            },
        .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
       {.titulo = ventanas::kTxDesde, .campo = u"DESDE"_s, .clase = Clase::Momento},
-      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 180}};
+      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 150}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
-  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 124},
+  return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 150},
           {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
           {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 112},
           {.titulo = ventanas::kTxEstado,
            .campo = u"distinto"_s,
-           .ancho = 104,
+           .ancho = 120,
            .ver =
                [=](const dao::Valor& v) {
                  return v.nulo() ? QString() : v.logico() ? distinto : igual;
@@ -95,7 +95,7 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(800), escalar(540)});
+  ui_.division->setSizes({escalar(780), escalar(560)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
@@ -113,6 +113,7 @@ void EstadoEnvio::montar() {
   ui_.ficha->vivas();
   ui_.ficha->ponerBusca(false);
   ui_.ficha->ponerPie(false);
+  ui_.ficha->vista()->setAccessibleName(t(kTxFichaComparada));
   connect(ui_.Grupo, &QComboBox::activated, this, [this] { calcular(); });
   connect(ui_.Ver, &QComboBox::activated, this, [this] { filtrar(); });
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this] { mostrarFicha(); });

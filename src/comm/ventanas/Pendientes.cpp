@@ -1,5 +1,6 @@
 #include "comm/ventanas/Pendientes.h"
 
+#include "comm/ventanas/Puertas.h"
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
@@ -18,6 +19,12 @@ QString linea(const motor::VistaTarea& v, const motor::RepertorioTareas& reperto
       .arg(Ceros(v.datos.Id, 3), que, motor::TextoEstado(v.Estado, quien.contexto().textos));
 }
 
+// What becomes of the tasks when this window closes.
+int queSera(const ventanas::Ventana& quien, const motor::gestcomm& motor) {
+  if (quien.nombre() != PuertaGestcomm::kNombre) return kTxSePierdenAlSalir;
+  return motor.ModoAutomatico() ? kTxSePierden : kTxSiguenSolas;
+}
+
 }  // namespace
 
 bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
@@ -31,7 +38,7 @@ bool consienteDejarlas(ventanas::Ventana& quien, const motor::gestcomm& motor,
   }
   const auto resto = std::ssize(tareas) - kALaVista;
   if (resto > 0) lineas << Plural(quien.t(kTxYMas), static_cast<int>(resto));
-  lineas << QString() << quien.t(kTxSePierden);
+  lineas << QString() << quien.t(queSera(quien, motor));
   return ventanas::MyMsgBox::Decide(&quien, quien.contexto().textos, lineas.join(u'\n'),
                                     ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }

@@ -87,9 +87,9 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
        .ver = [=](const dao::Valor& v) { return v.logico() ? llega : sale; },
        .imagen = [](const dao::Valor& v) { return v.logico() ? u"recibir"_s : u"enviar"_s; }},
       {.titulo = kTxColClase, .campo = u"clase"_s, .clase = Clase::Codigo, .ancho = 92},
-      {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48},
-      {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60},
-      {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48},
+      {.titulo = kTxColSec, .campo = u"sec"_s, .clase = Clase::Entero, .ancho = 48, .rango = 3},
+      {.titulo = kTxColEst, .campo = u"est"_s, .clase = Clase::Codigo, .ancho = 60, .rango = 2},
+      {.titulo = kTxColDir, .campo = u"dir"_s, .clase = Clase::Entero, .ancho = 48, .rango = 1},
       {.titulo = ventanas::kTxCodigo, .campo = u"codigo"_s, .clase = Clase::Entero, .ancho = 68},
       {.titulo = kTxColNombre, .campo = u"nombre"_s, .clase = Clase::Codigo, .ancho = 190},
       {.titulo = kTxColDatos, .campo = u"datos"_s, .ancho = 260},
@@ -98,7 +98,7 @@ std::vector<Columna> columnasTramas(const Textos& textos) {
        .ancho = 80,
        .ver = [=](const dao::Valor& v) { return v.logico() ? bien : mal; },
        .estado = [](const dao::Valor& v) { return v.logico() ? Estado::Bien : Estado::Mal; }},
-      {.titulo = kTxColHexa, .campo = u"hexa"_s, .ancho = 300}};
+      {.titulo = kTxColHexa, .campo = u"hexa"_s, .ancho = 300, .rango = 4}};
 }
 
 FilaViva filaPaso(const enlace::Paso& p, const Textos& textos) {

@@ -36,7 +36,9 @@ Resultado<> FormDetallesVentana::entrar(const PuertaFormDetalles& puerta) {
   TARVO_INTENTAR(llenar());
   ui_.LstPer->clear();
   for (const Propuesto& p : d_.propuestos)
-    ui_.LstPer->addItem(t(kTxPeriodoCuenta).arg(TextoPeriodo(p.periodo)).arg(p.cuenta));
+    (new QListWidgetItem(t(kTxPeriodoCuenta).arg(TextoPeriodo(p.periodo)).arg(p.cuenta),
+                         ui_.LstPer))
+        ->setSizeHint(QSize(0, ventanas::escalar(ventanas::kAltoFila)));
   ui_.marcoPeriodo->setVisible(d_.propuestos.size() > 1);
   const bool aUno = d_.elegido >= 0;
   TARVO_INTENTAR(

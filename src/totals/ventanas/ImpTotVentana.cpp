@@ -90,6 +90,12 @@ void ImpTotVentana::ponerCarpeta(const QString& carpeta) {
   ui_.LstFich->clear();
   ui_.LstFich->addItems(QDir(carpeta).entryList({u"*.EXP"_s, u"*.exp"_s}, QDir::Files, QDir::Name));
   if (ui_.LstFich->count() > 0) ui_.LstFich->setCurrentRow(0);
+  decirSiEstaVacia();
+}
+
+void ImpTotVentana::decirSiEstaVacia() {
+  tira().quitar();
+  if (ui_.LstFich->count() == 0) decirPista(t(kTxSinFicherosExp));
 }
 
 void ImpTotVentana::ponerEstado(int estado) {
@@ -107,7 +113,7 @@ void ImpTotVentana::ponerEstado(int estado) {
     for (QLabel* l : {ui_.LbCom, ui_.LbFecha, ui_.LbTipo, ui_.existe, ui_.Conta}) l->clear();
     fichero_.reset();
     bloque_.reset();
-    tira().quitar();  // it referred to another file
+    decirSiEstaVacia();  // the strip referred to another file
     ui_.LstFich->setFocus();
   } else if (estado == kListo) {
     ui_.Haz->setFocus();

@@ -18,6 +18,7 @@ class ImpTotVentana final : public ventanas::Ventana {
 
  private:
   void montar();
+  void decirSiEstaVacia();
   void ponerCarpeta(const QString& carpeta);
   void ponerEstado(int estado);
   void abrir();

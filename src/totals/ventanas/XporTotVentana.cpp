@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -55,6 +56,7 @@ void XporTotVentana::LinkHandle(std::vector<qint64> links) {
 
 void XporTotVentana::mostrarPrimero() {
   ui_.XporYA->setEnabled(!cola_.empty());
+  ui_.Cancelar->setText(t(cola_.empty() ? ventanas::kTxCerrar : ventanas::kTxCancelar));
   if (cola_.empty()) {
     ui_.periodo->setText(t(hechos_ > 0 ? kTxExportacionRealizada : kTxNadaQueExportar));
     ui_.TodosOK->setEnabled(false);

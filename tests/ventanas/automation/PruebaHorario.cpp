@@ -134,6 +134,24 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
 
 // Each change of the lines comes back with Ctrl+Z, the last first; a key with nothing to bring back
 // says so.
+// Each letter marks the day that it ticks; the caption of the days marks none.
+TEST(Horarios, CadaLetraMarcaSuDia) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"21:00:00;no,no,no,no,no,no,no;bien\r\n"_s);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(e));
+  const std::pair<Qt::Key, int> letras[] = {{Qt::Key_L, 0}, {Qt::Key_M, 1}, {Qt::Key_I, 2},
+                                            {Qt::Key_J, 3}, {Qt::Key_V, 4}, {Qt::Key_S, 5},
+                                            {Qt::Key_D, 6}};
+  for (const auto& [letra, dia] : letras) {
+    QTest::keyClick(e, letra, Qt::AltModifier);
+    const auto puesto = [&] { return pieza<QCheckBox>(e, u"dia_%1"_s.arg(dia))->isChecked(); };
+    EXPECT_TRUE(QTest::qWaitFor(puesto, 30'000)) << dia;
+    for (int otro = dia + 1; otro < 7; ++otro)
+      EXPECT_FALSE(pieza<QCheckBox>(e, u"dia_%1"_s.arg(otro))->isChecked()) << dia << otro;
+  }
+}
+
 TEST(Horarios, LoCambiadoVuelve) {
   Horarios s;
   const QString antes = u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s;

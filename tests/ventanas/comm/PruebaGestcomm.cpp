@@ -1,6 +1,7 @@
 // The jobs of an operator: receive, see failures, try again, give up, close.
 
 #include <QTimer>
+#include <QToolBar>
 
 #include "MesaDeGestcomm.h"
 #include "totals/ventanas/Puertas.h"
@@ -152,6 +153,21 @@ TEST_F(Gestcomm, SeVeQueSeEnviaQueSeBorraYQueSePoneACero) {
     EXPECT_TRUE(mirada.pasos.contains(paso)) << paso.toStdString();
 }
 
+// Every command of the bar shows its words on the narrowest usual screen, and none is cut off on a
+// narrower one.
+TEST_F(Gestcomm, LasOrdenesTienenPalabras) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  auto* barra = v->findChild<QToolBar*>(u"barra"_s);
+  auto* todo = barra->widgetForAction(control<QAction>(u"TodoP"_s));
+  const int iconoSolo = todo->height() * 2;
+  for (const int ancho : {1366, 950}) {
+    v->resize(ancho, 600);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return barra->sizeHint().width() <= barra->width(); }));
+    EXPECT_EQ(todo->sizeHint().width() > iconoSolo, ancho == 1366) << ancho;
+  }
+}
+
 // A waiting or failed task survives the closing of the window, but not the end of the program: the
 // question names it.
 TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
@@ -161,11 +177,12 @@ TEST_F(Gestcomm, AlCerrarSeNombraLoQueQueda) {
   encolar(1, 17);
   encolar(2, 18);
   const auto cerrar = [&] { v->descargar(); };
-  EXPECT_EQ(caja(cerrar, u"Cancelo"_s),
-            u"Quedan 2 tareas sin hacer:\n001  Gran Total, grupo 0001: En espera de ser procesado\n"
-            u"002  Tot. Operadores, grupo 0002: En espera de ser procesado\n\n"
-            u"Si cierra sólo esta ventana siguen su curso; si sale del programa se pierden. "
-            u"¿Cierra de todos modos?");
+  EXPECT_EQ(
+      caja(cerrar, u"Cancelo"_s),
+      u"Quedan 2 tareas sin hacer:\n001  Gran Total, grupo 0001: En espera de ser procesado\n"
+      u"002  Tot. Operadores, grupo 0002: En espera de ser procesado\n\n"
+      u"Al cerrar esta ventana la cola pasa a automático y siguen solas; si sale del programa "
+      u"se pierden. ¿Cierra de todos modos?");
   EXPECT_TRUE(v->isVisible());
   caja(cerrar);
   EXPECT_FALSE(escritorio.ventanas().cargada(u"gestcomm"_s));

@@ -1,4 +1,8 @@
+#include <QFocusFrame>
+#include <QLineEdit>
 #include <QRegularExpression>
+#include <QToolBar>
+#include <QVBoxLayout>
 
 #include "core/ventanas/aspecto/Medidas.h"
 #include "ventanas/Mesa.h"
@@ -55,6 +59,27 @@ TEST(Tema, CaraYEscala) {
   EXPECT_TRUE(icono(u"no hay"_s).isNull());
   // No placeholder of the style sheet is left.
   EXPECT_FALSE(qApp->styleSheet().contains(u'@'));
+}
+
+// Nothing cuts off the focus ring, inside a bar either.
+TEST(Tema, ElFocoSeVeEntero) {
+  Mesa m;
+  QWidget v;
+  auto* barra = new QToolBar;
+  auto* campo = new QLineEdit;
+  auto* todo = new QVBoxLayout(&v);
+  todo->addWidget(barra);
+  todo->addWidget(campo);
+  QWidget* boton = barra->widgetForAction(barra->addAction(icono(u"abrir"_s), u"Abrir"_s));
+  boton->setFocusPolicy(Qt::TabFocus);
+  v.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&v));
+  for (QWidget* control : {boton, static_cast<QWidget*>(campo)}) {
+    control->setFocus();
+    const auto* anillo = v.findChild<QFocusFrame*>();
+    ASSERT_TRUE(anillo && anillo->isVisible());
+    EXPECT_TRUE(anillo->parentWidget()->rect().contains(anillo->geometry()));
+  }
 }
 
 }  // namespace tarvo::prueba

@@ -62,7 +62,8 @@ QString nombreDe(QAccessibleInterface& i) {
 bool esControl(const QWidget& w) {
   if (!w.isVisible() || !(w.focusPolicy() & Qt::TabFocus) || w.focusProxy()) return false;
   const QWidget* padre = w.parentWidget();
-  if (qobject_cast<const QComboBox*>(padre) || qobject_cast<const QAbstractItemView*>(padre))
+  const auto* lista = qobject_cast<const QComboBox*>(padre);
+  if ((lista && lista->lineEdit() != &w) || qobject_cast<const QAbstractItemView*>(padre))
     return false;
   return qobject_cast<const QLineEdit*>(&w) || qobject_cast<const QComboBox*>(&w) ||
          qobject_cast<const QAbstractButton*>(&w) || qobject_cast<const QPlainTextEdit*>(&w) ||
@@ -95,6 +96,7 @@ QStringList faltasDe(Ventana& v) {
       faltas << cual + u" no tiene letra: "_s + r->text();
     if (!esControl(*w)) continue;
     if (nombre.trimmed().isEmpty()) faltas << cual + u" no tiene nombre"_s;
+    if (nombre.contains(u'&')) faltas << cual + u" se oye con su marca: "_s + nombre;
     if (i->role() == QAccessible::NoRole || i->role() == QAccessible::Client)
       faltas << cual + u" no tiene papel"_s;
   }
@@ -127,8 +129,12 @@ TEST(Accesible, UnaTeclaSinEfectoTieneRespuesta) {
   EXPECT_EQ(v->tira().texto(), u"No hay ninguna tarea quitada que devolver.");
   QTest::keyClick(v, Qt::Key_F6);
   EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(v->tira().texto(), u"");
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"En manual")) << v->tira().texto().toStdString();
   t.cerrar(*v);
 }
 

@@ -16,6 +16,19 @@ namespace tarvo::prueba {
 
 using namespace ventanas;
 
+namespace {
+
+// How often a control was painted.
+struct Pintadas final : QObject {
+  bool eventFilter(QObject*, QEvent* e) override {
+    veces += e->type() == QEvent::Paint ? 1 : 0;
+    return false;
+  }
+  int veces = 0;
+};
+
+}  // namespace
+
 void MesaPrincipal::nocheMala() {
   sql(u"DELETE FROM GRUPOS"_s);
   grupo({.codigo = 1, .nombre = u"FRUTERIA", .remoto = 3});
@@ -162,10 +175,30 @@ TEST(Principal, SinNingunaNocheDiceQueHacer) {
   auto* v = t.conManana();
   EXPECT_TRUE(pieza(*v, u"Todavía no ha habido ninguna noche"_s));
   auto* totales = v->findChild<QToolButton*>(u"Totales"_s);
-  EXPECT_FALSE(totales->isEnabled());
   EXPECT_EQ(totales->toolTip(), u"Esta versión de TARVO no tiene esta ventana.");
+  totales->click();
+  EXPECT_EQ(v->tira().texto(), totales->toolTip()) << "whoever presses it is told why";
   QTest::mouseClick(pieza(*v, u"Bandeja de entrada"_s), Qt::LeftButton);
   EXPECT_TRUE(v->isVisible());
+}
+
+// The entries are dimmed while another window is active, and only so long.
+TEST(Principal, LasEntradasVuelvenASuTono) {
+  MesaPrincipal t;
+  auto* v = t.todas().abrir(u"PortalCnf"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  auto* copias = v->findChild<QToolButton*>(u"CopiaSeguridad"_s);
+  copias->click();
+  EXPECT_EQ(v->tira().texto(), u"Esta versión de TARVO no tiene esta ventana.");
+  Pintadas pintadas;
+  copias->installEventFilter(&pintadas);
+  QWidget otra;
+  for (QWidget* activa : {&otra, static_cast<QWidget*>(v)}) {
+    activa->show();
+    activa->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(activa));
+    EXPECT_TRUE(esperar([&] { return std::exchange(pintadas.veces, 0) > 0; }));
+  }
 }
 
 TEST(Principal, PanelesYSalida) {
@@ -174,10 +207,9 @@ TEST(Principal, PanelesYSalida) {
   auto* paneles = v->findChild<QStackedWidget*>(u"Paneles"_s);
   auto* salir = v->findChild<QToolButton*>(u"Salir"_s);
   const auto panel = [&] { return paneles->currentWidget()->objectName(); };
-  // With keys alone: down from the first enabled entry to the warehouse.
+  // With keys alone: down to the warehouse, also over entries without their window.
   v->findChild<QToolButton*>(u"EnviarRecibir"_s)->setFocus();
-  QTest::keyClick(v->focusWidget(), Qt::Key_Down);
-  QTest::keyClick(v->focusWidget(), Qt::Key_Down);
+  for (int i = 0; i < 3; ++i) QTest::keyClick(v->focusWidget(), Qt::Key_Down);
   EXPECT_EQ(v->focusWidget()->objectName(), u"Almacen");
   QTest::keyClick(v->focusWidget(), Qt::Key_Return);
   EXPECT_EQ(panel(), u"PanelAlmacen");
@@ -308,7 +340,9 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
     v->descargar();
     return dicho;
   };
-  EXPECT_TRUE(salir(u"Cancelo"_s).contains(u"Gran Total, grupo 0071: En espera de ser procesado"));
+  const QString dicho = salir(u"Cancelo"_s);
+  EXPECT_TRUE(dicho.contains(u"Gran Total, grupo 0071: En espera de ser procesado"));
+  EXPECT_TRUE(dicho.endsWith(u"Si sale del programa se pierden. ¿Sale de todos modos?"));
   EXPECT_TRUE(v->isVisible());
   salir(u"Acepto"_s);
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));

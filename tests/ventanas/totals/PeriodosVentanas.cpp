@@ -146,14 +146,20 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   const QString suma =
       u"select FECHA1, sum([IMP]), count(*) from TOTPLU, COLUMNA where TOTPLU.LINK=COLUMNA.LINK group by FECHA1 order by FECHA1"_s;
   const QString antes = t.leer(suma);
+  auto* i = t.abrir(u"ImpTot"_s);
+  EXPECT_TRUE(i->tira().texto().startsWith(u"En esta carpeta no hay ningún fichero"));
+  i->descargar();
   auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
+  auto* salida = x->findChild<QPushButton*>(u"Cancelar"_s);
+  EXPECT_EQ(salida->text(), u"&Cancelar");
   x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
   x->findChild<QAbstractButton*>(u"borrar"_s)->click();
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 0; }));
   ASSERT_TRUE(QFile::exists(t.ruta(u"VENTAS.EXP"_s)));
+  EXPECT_EQ(salida->text(), u"&Cerrar") << "nothing is left to cancel";
   x->descargar();
-  auto* i = t.abrir(u"ImpTot"_s);
+  i = t.abrir(u"ImpTot"_s);
   auto* ficheros = i->findChild<QListWidget*>(u"LstFich"_s);
   ASSERT_EQ(ficheros->count(), 1);
   QTest::keyClick(ficheros, Qt::Key_Return);

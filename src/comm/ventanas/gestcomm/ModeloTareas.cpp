@@ -49,32 +49,33 @@ QString textoProblema(const motor::VistaTarea& t, const Textos& textos) {
 
 std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
   const QString reteniendo = textos(kTxReteniendo);
-  return {{.titulo = kTxColTarea,
-           .campo = u"Tarea"_s,
-           .clase = Clase::Codigo,
-           .ancho = 88,
-           .ver = [](const dao::Valor& v) { return Ceros(v.entero() / kEstados, 3); },
-           .imagen =
-               [](const dao::Valor& v) {
-                 return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
-               }},
-          {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 208},
-          {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56},
-          {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92},
-          {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68},
-          {.titulo = ventanas::kTxEstado,
-           .campo = u"Estado"_s,
-           .ancho = 248,
-           .ver =
-               [reteniendo, &textos](const dao::Valor& v) {
-                 const int e = static_cast<int>(v.entero());
-                 return e >= kReteniendo ? reteniendo : motor::TextoEstado(e, textos);
-               },
-           .estado =
-               [](const dao::Valor& v) {
-                 return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
-               }},
-          {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 200}};
+  return {
+      {.titulo = kTxColTarea,
+       .campo = u"Tarea"_s,
+       .clase = Clase::Codigo,
+       .ancho = 88,
+       .ver = [](const dao::Valor& v) { return Ceros(v.entero() / kEstados, 3); },
+       .imagen =
+           [](const dao::Valor& v) {
+             return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
+           }},
+      {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 208},
+      {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56},
+      {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92, .rango = 1},
+      {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68, .rango = 2},
+      {.titulo = ventanas::kTxEstado,
+       .campo = u"Estado"_s,
+       .ancho = 220,
+       .ver =
+           [reteniendo, &textos](const dao::Valor& v) {
+             const int e = static_cast<int>(v.entero());
+             return e >= kReteniendo ? reteniendo : motor::TextoEstado(e, textos);
+           },
+       .estado =
+           [](const dao::Valor& v) {
+             return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
+           }},
+      {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 260}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

@@ -1,7 +1,5 @@
 // The operator's commands, the menus' commands, and the closing of the window.
 #include <QTableView>
-#include <QToolBar>
-#include <QToolButton>
 
 #include "comm/ventanas/Grupos.h"
 #include "comm/ventanas/Pendientes.h"
@@ -40,10 +38,6 @@ void gestcommVentana::conectarOrdenes() {
                                                       {ui_.BotonEstado, Qt::Key_F12}};
   for (const auto& [accion, tecla] : teclas) accion->setShortcut(tecla);
   for (const auto& [accion, imagen] : imagenes) accion->setIcon(icono(QString::fromUtf16(imagen)));
-  // There is no room for their texts beside those of the others.
-  for (QAction* a : {ui_.TodoP, ui_.ReponP})
-    qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))
-        ->setToolButtonStyle(Qt::ToolButtonIconOnly);
   ui_.btTramas->setDefaultAction(ui_.BotonTramas);
   ui_.btEstado->setDefaultAction(ui_.BotonEstado);
   ui_.s_espe->ponerAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,

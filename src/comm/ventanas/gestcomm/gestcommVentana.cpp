@@ -2,6 +2,8 @@
 
 #include <QHBoxLayout>
 #include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
 #include <algorithm>
 
 #include "comm/ventanas/Grupos.h"
@@ -87,6 +89,23 @@ void gestcommVentana::changeEvent(QEvent* evento) {
   if (evento->type() != QEvent::ActivationChange || !isActiveWindow()) return;
   ponerMenus();
   ponerSesion();
+}
+
+void gestcommVentana::resizeEvent(QResizeEvent* evento) {
+  Ventana::resizeEvent(evento);
+  ponerPalabras();
+}
+
+// The two least used commands of the bar show their words only where those of all have room.
+void gestcommVentana::ponerPalabras() {
+  const auto poner = [this](Qt::ToolButtonStyle como) {
+    for (QAction* a : {ui_.TodoP, ui_.ReponP})
+      qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))->setToolButtonStyle(como);
+  };
+  poner(Qt::ToolButtonTextBesideIcon);
+  const QMargins m = ui_.todo->contentsMargins();
+  if (ui_.barra->sizeHint().width() > cuerpo()->width() - m.left() - m.right())
+    poner(Qt::ToolButtonIconOnly);
 }
 
 // --- notifications from the engine
@@ -213,6 +232,8 @@ void gestcommVentana::ponerModo() {
   for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP})
     a->setEnabled(!automatico);
   ui_.ManuP->setEnabled(automatico && !s_.motor.ModoFijado());
+  ui_.AutoP->setProperty(kPorQueNo, t(kTxModoAutomatico));
+  ui_.ManuP->setProperty(kPorQueNo, t(automatico ? kTxModoFijado : kTxModoManual));
   ui_.LblModo->setText(t(automatico ? kTxModoAutomatico : kTxModoManual));
   const QString hoja =
       automatico ? QString()

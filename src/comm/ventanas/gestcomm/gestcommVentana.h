@@ -64,6 +64,8 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   void changeEvent(QEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
+  void ponerPalabras();
   void keyPressEvent(QKeyEvent* evento) override;
 
   Ui::FormaGestcomm ui_;

@@ -2,8 +2,10 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QFocusFrame>
 #include <QPainter>
 #include <QStyleOption>
+#include <QToolBar>
 
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
@@ -123,11 +125,20 @@ QSize Estilo::sizeFromContents(ContentsType que, const QStyleOption* opcion, con
   return que == CT_LineEdit ? s.expandedTo(QSize(0, escalar(kAltoControl))) : s;
 }
 
+namespace {
+
+// The distance between a control and its focus ring. A bar cuts off what is outside it, so that the
+// ring of its buttons is inside them. The frame asks without its control.
+int anilloDe(const QStyleOption* opcion) {
+  const auto* marco = qobject_cast<const QFocusFrame*>(opcion ? opcion->styleObject : nullptr);
+  const QWidget* control = marco ? marco->widget() : nullptr;
+  return control && qobject_cast<const QToolBar*>(control->parentWidget()) ? 0 : kAnillo;
+}
+
+}  // namespace
+
 int Estilo::pixelMetric(PixelMetric que, const QStyleOption* opcion, const QWidget* control) const {
-  if (que == PM_FocusFrameHMargin)
-    return qobject_cast<const QAbstractItemView*>(control) ? escalar(kHueco) - 1 : kAnillo;
-  if (que == PM_FocusFrameVMargin)
-    return qobject_cast<const QAbstractItemView*>(control) ? 1 : kAnillo;
+  if (que == PM_FocusFrameHMargin || que == PM_FocusFrameVMargin) return anilloDe(opcion);
   if (que == PM_SmallIconSize || que == PM_ButtonIconSize || que == PM_ListViewIconSize)
     return escalar(kIcono);
   if (que == PM_IndicatorWidth || que == PM_IndicatorHeight || que == PM_ExclusiveIndicatorWidth ||
@@ -168,6 +179,8 @@ QToolButton { min-height: @boton; padding: 0 @p2; border: 1px solid transparent;
 QToolButton:hover { background: @seleccion; color: @textosel; }
 QToolButton:checked { background: @seleccion; color: @textosel; border-color: @borde; }
 QToolButton:disabled { color: @palido; }
+QToolButton::menu-indicator { image: url(:/iconos/flecha-@cara.svg); width: @p2; height: @p2;
+  subcontrol-origin: border; subcontrol-position: center right; right: @p1; }
 QToolButton[marco="true"] { border-color: @borde; background: @caraboton; }
 QLineEdit QToolButton { min-height: 0; padding: 0; border: none; }
 QToolBar { border: none; spacing: @p1; padding: 0; }
@@ -207,7 +220,8 @@ QProgressBar { border: 1px solid @borde; border-radius: 4px; background: @base; 
 QProgressBar::chunk { background: @seleccion; }
 QSplitter::handle { background: @linea; }
 QSplitter::handle:horizontal { width: @p1; border: 0 solid @fondo; border-left-width: @p1; border-right-width: @p2; }
-QSplitter::handle:vertical { height: @p1; border: 0 solid @fondo; border-top-width: @p1; border-bottom-width: @p2; }
+QSplitter::handle:vertical { height: @p4; background: qlineargradient(x1: 0, y1: 0, x2: 0, y2: 1,
+  stop: 0 @fondo, stop: 0.249 @fondo, stop: 0.25 @linea, stop: 0.499 @linea, stop: 0.5 @fondo); }
 QMenuBar { background: @fondo; color: @texto; border: none; padding: 0; }
 QMenuBar::item { background: transparent; padding: @p1 @p3; border-radius: 4px; }
 QMenuBar::item:selected { background: @seleccion; color: @textosel; }
@@ -232,6 +246,7 @@ QFrame#Tira[estado="3"] QLabel#palabra { color: @mal; font-weight: 600; }
       {u"@p1"_s, px(kPaso)},
       {u"@p2"_s, px(2 * kPaso)},
       {u"@p3"_s, px(3 * kPaso)},
+      {u"@p4"_s, px(4 * kPaso)},
       {u"@p5"_s, px(5 * kPaso)},
       {u"@p6"_s, px(6 * kPaso)},
       {u"@textoacento"_s, tinte(Tinte::TextoAcento)},

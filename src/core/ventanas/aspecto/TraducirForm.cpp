@@ -23,6 +23,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString sinMarcas(QString texto) {
+  texto.remove(u'&');
+  texto = texto.trimmed();
+  if (texto.endsWith(u':')) texto.chop(1);
+  return texto.trimmed();
+}
+
 // One text of a control: how it is read, and how it is set.
 struct Rotulo {
   std::function<QString()> leer;
@@ -164,19 +171,13 @@ class Enlace {
   void nombre(QObject& o) const {
     for (const char* propiedad : {"accessibleName", "accessibleDescription"})
       if (const QString texto = o.property(propiedad).toString(); !texto.isEmpty())
-        o.setProperty(propiedad, clave(texto));
+        if (const QString hecho = clave(texto); hecho != texto)
+          o.setProperty(propiedad, sinMarcas(hecho));
   }
 
   const Textos& t_;
   Idioma idioma_;
 };
-
-QString sinMarcas(QString texto) {
-  texto.remove(u'&');
-  texto = texto.trimmed();
-  if (texto.endsWith(u':')) texto.chop(1);
-  return texto.trimmed();
-}
 
 void nombrarParaAyudas(QWidget& form) {
   for (const QLabel* rotulo : form.findChildren<QLabel*>())
@@ -188,6 +189,9 @@ void nombrarParaAyudas(QWidget& form) {
     const bool conTextoPropio = r && !qobject_cast<QLineEdit*>(control) && !r->leer().isEmpty();
     if (!conTextoPropio) control->setAccessibleName(sinMarcas(control->toolTip()));
   }
+  // The line of an editable combo box has the focus in its place.
+  for (const QComboBox* lista : form.findChildren<QComboBox*>())
+    if (QLineEdit* linea = lista->lineEdit()) linea->setAccessibleName(lista->accessibleName());
 }
 
 }  // namespace

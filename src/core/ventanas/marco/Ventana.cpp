@@ -286,6 +286,11 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }
 
+QString Ventana::ahoraNo(const QAction& accion) const {
+  return c_.textos(trabajo_->enMarcha() ? kTxAhoraTrabaja : kTxAhoraNo,
+                   {accion.text().remove(u'&')});
+}
+
 // Answers the key of a disabled command: with its own reason if it has one. A failure on the strip
 // isn't covered by it.
 bool Ventana::decirPorQueNo(const QKeyEvent& evento) {
@@ -296,7 +301,7 @@ bool Ventana::decirPorQueNo(const QKeyEvent& evento) {
     if (tira_->estado() == Estado::Mal)
       QApplication::beep();
     else
-      decirPista(suyo.isEmpty() ? c_.textos(kTxAhoraNo, {a->text().remove(u'&')}) : suyo);
+      decirPista(suyo.isEmpty() ? ahoraNo(*a) : suyo);
     return true;
   }
   return false;

@@ -141,6 +141,7 @@ class Ventana : public QWidget {
   bool cerrarLoDeEncima();
   void pulsarBoton(QKeyEvent& evento);
   void entrarEnFicha(QTabBar& barra);
+  QString ahoraNo(const QAction& accion) const;
   bool decirPorQueNo(const QKeyEvent& evento);
   void pedirMenu(QWidget& control);
   void pasarFicha(int pasos);
