@@ -253,8 +253,8 @@ TEST_F(Programa, UnHorarioNoEstorbaMientrasEspera) {
   EXPECT_EQ(correrAqui({kSinVentana, "--espera", "0", "V"}).estado, 0);
 }
 
-// A setting that isn't understood is a problem of the night, and its value is ignored where it
-// would change the books.
+// A setting that isn't understood is a problem of each night until a person mends it: its line
+// stays as it was written. Its value is ignored where it would change the books.
 TEST_F(Programa, LosAjustesQueNoSeEntiendenSeDicen) {
   struct Mala {
     QByteArray antes, ahora;
@@ -262,11 +262,12 @@ TEST_F(Programa, LosAjustesQueNoSeEntiendenSeDicen) {
     QByteArray queda;
   };
   const Mala casos[] = {
-      {"MonedaNativa= 0", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 0", "MonedaNativa= 0"},
+      {"MonedaNativa= 0", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 0",
+       "MonedaNativa= pepe"},
       {"MonedaNativa= 0", "", nullptr, "MonedaNativa= 0"},
       {"MonedaNativa= 0", "MonedaNativa= 1", nullptr, "MonedaNativa= 1"},
-      {"", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 1", "MonedaNativa= 1"},
-      {"", "TimeCero= 999999999", u"«TimeCero= 999999999»; vale 150000", "TimeCero= 150000"},
+      {"", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 1", "MonedaNativa= pepe"},
+      {"", "TimeCero= 999999999", u"«TimeCero= 999999999»; vale 150000", "TimeCero= 999999999"},
       {"", "Monedero= 3", u"«Monedero= 3»; no se tiene en cuenta", "MonedaNativa= 1"},
   };
   poner(QStringLiteral("V.AUT"), "N:nada\r\n");

@@ -282,7 +282,7 @@ TEST_F(RunnerTest, UnGrupoMudo) {
   ASSERT_FALSE(informe.isEmpty());
   EXPECT_EQ(informe[0], u"   Gran Total:G0002  E26  C000000000  [Estableciendo conexión]");
   EXPECT_TRUE(lineas.contains(u"    No se encuentra el HOST especificado"_s));
-  EXPECT_EQ(p->automat().pasos()[1].motivo,
+  EXPECT_EQ(p->automat().pasos()[2].motivo,
             u"Gran Total, grupo 0002: No se encuentra el HOST especificado")
       << "in words; the codes are in the trace";
   EXPECT_FALSE(lineas.filter(u"E22"_s).isEmpty());

@@ -55,7 +55,7 @@ TEST_F(HastaLaBalanza, UnArticuloNuevo) {
   QTest::keyClicks(QApplication::focusWidget(), u"2,5"_s);
   tecla(Qt::Key_Return);
   escribir(control<QLineEdit>(u"txHasta1"_s, editor), u"1,5"_s);
-  tecla(Qt::Key_Return);
+  QTest::keyClick(control<QPushButton>(u"Guardar"_s, editor), Qt::Key_Space);
   ASSERT_TRUE(hasta([&] { return !escritorio.ventanas().cargada(editor); }));
   EXPECT_TRUE(tiene().empty());
   salirEnviando();
