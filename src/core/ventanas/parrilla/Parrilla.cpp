@@ -40,14 +40,16 @@ Parrilla::~Parrilla() {
 void Parrilla::preparar(Contexto& contexto, const QString& nombre, std::vector<Columna> columnas) {
   if (d->c) recordar();
   if (d->trabajo) d->trabajo->parar();  // it uses the rows about to be replaced
+  // The view lays out its columns once more as the old model goes: they are still the old ones
+  // then.
+  vista_->setModel(nullptr);
+  delete std::exchange(sql_, nullptr);
+  delete std::exchange(vivo_, nullptr);
   d->c = &contexto;
   d->ventana = nombre;
   d->columnas = std::move(columnas);
   d->hacerAcciones();
   d->presentarse();
-  vista_->setModel(nullptr);
-  delete std::exchange(sql_, nullptr);
-  delete std::exchange(vivo_, nullptr);
 }
 
 void Parrilla::ponerMoneda(int moneda) {
