@@ -11,6 +11,10 @@
 #include "core/valores/Resultado.h"
 #include "core/ventanas/aspecto/Tema.h"
 
+namespace tarvo {
+class Textos;
+}
+
 namespace tarvo::ventanas {
 
 enum class Clase {
