@@ -22,7 +22,9 @@ std::unexpected<Error> suprimido(const QString& texto) {
 // Tells each machine of a group to forget its counters. The intention is on disk before a machine's
 // first frame, the outcome right after its answer; for a register, which clears one set of counters
 // with each frame, set by set. If the run continues an interrupted one, the machine was left half
-// cleared, or an order got no answer, it must first show that it holds what was read from it.
+// cleared, or an order got no answer, it must first show that it holds what was read from it. After
+// its answer it is asked once whether it obeyed; one that doesn't tell is judged by its next
+// reading.
 class Cero final : public motor::CursoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -38,11 +40,16 @@ class Cero final : public motor::CursoTarea {
   void fallo() override {
     if (t_.Tipo == TipoGrupo::Birch) toda_ = false;
     m_.insistida = false;
+    if (confirmada_) return dejarDeVer();
     if (!prueba_) dudar();
   }
   // At once, while the link is up and nothing new is sold: the grand total is read, and then the
   // order repeated.
   bool sinRespuesta(int) override {
+    if (confirmada_) {
+      dejarDeVer();
+      return true;
+    }
     if (prueba_ || !m_.anunciada || std::exchange(m_.insistida, true)) return false;
     dudar();
     return true;
@@ -59,6 +66,12 @@ class Cero final : public motor::CursoTarea {
   void dudar();
   bool debeProbar() const { return (comprobar_ || m_.dudosa) && !m_.probada; }
   Resultado<std::optional<Siguiente>> probar();
+  Resultado<std::optional<Siguiente>> leerGranTotal(int addr, totals::Contadores& leido);
+  Resultado<std::optional<Siguiente>> ver();
+  void dejarDeVer() {
+    prueba_.reset();
+    confirmada_.reset();
+  }
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
   Resultado<> hecha(bool visto = false);
@@ -88,6 +101,7 @@ class Cero final : public motor::CursoTarea {
   size_t maquina_ = 0;
   Marcha m_;
   std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
+  std::optional<int> confirmada_;    // the machine that has just confirmed
 };
 
 Resultado<> Cero::preparar() {
@@ -110,22 +124,39 @@ Resultado<> Cero::preparar() {
   return {};
 }
 
-// Compares the machine's grand total with what was read from it. Nothing if the machine may be told
-// to forget now, or is finished.
-Resultado<std::optional<Siguiente>> Cero::probar() {
+// Nothing once the grand total is read.
+Resultado<std::optional<Siguiente>> Cero::leerGranTotal(int addr, totals::Contadores& leido) {
   if (!prueba_) {
     motor::DatosTarea t = t_;
     t.Clase = TipoTarea::RxGrTot;
-    t.Direcciones = {addr()};
+    t.Direcciones = {addr};
     prueba_ = crearGranTotal(t, e_);
     prueba_->paraOtra();
   }
   TARVO_TOMAR(auto s, prueba_->siguiente());
   if (s.que != Siguiente::Fin) return s;
-  totals::Contadores leido;
   for (const auto& [maquina, filas] : prueba_->lectura().maquinas)
     for (const auto& [clave, c] : filas) leido += c;
+  return std::nullopt;
+}
+
+// Compares the machine's grand total with what was read from it. Nothing if the machine may be told
+// to forget now, or is finished.
+Resultado<std::optional<Siguiente>> Cero::probar() {
+  totals::Contadores leido;
+  TARVO_TOMAR(auto s, leerGranTotal(addr(), leido));
+  if (s) return s;
   TARVO_INTENTAR(juzgar(leido));
+  return std::nullopt;
+}
+
+// A grand total of zero shows that the machine obeyed. Anything else may have been sold meanwhile.
+Resultado<std::optional<Siguiente>> Cero::ver() {
+  totals::Contadores leido;
+  TARVO_TOMAR(auto s, leerGranTotal(*confirmada_, leido));
+  if (s) return s;
+  if (leido.cero()) TARVO_INTENTAR(e_.sesion.ceroVisto(t_.Grupo, *confirmada_));
+  dejarDeVer();
   return std::nullopt;
 }
 
@@ -176,6 +207,10 @@ void Cero::dudar() {
 
 Resultado<Siguiente> Cero::siguiente() {
   TARVO_INTENTAR(preparar());
+  if (confirmada_) {
+    TARVO_TOMAR(auto s, ver());
+    if (s) return *s;
+  }
   while (maquina_ < pendientes_.size()) {
     TARVO_INTENTAR(mirar());
     if (debeProbar()) {
@@ -213,7 +248,12 @@ bool Cero::encaja(int addrTrama, int codigo, const QByteArray& datos) const {
 Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) {
   if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
   if (maquina_ >= pendientes_.size()) return {};
-  if (m_.paso == pasos()) return hecha();
+  if (m_.paso == pasos()) {
+    const int esta = addr();
+    TARVO_INTENTAR(hecha());
+    confirmada_ = esta;
+    return {};
+  }
   if (t_.Tipo == TipoGrupo::Registradoras) return parteHecha();
   ++m_.paso;
   return {};

@@ -119,6 +119,8 @@ class Sesion {
   // (MarcarSesion 6). `visto`: its counters were seen to be gone; otherwise they are kept until its
   // next reading shows it.
   Resultado<> ceroHecho(int grupo, int addr, bool ultima, bool visto = false);
+  // The counters of a machine that has confirmed were seen to be gone.
+  Resultado<> ceroVisto(int grupo, int addr);
   // The addresses of the group whose zeroing was already confirmed in this run.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with that machine's readings since it last forgot. Igual:

@@ -171,6 +171,12 @@ Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
   return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
 }
 
+Resultado<> Sesion::ceroVisto(int grupo, int addr) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, true));
+  return tr.confirmar();
+}
+
 Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, bool visto) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto));
