@@ -53,8 +53,8 @@ struct Hoja : Mesa {
   }
   QString celda(int fila, const QString& campo) { return p.texto(fila, campo); }
 
-  Parrilla p;
   QString dicho;
+  Parrilla p;
   int activadas = 0, escrita = -1;
 };
 
