@@ -143,6 +143,10 @@ void Ventana::decirPista(const QString& texto) {
   pista_ = tira_->veces();
 }
 
+void Ventana::quitarPista() {
+  if (pista_ == tira_->veces()) tira_->quitar();
+}
+
 // A field that drops a key holds another value than was typed: it is heard and seen.
 void Ventana::oirRechazos() {
   for (QLineEdit* campo : cuerpo_->findChildren<QLineEdit*>())

@@ -26,6 +26,7 @@ bool Parrilla::Interior::editar(const QModelIndex& celda, std::optional<QString>
   yo.vista_->edit(celda);
   QLineEdit* campo = campoAbierto();
   if (campo && texto) campo->end(false);  // the view has selected all of it
+  if (campo) dejarTecleo();
   return campo != nullptr;
 }
 
@@ -54,8 +55,11 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   if (columna.nombraLaFila) return false;
   const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
                      !e.text().isEmpty() && e.text()[0].isPrint();
-  if (!letra || !empiezaCelda(columna, e.text()[0])) return false;
-  return editar(celda, e.text());
+  if (!letra) return false;
+  if (empiezaCelda(columna, e.text()[0])) return editar(celda, e.text());
+  if (e.text()[0].isSpace()) return false;
+  noVale(celda.column(), e.text());
+  return true;
 }
 
 // Moves on to the next editable cell, in its row and then in the next one.
