@@ -178,12 +178,16 @@ void Ventana::colocar(const QWidget* dueno) {
 
 void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
-  if (!std::exchange(alcanzada_, true)) {
+  const bool primera = !std::exchange(alcanzada_, true);
+  if (primera) {
     ponerAlAlcance(*cuerpo_);
     oirRechazos();
     if (!conSitio_ || modal_) colocar(dueno_);
   }
   isMinimized() ? showNormal() : show();
+  // It may have been left on a larger screen. The frame is known only now.
+  if (primera && !isMaximized() && !isFullScreen())
+    crecer(size().boundedTo(screen()->availableSize() - (frameSize() - size())));
   raise();
   activateWindow();
 }
