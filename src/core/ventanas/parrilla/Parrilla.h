@@ -91,7 +91,7 @@ class Parrilla final : public QWidget, private Buscable {
 
   // --- appearance
   void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // hint for an empty list
-  void ponerPie(bool conPie);      // counts and sums; visible by default
+  void ponerPie(bool conPie);      // counts, sums and messages; without it messages cover the rows
   void ponerBusca(bool conBusca);  // the search field, top right; visible by default
   QHBoxLayout* filtros() const;    // top left: the place for a window's filters
   // Adds actions to the context menu, before the grid's own; the window enables and disables them.

@@ -45,6 +45,7 @@ void Parrilla::Interior::decir(const QString& texto) {
   aviso->setAccessibleName(texto);
   aviso->setText(aviso->fontMetrics().elidedText(texto, Qt::ElideMiddle, yo.width() / 2));
   if (!callar) return;
+  if (!conPie && !texto.isEmpty()) rotular(texto);
   if (texto.isEmpty())
     callar->parar();
   else
