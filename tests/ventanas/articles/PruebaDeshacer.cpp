@@ -284,6 +284,27 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
     }
 }
 
+// An emptied price stays in its open cell with a reason, and what was stored stays.
+TEST(DeshacerCeldas, UnPrecioVacioNoSeEscribe) {
+  for (const auto& [lista, campo] : {std::pair{u"Grid", u"PRECIO_00"}, {u"GrdPre", u"P0"}})
+    for (const QString& texto : {QString(), u" "_s}) {
+      MesaDeArticulos t;
+      auto* v = t.abrir(PuertaBrowPLUs{});
+      auto& p = t.lista(v, lista);
+      if (p.filaActual() < 0) p.irA(0);
+      t.abrirCelda(p, QString::fromUtf16(campo));
+      t.tecla(Qt::Key_Delete);
+      t.escribir(texto);
+      t.tecla(Qt::Key_Return);
+      EXPECT_TRUE(p.editando());
+      EXPECT_TRUE(v->tira().texto().startsWith(u"El precio no puede quedar vacío"))
+          << v->tira().texto().toStdString();
+      t.tecla(Qt::Key_Escape);
+      EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"100");
+      EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0");
+    }
+}
+
 namespace {
 
 const QString kNombres = u"select NOMSEC from SECCS union all select NomDep from DEPTS"_s;

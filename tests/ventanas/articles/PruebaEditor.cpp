@@ -289,4 +289,50 @@ TEST(Editor, LaHistoriaEnsenaElPrecioDeAhora) {
   }
 }
 
+// A discount outside 0 to 100 % is refused with the form open, and never stored as 0.
+TEST(Editor, ElDescuentoFueraDeSuMargenNoSeGuarda) {
+  const struct {
+    const char16_t *texto, *queda;
+    bool vale;
+  } casos[] = {{u"101", u"500", false},  {u"-1", u"500", false},   {u"100,5", u"500", false},
+               {u"nada", u"500", false}, {u"100", u"10000", true}, {u"0", u"0", true},
+               {u"12,25", u"1225", true}};
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    t.sql(u"update PLUSES set DESCTO=500 where SECCION=1 and CODPLU=10"_s);
+    QPointer<ventanas::Ventana> v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+    t.control(v, u"txDescto")->setText(QString::fromUtf16(c.texto));
+    if (!c.vale) t.responder(u"Acepto"_s);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(v && v->isVisible(), !c.vale) << QString::fromUtf16(c.texto).toStdString();
+    EXPECT_EQ(t.leer(u"select DESCTO from PLUSES where SECCION=1 and CODPLU=10"_s),
+              QString::fromUtf16(c.queda));
+  }
+}
+
+// The history names where a price was changed as a person knows the window, never by its inside
+// name; a file keeps its own.
+TEST(Editor, LaHistoriaDiceDesdeDonde) {
+  MesaDeArticulos t;
+  int precio = 900;
+  const QStringList desde{u"BrowPLUs"_s, u"xEditPLU"_s,   u"CalcPre"_s, u"FastAlta"_s,
+                          u"FastModf"_s, u"EntNmSc"_s,    u"ImpPLU"_s,  u"CambioLote"_s,
+                          u"ImpTabla"_s, u"BrowGrupos"_s, u"MainTvc"_s, u"julio.csv"_s};
+  for (const QString& ventana : desde) {
+    Articulo ahora = *bien(t.catalogo.leer({1, 10}));
+    ahora.precios[0][0] = ++precio;
+    bien(t.catalogo.modificar({1, 10}, ahora, ventana));
+  }
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  auto& p = t.lista(v, u"historia");
+  ASSERT_EQ(p.filas(), desde.size());
+  QStringList dichas;
+  for (int f = 0; f < p.filas(); ++f) dichas << p.texto(f, u"VENTANA");
+  for (const QString& ventana : desde.mid(0, desde.size() - 1))
+    EXPECT_FALSE(dichas.contains(ventana)) << ventana.toStdString();
+  EXPECT_TRUE(dichas.contains(desde.back()));
+  EXPECT_EQ(QSet<QString>(dichas.begin(), dichas.end()).size(), desde.size());
+}
+
 }  // namespace tarvo::prueba
