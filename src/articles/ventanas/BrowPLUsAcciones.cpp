@@ -249,8 +249,8 @@ bool BrowPLUs::QueryUnload() {
   if (!cerrarHijos()) return true;
   trabajo().parar();
   deshacer_->olvidar();
-  enviarAlSalir(*this, catalogo_, motor_);
   return false;
 }
 
 }  // namespace tarvo::articles
+  if (!enviarAlSalir(*this, catalogo_, motor_)) return true;
