@@ -98,6 +98,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   void mirarLotes();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
+  Resultado<bool> conformeConVolver(qint64 lote);
   void volverDeCortado(const Lotes::Lote& lote, const QString& que);
   Vuelto vueltaDe(const QString& bien, const Lotes::Deshecho& hecho) const;
   bool cerrarHijos();
