@@ -92,15 +92,16 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void calcular();
   void cambiarVarios();
   precios::Celda celdaActual() const;
+  Resultado<QString> nombrar(std::span<const ClaveArticulo> claves) const;
   void borrar();
   void trasladar(bool mover);
   void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
+  Resultado<bool> conformeConVolver(qint64 lote);
   Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   void mirarLotes();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
-  Resultado<bool> conformeConVolver(qint64 lote);
   void volverDeCortado(const Lotes::Lote& lote, const QString& que);
   Vuelto vueltaDe(const QString& bien, const Lotes::Deshecho& hecho) const;
   bool cerrarHijos();

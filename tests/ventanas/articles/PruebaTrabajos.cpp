@@ -184,7 +184,9 @@ TEST(Trabajos, BorrarYDeshacer) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 2; }));
-  EXPECT_EQ(t.textoModal, u"Va a borrar 10 registro/s de PLU: ¿SEGURO?");
+  EXPECT_EQ(t.textoModal,
+            u"Va a borrar 10 registro/s de PLU: ¿SEGURO?\n0000010  Artículo 10\n0000020  Artículo "
+            u"20\n0000030  Artículo 30\ny 7 más");
   EXPECT_EQ(v->tira().texto(), u"10 artículos borrados. Ctrl+Z lo deshace.");
   EXPECT_EQ(t.leer(u"select count(*) from [Cross] where borra<>0"_s), u"20")
       << "groups of kinds 1 and 4";
@@ -202,6 +204,7 @@ TEST(Trabajos, BorrarYDeshacer) {
   t.tecla(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 11; }));
   EXPECT_EQ(t.enMano(grid), 30);
+  EXPECT_EQ(t.textoModal, u"Va a borrar 1 registro/s de PLU: ¿SEGURO?\n0000020  Artículo 20");
 }
 
 TEST(Trabajos, CopiarMoverYDeshacer) {
