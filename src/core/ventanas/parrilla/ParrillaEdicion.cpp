@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
 
 namespace tarvo::ventanas {
@@ -124,6 +125,22 @@ void Parrilla::Interior::devolver(const Tanda& tanda) {
     if (const auto vuelta = col.editar(celda.clave, celda.antes); !vuelta) avisar(vuelta.error());
 }
 
+// A free text takes any line pasted, prices too, and a name tells what the others in its row are
+// of: those that would be overwritten are counted, and the first is shown, before it happens.
+bool Parrilla::Interior::conformeConTanda(const Tanda& tanda) {
+  const Columna& columna = columnas[static_cast<size_t>(tanda.columna)];
+  if (columna.clase != Clase::Texto && !columna.nombraLaFila) return true;
+  const auto pisa = [](const Tanda::Celda& celda) {
+    return !celda.antes.isEmpty() && celda.antes != celda.texto;
+  };
+  const auto primera = std::ranges::find_if(tanda.celdas, pisa);
+  if (primera == tanda.celdas.end()) return true;
+  const auto cuantas = static_cast<int>(std::ranges::count_if(tanda.celdas, pisa));
+  const QString pregunta = Plural(t(kTxPisaTextos), cuantas)
+                               .arg(t(columna.titulo).trimmed(), primera->antes, primera->texto);
+  return MyMsgBox::Decide(yo.window(), c->textos, pregunta, kAceptoCancelo | kExclamacion);
+}
+
 void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QStringList& textos) {
   Tanda tanda{yo.vista_->currentIndex().column(), {}, {}};
   tanda.celdas.reserve(filas.size());
@@ -131,12 +148,14 @@ void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QSt
   for (size_t i = 0; i < filas.size(); ++i)
     tanda.celdas.push_back({yo.clave(filas[i]), yo.modelo()->texto(filas[i], tanda.columna),
                             textos[static_cast<qsizetype>(i)]});
+  if (!conformeConTanda(tanda)) return;
   Q_EMIT yo.vanVarias();
   const auto escribir = [&] { return escribirTanda(tanda); };
   auto hecho = todoONada ? todoONada(escribir) : escribir();
   if (!hecho && !todoONada) devolver(tanda);
   const int cuantas = hecho ? static_cast<int>(tanda.escritas.size()) : 0;
   if (const auto leido = yo.refrescar(); hecho && !leido) hecho = leido;
+  if (hecho) resolver();
   if (cuantas > 0) {
     Q_EMIT yo.variasEscritas(cuantas);
     decir(Plural(t(kTxCeldasEscritas), cuantas));
@@ -144,7 +163,9 @@ void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QSt
   } else {
     Q_EMIT yo.variasDejadas();
   }
-  if (!hecho) Q_EMIT yo.fallo(hecho.error());
+  if (hecho) return;
+  rechazado = true;
+  Q_EMIT yo.fallo(hecho.error());
 }
 
 void Parrilla::pegar() {

@@ -72,6 +72,7 @@ struct Parrilla::Interior {
   void seguirEditando(int pasos);
   void escribirVarias(const std::vector<int>& filas, const QStringList& textos);
   struct Tanda;
+  bool conformeConTanda(const Tanda& tanda);
   Resultado<> escribirTanda(Tanda& tanda);
   void devolver(const Tanda& tanda);
   void hacerSitio();
