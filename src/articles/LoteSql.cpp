@@ -70,9 +70,12 @@ Resultado<> apartarCodigosAjenos(dao::Database& db, qint64 lote) {
 
 }  // namespace
 
+QStringList tablasDeFilas() {
+  return {u"LoteAntes"_s, u"LoteDespues"_s, u"LoteMovs"_s, u"LotePorHacer"_s, u"LoteOrden"_s};
+}
+
 QStringList tablas() {
-  return {u"LoteArticulos"_s, u"LoteAntes"_s,    u"LoteDespues"_s,
-          u"LoteMovs"_s,      u"LotePorHacer"_s, u"LoteOrden"_s};
+  return tablasDeFilas() << u"LoteArticulos"_s;
 }
 
 QStringList contadores() {

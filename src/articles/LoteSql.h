@@ -15,8 +15,9 @@ enum class Que {
   Reinsertar = 4,  // it was deleted
 };
 
-QStringList tablas();      // all tables of batches
-QStringList contadores();  // the columns of MovsAlm kept
+QStringList tablasDeFilas();  // those with what a batch keeps
+QStringList tablas();         // with the batches themselves
+QStringList contadores();     // the columns of MovsAlm kept
 
 // Moves roughly the first so many articles of a batch into an empty one, with those that must be
 // restored together with them: articles that have each other's bar codes. Returns how many.

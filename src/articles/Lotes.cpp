@@ -76,7 +76,7 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
 // A batch may hold 100,000 articles: the remains of forgotten ones are deleted bit by bit. Their
 // numbers are found by jumps in the index, past the rows of the batches that are kept.
 Resultado<> Lotes::barrer() {
-  for (const QString& tabla : lotesql::tablas().mid(1))
+  for (const QString& tabla : lotesql::tablasDeFilas())
     TARVO_INTENTAR(db_.ejecutar(
         conMarcas(u"DELETE FROM {tabla} WHERE rowid IN (WITH RECURSIVE Hay(N) AS (SELECT min(LOTE) "
                   u"FROM {tabla} UNION ALL SELECT (SELECT min(LOTE) FROM {tabla} WHERE LOTE>N) "

@@ -291,7 +291,7 @@ void Automat::InformeAviso(const totals::Aviso& aviso) {
     d->problema();
     d->marcar(EstadoPaso::ConProblemas, aviso.texto);
   }
-  d->recordar({aviso.grupo, aviso.texto, aviso.grave});
+  d->recordar({aviso.grupo, aviso.texto, pesoDe(aviso.grave)});
   d->cabeceraUnaVez();
   d->escribir({u"    "_s + aviso.texto});
 }

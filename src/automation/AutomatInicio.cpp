@@ -89,7 +89,7 @@ void Automat::Interior::empezar() {
 void Automat::Interior::decirOmitidas() {
   for (const QString& linea : omitidas) {
     problema();
-    recordar({0, linea, true});
+    recordar({0, linea, PesoAviso::Grave});
     escribir({linea});
   }
 }
@@ -140,7 +140,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   if (e.problemas) resultado = ResultadoProceso::Problemas;
   for (const int g : e.fallidos) t.motor.anadirGrupoFallido(g);
   escribir({t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1})});
-  recordar({0, t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1}), false});
+  recordar({0, t.textos(kTxSeReanuda, {e.latido.general(), e.paso + 1}), PesoAviso::Nota});
   encolarDeNuevo(tareas);
   for (size_t i = 0; i < std::min(vistas.size(), static_cast<size_t>(e.paso)); ++i)
     if (vistas[i].estado == EstadoPaso::Pendiente) vistas[i].estado = EstadoPaso::Hecho;

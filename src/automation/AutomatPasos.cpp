@@ -1,4 +1,6 @@
 // How the runner carries out its current step, and what it writes about it.
+#include <algorithm>
+
 #include "automation/AutomatInterior.h"
 #include "comm/motor/AjustesMotor.h"
 
@@ -172,8 +174,10 @@ void Automat::Interior::informar(const Hecho& hecho) {
     entrada += kMargen + aviso.texto;
     recordar(aviso);
   };
+  const bool deBalde = std::ranges::find(hecho.detalles, PesoAviso::SinQueHacer,
+                                         &AvisoHecho::peso) != hecho.detalles.end();
   if (hecho.codigo != 0)
-    decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas && !hecho.deBalde});
+    decir({0, mensajePaso(hecho.codigo, t.textos), pesoDe(hecho.problemas && !deBalde)});
   for (const auto& detalle : hecho.detalles) decir(detalle);
   if (hecho.problemas)
     marcar(EstadoPaso::ConProblemas, entrada.isEmpty() ? QString() : entrada.front().trimmed());

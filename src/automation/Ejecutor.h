@@ -16,7 +16,6 @@ struct Hecho {
   int codigo = 0;                    // of a process's messages, 0 for none
   std::vector<AvisoHecho> detalles;  // sentences for below the step's header
   bool problemas = false;
-  bool deBalde = false;          // only because there was nothing to do
   bool sesionMovida = false;     // the settings file must be updated
   std::vector<qint64> periodos;  // memorised by it
   // To be written in the transaction that records the step; may be empty.
@@ -25,11 +24,10 @@ struct Hecho {
   void error(int cual) { codigo = cual, problemas = true; }
   void sinQueHacer(int cual, const QString& texto) {
     error(cual);
-    deBalde = true;
-    detalles.push_back({.grupo = 0, .texto = texto, .grave = false, .sinQueHacer = true});
+    detalles.push_back({.grupo = 0, .texto = texto, .peso = PesoAviso::SinQueHacer});
   }
   void decir(const QString& texto, bool esProblema = true, int grupo = 0) {
-    detalles.push_back({grupo, texto, esProblema});
+    detalles.push_back({grupo, texto, pesoDe(esProblema)});
     problemas = problemas || esProblema;
   }
 };

@@ -110,13 +110,14 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   }
   r_.avisos.clear();
   r_.sinQueHacer.clear();
-  const bool mal = std::ranges::any_of(avisos, &AvisoHecho::grave) ||
-                   std::ranges::any_of(tareas, [](const TareaHecha& t) {
-                     return t.estado != TareaHecha::Estado::Hecha;
-                   });
+  const bool mal =
+      std::ranges::any_of(avisos, [](const AvisoHecho& a) { return a.peso == PesoAviso::Grave; }) ||
+      std::ranges::any_of(
+          tareas, [](const TareaHecha& t) { return t.estado != TareaHecha::Estado::Hecha; });
   for (const auto& a : avisos) {
-    if (a.sinQueHacer && !mal && !r_.sinQueHacer.contains(a.texto)) r_.sinQueHacer << a.texto;
-    if (!a.grave) continue;
+    if (a.peso == PesoAviso::SinQueHacer && !mal && !r_.sinQueHacer.contains(a.texto))
+      r_.sinQueHacer << a.texto;
+    if (a.peso != PesoAviso::Grave) continue;
     if (a.grupo == 0)
       r_.avisos.push_back(a);
     else if (auto& lista = (enMarcha ? tomarlo(a.grupo) : porGrupo_[a.grupo]).avisos;
@@ -170,7 +171,7 @@ Resultado<> LectorResumen::mirarVentas() {
   if (dia == r_.periodos.end() || dia->importe != 0 || dia->media().value_or(0) <= 0) return {};
   const auto vendio = [](const GrupoResumen& g) { return g.importe.value_or(0) != 0; };
   if (std::ranges::any_of(r_.grupos, vendio)) return {};
-  r_.avisos.push_back({0, f_.textos(kTxNocheSinVentas, {dia->texto}), true});
+  r_.avisos.push_back({0, f_.textos(kTxNocheSinVentas, {dia->texto}), PesoAviso::Grave});
   return {};
 }
 
@@ -343,7 +344,8 @@ void LectorResumen::mirarPerdida(const LineaActivacion& linea, const QString& pr
        vez = proximaVez(linea, *vez))
     debida = vez;
   if (!debida || *debida < escrito || suya->second > *debida - kAdelanto) return;
-  r_.avisos.push_back({0, f_.textos(kTxNocheNoEjecutada, {proceso, debida->general()}), true});
+  r_.avisos.push_back(
+      {0, f_.textos(kTxNocheNoEjecutada, {proceso, debida->general()}), PesoAviso::Grave});
 }
 
 }  // namespace tarvo::automation

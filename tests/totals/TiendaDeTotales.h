@@ -2,6 +2,8 @@
 // warehouse 1, hours 08:00 to 20:00, articles 1000001 by weight and 7 by unit.
 #pragma once
 
+#include <QFile>
+
 #include "core/tiempo/Reloj.h"
 #include "textos/TextosDePrueba.h"
 #include "tienda/TiendaVacia.h"
@@ -33,6 +35,15 @@ struct TiendaDeTotales : TiendaVacia {
   qint64 crear(int tipo, const char* desde, const char* hasta = nullptr, bool stockable = true) {
     return bien(periodos.CrearPeriodo(tipo, momento(desde), momento(hasta ? hasta : desde),
                                       stockable, u"Semana, santa"_s));
+  }
+  QByteArray fichero(const QString& nombre) {
+    QFile f(ruta(nombre));
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
+  }
+  void escribir(const QString& nombre, const QByteArray& bytes) {
+    QFile f(ruta(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
   }
   totals::Columna col(qint64 link) { return *bien(periodos.columna(link)); }
   // A row of articles with counters n, 10n, 100n, 1000n.

@@ -17,15 +17,6 @@ struct Cortados : testing::Test, prueba::TiendaDeTotales {
     operHora(dia, 12, 8, 6);
     unBloque = bloque(dia).value_or("");
   }
-  QByteArray fichero(const QString& nombre) {
-    QFile f(ruta(nombre));
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
-  }
-  void escribir(const QString& nombre, const QByteArray& bytes) {
-    QFile f(ruta(nombre));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-  }
   qint64 dia = 0;
   QByteArray unBloque;
 };

@@ -20,15 +20,6 @@ using tarvo::prueba::momento;
 namespace {
 
 struct Exporta : testing::Test, prueba::TiendaDeTotales {
-  QByteArray fichero(const QString& nombre) {
-    QFile f(ruta(nombre));
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
-  }
-  void escribir(const QString& nombre, const QByteArray& bytes) {
-    QFile f(ruta(nombre));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-  }
   void fila(const char16_t* tabla, qint64 link, qint64 grupo, qint64 codi, Contadores c) {
     total(tabla, {link, grupo, codi, c.CON, c.PES, c.IMP, c.SCO});
   }

@@ -7,6 +7,7 @@
 
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
+#include "core/valores/Tipos.h"
 
 namespace tarvo::automation {
 
@@ -49,13 +50,26 @@ struct TareaHecha {
   QString motivo;  // of a failure, in words
 };
 
+// What a report means for the run: EjecucionAvisos.GRAVE. SinQueHacer: a step had nothing to work
+// on, as nothing was memorised, which shows in the result but is no doubt.
+enum class PesoAviso : int { Nota = 0, Grave = 1, SinQueHacer = 2 };
+constexpr bool existe(PesoAviso p) {
+  switch (p) {
+    case PesoAviso::Nota:
+    case PesoAviso::Grave:
+    case PesoAviso::SinQueHacer:
+      return true;
+  }
+  return false;
+}
+constexpr PesoAviso pesoDe(bool grave) {
+  return grave ? PesoAviso::Grave : PesoAviso::Nota;
+}
+
 struct AvisoHecho {
   int grupo = 0;  // 0 for none
   QString texto;
-  bool grave = true;
-  // A step had nothing to work on, as nothing was memorised: the result tells it, but it is no
-  // doubt.
-  bool sinQueHacer = false;
+  PesoAviso peso = PesoAviso::Grave;
 };
 
 class Historial {

@@ -15,7 +15,7 @@ Resultado<bool> Memoria::tieneAcumulados(const Columna& c) {
       const auto n,
       db_.uno(dao::conMarcas(
                   u"SELECT count(*) FROM COLUMNA WHERE {marca}<>0 AND FECHA1>=? AND FECHAF<=?",
-                  {{u"marca", u"ACUM"_s + QString::number(c.periodo.tipo)}}),
+                  {{u"marca", marcaDe(c.periodo.tipo)}}),
               c.periodo.desde, c.periodo.hasta));
   return n.entero() > 0;
 }

@@ -16,10 +16,6 @@ const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
 
-QString marcaDe(int tipo) {
-  return u"ACUM"_s + QString::number(tipo);
-}
-
 struct Tirado {
   Columna columna;
   bool soloFilas;

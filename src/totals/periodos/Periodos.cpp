@@ -39,6 +39,10 @@ Resultado<std::optional<Columna>> primera(dao::Database& db, const QString& cond
 
 }  // namespace
 
+QString marcaDe(int tipo) {
+  return QStringLiteral("ACUM%1").arg(tipo);
+}
+
 Periodos::Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes,
                    const Textos& textos)
     : db_(db), a_(ajustes), almacenes_(almacenes), textos_(textos) {}
@@ -160,7 +164,7 @@ Resultado<> Periodos::soltarAcumulados(const Periodo& mayor) {
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(u"UPDATE {tabla} SET {marca}=0 WHERE FECHA1>=? AND FECHAF<=? AND TIPO<>? "
                        u"AND {marca}<>0",
-                       {{u"tabla", tabla}, {u"marca", QStringLiteral("ACUM%1").arg(mayor.tipo)}}),
+                       {{u"tabla", tabla}, {u"marca", marcaDe(mayor.tipo)}}),
         mayor.desde, mayor.hasta, mayor.tipo));
   return {};
 }

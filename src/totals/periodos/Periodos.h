@@ -12,6 +12,9 @@
 
 namespace tarvo::totals {
 
+// The column that marks a period as added to its larger one of this kind, weekly to yearly.
+QString marcaDe(int tipo);
+
 // A row of COLUMNA.
 struct Columna {
   qint64 LINK = 0;

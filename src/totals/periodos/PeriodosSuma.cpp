@@ -7,13 +7,9 @@ namespace tarvo::totals {
 
 namespace {
 
-QString campoAcum(int tipo) {
-  return QStringLiteral("ACUM%1").arg(tipo);
-}
-
 Resultado<> ponerMarca(dao::Database& db, qint64 link, int tipo, bool valor) {
   TARVO_INTENTAR(db.ejecutar(
-      dao::conMarcas(u"UPDATE COLUMNA SET {marca}=? WHERE LINK=?", {{u"marca", campoAcum(tipo)}}),
+      dao::conMarcas(u"UPDATE COLUMNA SET {marca}=? WHERE LINK=?", {{u"marca", marcaDe(tipo)}}),
       valor, link));
   return {};
 }

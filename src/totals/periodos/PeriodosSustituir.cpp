@@ -15,10 +15,6 @@ QString filasGuardadas(const ClaseTotal& c) {
       {{u"claves", clavesDe(c)}, {u"clase", QString::number(numeroDe(c.tipo))}});
 }
 
-QString marcaAcum(int tipo) {
-  return QStringLiteral("ACUM%1").arg(tipo);
-}
-
 Resultado<> guardarFilas(dao::Database& db, const ClaseTotal& c, qint64 id, qint64 link) {
   const QString sql = dao::conMarcas(
       u"INSERT INTO TotSusti (ID, CLASE, GRUPO, CODI, HORA, CON, PES, [IMP], SCO) "
@@ -78,7 +74,7 @@ Resultado<std::vector<Periodos::Sustituido>> Periodos::sustituidos(const Periodo
 }
 
 Resultado<bool> Periodos::tieneAnterior(int tipo, const Columna& c) {
-  TARVO_TOMAR(const auto viejas, sustituidos(c.periodo, marcaAcum(tipo)));
+  TARVO_TOMAR(const auto viejas, sustituidos(c.periodo, marcaDe(tipo)));
   return !viejas.empty();
 }
 
@@ -93,12 +89,12 @@ Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
 Resultado<> Periodos::saldarAcumulado(int tipo, const Columna& nueva) {
   if (tipo < kSemanal || tipo > kAnual) return {};
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, marcaAcum(tipo)));
+  TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, marcaDe(tipo)));
   for (const Sustituido& s : viejas) {
     TARVO_INTENTAR(sacarSustituido(s, tipo));
-    TARVO_INTENTAR(db_.ejecutar(dao::conMarcas(u"UPDATE Sustituidos SET {marca}=0 WHERE ID=?",
-                                               {{u"marca", marcaAcum(tipo)}}),
-                                s.ID));
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"UPDATE Sustituidos SET {marca}=0 WHERE ID=?", {{u"marca", marcaDe(tipo)}}),
+        s.ID));
   }
   if (!viejas.empty()) TARVO_INTENTAR(limpiarSustituidos());
   return t.confirmar();
@@ -148,7 +144,7 @@ Resultado<> Periodos::olvidarSustituidosEn(const Periodo& mayor) {
   TARVO_INTENTAR(db_.ejecutar(
       dao::conMarcas(
           u"UPDATE Sustituidos SET {marca}=0 WHERE FECHA1>=? AND FECHAF<=? AND {marca}<>0",
-          {{u"marca", marcaAcum(mayor.tipo)}}),
+          {{u"marca", marcaDe(mayor.tipo)}}),
       mayor.desde, mayor.hasta));
   return limpiarSustituidos();
 }

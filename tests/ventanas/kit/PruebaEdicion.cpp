@@ -161,8 +161,8 @@ TEST(Edicion, NingunaCeldaTomaOtroNumero) {
   }
 }
 
-// What is typed on a cell that can't be written is searched in its column, which is shown. Where it
-// isn't found either, that is said, and the Return after it opens no row: another one was meant.
+// Letters typed on a read-only cell are searched in its column, and shown. A search without a match
+// is reported, and the Return after it opens no row: another one was meant.
 TEST(Edicion, LoTecleadoDondeNoSeEscribeSeDice) {
   const struct {
     const char16_t *campo, *texto, *rotulo, *pista, *codigo;

@@ -111,7 +111,7 @@ TEST(Principal, LaMananaNoMezcla) {
   bien(historial.periodosHechos(1, {7, 8}));
   t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
   for (const char* porque : {"Uno.", "Dos.", "Tres."})
-    bien(historial.aviso(1, {2, QString::fromUtf8(porque), true}));
+    bien(historial.aviso(1, {2, QString::fromUtf8(porque), automation::PesoAviso::Grave}));
   t.sql(u"DELETE FROM PLUSES"_s);
   t.sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 10, 'Pera')"_s);
   for (const int g : {1, 2}) t.sql(u"INSERT INTO EnviosGrupo (GRUPO, SECCION) VALUES (?, 1)"_s, g);
