@@ -93,10 +93,11 @@ Aplicacion::Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabri
 
 Aplicacion::~Aplicacion() = default;
 
-Resultado<> Aplicacion::empezar() {
+Resultado<QStringList> Aplicacion::empezar() {
   TARVO_INTENTAR(d->almacenes.asegurar());
-  TARVO_INTENTAR(d->xporTot.recuperar());
-  return d->sesion.cargar();
+  TARVO_TOMAR(auto avisos, d->xporTot.recuperar());
+  TARVO_INTENTAR(d->sesion.cargar());
+  return avisos;
 }
 
 automation::Automat& Aplicacion::automat() {
