@@ -12,19 +12,22 @@ constexpr Limites kPersonales{1, 200};
 
 bool leerPersonal(A& a, int indice, const QString& v) {
   const auto sitio = static_cast<size_t>(indice);
-  if (a.personal.size() < sitio) a.personal.resize(sitio);
   const qsizetype barra = v.indexOf(u'|');
-  a.personal[sitio - 1] = barra < 0 ? Personal{v, {}} : Personal{v.left(barra), v.mid(barra + 1)};
+  // An entry without its process could not be run.
+  if (barra < 0 || v.sliced(barra + 1).trimmed().isEmpty()) return false;
+  if (a.personal.size() < sitio) a.personal.resize(sitio);
+  a.personal[sitio - 1] = {v.left(barra), v.mid(barra + 1)};
   return true;
-}
-
-QString escribirPersonal(const A& a, int indice, Idioma) {
-  const Personal& p = a.personal[static_cast<size_t>(indice) - 1];
-  return p.titulo + u'|' + p.proceso;
 }
 
 bool hayPersonal(const A& a, int indice) {
   return static_cast<size_t>(indice) <= a.personal.size();
+}
+
+QString escribirPersonal(const A& a, int indice, Idioma) {
+  if (!hayPersonal(a, indice)) return {};
+  const Personal& p = a.personal[static_cast<size_t>(indice) - 1];
+  return p.titulo + u'|' + p.proceso;
 }
 
 void quitarHuecos(A& a) {

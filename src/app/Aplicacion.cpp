@@ -53,6 +53,12 @@ struct Aplicacion::Interior {
                  fondo.textos},
                 preguntas),
         cronos(automat, lenguaje, fondo.ajustes, reloj) {
+    // Before the books forget the group: a reading that leaves the queue is noted in them.
+    catalogo.cambios().guardaPorGrupo(
+        {.olvidar = [this](int grupo) { return gestcomm.olvidarGrupo(grupo); },
+         .tablas = {},
+         .puedeIrse = [this](int grupo) { return gestcomm.puedeIrse(grupo); },
+         .tareas = [this](int grupo) { return gestcomm.tareasDe(grupo); }});
     articles::Cambios::DeOtraSala libros{
         [this](int grupo) { return totals::olvidarGrupo(db, grupo); }, {}};
     for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
@@ -93,10 +99,11 @@ Aplicacion::Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabri
 
 Aplicacion::~Aplicacion() = default;
 
-Resultado<> Aplicacion::empezar() {
+Resultado<QStringList> Aplicacion::empezar() {
   TARVO_INTENTAR(d->almacenes.asegurar());
-  TARVO_INTENTAR(d->xporTot.recuperar());
-  return d->sesion.cargar();
+  TARVO_TOMAR(auto avisos, d->xporTot.recuperar());
+  TARVO_INTENTAR(d->sesion.cargar());
+  return avisos;
 }
 
 automation::Automat& Aplicacion::automat() {

@@ -62,8 +62,9 @@ class Aplicacion {
   Aplicacion(Fondo& fondo, Reloj& reloj, enlace::FabricaEnlaces& fabrica, quint64 semilla,
              automation::Preguntas& preguntas);
   ~Aplicacion();
-  // Prepares the first use of a database: warehouses, the session.
-  Resultado<> empezar();
+  // Prepares the first use of a database: warehouses, the session. Returns what a person must be
+  // told of it, a sentence each.
+  Resultado<QStringList> empezar();
 
   automation::Automat& automat();
   automation::Cronos& cronos();

@@ -60,8 +60,9 @@ void Noche::correrAqui() {
   fabrica_ = std::make_unique<enlace::FabricaReal>(puesto_.reloj, fondo_->ajustes);
   aplicacion_ = std::make_unique<Aplicacion>(*fondo_, puesto_.reloj, *fabrica_,
                                              std::random_device{}(), datos_);
-  if (const auto hecho = aplicacion_->empezar(); !hecho) {
-    avisar(t(kTxSinArranque).arg(hecho.error().texto));
+  const auto avisos = aplicacion_->empezar();
+  if (!avisos) {
+    avisar(t(kTxSinArranque).arg(avisos.error().texto));
     estado_ = kSinBase;
     return despues(Luego::Acabar);
   }
@@ -73,7 +74,7 @@ void Noche::correrAqui() {
     despues(Luego::Acabar);
   };
   automat.PROCESO(encargo_.pasos, encargo_.traza, encargo_.nombre,
-                  dudasDe(fondo_->ajustes, t) + encargo_.omitidas);
+                  dudasDe(fondo_->ajustes, t) + *avisos + encargo_.omitidas);
 }
 
 // --- elsewhere ----------------------------------------------------------------------------------

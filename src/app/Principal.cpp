@@ -122,10 +122,12 @@ int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,
                   const Avisar& avisar, const std::function<int(Aplicacion& aplicacion)>& hacer) {
   enlace::FabricaReal fabrica(reloj, fondo.ajustes);
   Aplicacion aplicacion(fondo, reloj, fabrica, std::random_device{}(), preguntas);
-  if (const auto hecho = aplicacion.empezar(); !hecho) {
-    avisar(fondo.textos(kTxSinArranque).arg(hecho.error().texto));
+  const auto avisos = aplicacion.empezar();
+  if (!avisos) {
+    avisar(fondo.textos(kTxSinArranque).arg(avisos.error().texto));
     return kSinBase;
   }
+  for (const QString& aviso : *avisos) avisar(aviso);
   return hacer(aplicacion);
 }
 

@@ -65,7 +65,7 @@ const QStringList& columnasArticulo() {
 
 QString Articulo::codigoDeBarras() const {
   if (codBarExt) return *codBarExt;
-  return pfxBar + QStringLiteral("%1").arg(clave.codigo, 6, 10, QLatin1Char('0'));
+  return pfxBar.trimmed() + QStringLiteral("%1").arg(clave.codigo, 6, 10, QLatin1Char('0'));
 }
 
 std::vector<Falta> faltas(const Articulo& a) {

@@ -32,7 +32,7 @@ Condicion condicionBusqueda(const QString& texto) {
     const QString una =
         cifras ? dao::conMarcas(
                      u"instr(NOMPLU,?)>0 or instr({codigo},?)>0 or instr(CodBarExt,?)>0 "
-                     u"or (CodBarExt is null and instr(PFX_BAR & "
+                     u"or (CodBarExt is null and instr(trim(PFX_BAR) & "
                      u"format(CODPLU,'000000'),?)>0)",
                      {{u"codigo", codigo}})
                : u"NOMPLU like ? or CodBarExt like ?"_s;

@@ -70,6 +70,10 @@ class Cambios {
     // The amount of the group's sales that only this room holds, in minor units of the stored
     // money; nothing if there are none.
     std::function<Resultado<std::optional<qint64>>(int grupo)> ventas = {};
+    // Whether it can do without the group now, asked before anything is deleted; may be empty.
+    std::function<Resultado<>(int grupo)> puedeIrse = {};
+    // Its queued tasks, which go with the group; may be empty.
+    std::function<int(int grupo)> tareas = {};
   };
   void guardaPorGrupo(DeOtraSala sala) { salas_.push_back(std::move(sala)); }
   const std::vector<DeOtraSala>& salas() const { return salas_; }

@@ -119,8 +119,18 @@ Resultado<Secciones::LoQueSeVa> Secciones::loQueSeVa(int seccion) {
               cuantos(u"SELECT count(*) FROM (SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)",
                       clave));
   TARVO_TOMAR(v.historia, cuantos(u"SELECT count(*) FROM HistoriaPrecios WHERE SECCION=?", clave));
+  TARVO_TOMAR(const auto grupos, gruposDe(seccion));
+  for (const int grupo : grupos)
+    for (const auto& sala : cambios_.salas())
+      if (sala.tareas) v.tareas += sala.tareas(grupo);
   TARVO_TOMAR(v.ventas, ventasDe(seccion));
   return v;
+}
+
+Resultado<std::vector<int>> Secciones::gruposDe(int seccion) {
+  return dao::reunir(
+      db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion),
+      [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); });
 }
 
 Resultado<std::vector<Secciones::VentasDeGrupo>> Secciones::ventasDe(int seccion) {
@@ -155,14 +165,12 @@ Resultado<> Secciones::borrar(int seccion) {
 // The only place where groups are deleted with their section, and with all that is kept by their
 // numbers.
 Resultado<> Secciones::borrarGrupos(int seccion) {
-  const auto olvidar = [&](const dao::Recordset& fila) -> Resultado<> {
+  TARVO_TOMAR(const auto grupos, gruposDe(seccion));
+  for (const int grupo : grupos)
     for (const auto& sala : cambios_.salas())
-      TARVO_INTENTAR(sala.olvidar(static_cast<int>(fila.entero(0))));
-    return {};
-  };
-  TARVO_INTENTAR(dao::recorrer(
-      db_.consultar(u"SELECT CODGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion),
-      olvidar));
+      if (sala.puedeIrse) TARVO_INTENTAR(sala.puedeIrse(grupo));
+  for (const int grupo : grupos)
+    for (const auto& sala : cambios_.salas()) TARVO_INTENTAR(sala.olvidar(grupo));
   for (const QStringView orden :
        {u"DELETE FROM BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
         u"DELETE FROM Sesiones WHERE CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",

@@ -68,12 +68,14 @@ class Secciones {
     Cuentas cuentas;
     std::vector<VentasDeGrupo> ventas = {};  // read from its groups, and in no period yet
     int maquinas = 0, ofertas = 0, existencias = 0, historia = 0;
+    int tareas = 0;  // queued for its groups
     bool vacia() const { return cuentas.plus + cuentas.depts + cuentas.grupos == 0; }
   };
   // System articles are not counted.
   Resultado<LoQueSeVa> loQueSeVa(int seccion);
   // With its articles, departments and groups, and what is kept by their numbers, which a later
   // section with the same number must not inherit.
+  // Ocupado when a machine of its groups is being talked to.
   Resultado<> borrar(int seccion);
   const Cambios& cambios() const { return cambios_; }
   Resultado<Ivas> ivas(int seccion);
@@ -102,6 +104,7 @@ class Secciones {
   // one.
   Resultado<int> numeroLibre(dao::Abierta usados, int ultimo);
   Resultado<> borrarGrupos(int seccion);
+  Resultado<std::vector<int>> gruposDe(int seccion);
   Resultado<std::vector<VentasDeGrupo>> ventasDe(int seccion);
   Resultado<int> cuantos(QStringView cuenta, std::span<const dao::Valor> valores);
 

@@ -58,7 +58,7 @@ class Ejecutor {
  private:
   struct Exportacion {
     totals::OpcionesExport como;
-    QString nombre;
+    Pendientes::Destino destino;
   };
   void sinElegidos(int codigo, const Ejecucion& e, Hecho& h) const;
   Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
@@ -79,12 +79,14 @@ class Ejecutor {
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoExportar& p, const Ejecucion& e);
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
-                          std::vector<qint64>& propios, std::vector<qint64>& saldados, Hecho& h);
+                          std::vector<qint64>& propios, std::vector<Pendientes::Exporte>& saldados,
+                          Hecho& h);
+  Resultado<bool> exportarUno(const Pendientes::Exporte& e, const Exportacion& x, Hecho& h);
+  Resultado<bool> esperaOtro(qint64 link, const QString& ruta);
   void exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
-                       const QString& marca, std::vector<qint64>& saldados,
+                       const QString& marca, std::vector<Pendientes::Exporte>& saldados,
                        std::vector<Pendientes::Exporte>& debidos, Hecho& h);
   QString nombrePeriodo(qint64 link) const;
-  QString nombrePeriodos(const std::vector<qint64>& links) const;
 
   const Taller& t_;
   Diario& diario_;

@@ -1,9 +1,10 @@
-// The export step: first what earlier runs of the process owe for it, each under its own mark, then
-// the periods selected now.
+// The export step: first what is owed to its file, each period under its own mark, then those
+// selected now.
 #include <algorithm>
 
 #include "automation/Ejecutor.h"
 #include "automation/TextosAutomation.h"
+#include "totals/TextosTotals.h"
 
 namespace tarvo::automation {
 
@@ -13,51 +14,61 @@ namespace {
 
 constexpr int kErrorExportar = 14;
 
-// The position of the current step among the export steps of its process, from 1.
-int ordenExporte(const Ejecucion& e) {
-  const auto hasta = std::min<qint64>(e.paso, e.lineas.size());
-  return 1 + static_cast<int>(std::count_if(e.lineas.begin(), e.lineas.begin() + hasta,
-                                            [](const QString& s) { return s.startsWith(u"E:"); }));
-}
-
 }  // namespace
 
-QString Ejecutor::nombrePeriodos(const std::vector<qint64>& links) const {
-  QStringList nombres;
-  for (const qint64 link : links) nombres += nombrePeriodo(link);
-  return nombres.join(u", "_s);
+// A period that another file still waits for stays: with it the debt would go, and nobody would
+// know.
+Resultado<bool> Ejecutor::esperaOtro(qint64 link, const QString& ruta) {
+  TARVO_TOMAR(const auto debidos, Pendientes(t_.db).todos());
+  return std::ranges::any_of(debidos, [&](const Pendientes::Debido& d) {
+    return d.que == Pendientes::Debido::Que::Exportar && d.link == link && d.fichero != ruta;
+  });
 }
 
-// Periods tried here leave `propios`: one that is selected again is neither exported nor owed
-// twice.
+Resultado<bool> Ejecutor::exportarUno(const Pendientes::Exporte& e, const Exportacion& x,
+                                      Hecho& h) {
+  totals::OpcionesExport como = x.como;
+  if (como.borrar) {
+    TARVO_TOMAR(const auto espera, esperaOtro(e.link, e.ruta));
+    como.borrar = !espera;
+    if (espera) h.decir(t_.textos(totals::kTxNoSeBorraDebido, {nombrePeriodo(e.link)}));
+  }
+  return t_.xporTot.XportRemoto({e.link}, como,
+                                e.ruta.isEmpty() ? QString() : t_.xporTot.fichero(e.ruta), e.marca);
+}
+
+// Periods tried here for the step's own file leave `propios`: one that is selected again is neither
+// exported nor owed twice.
 void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos,
                                   const Exportacion& x, std::vector<qint64>& propios,
-                                  std::vector<qint64>& saldados, Hecho& h) {
+                                  std::vector<Pendientes::Exporte>& saldados, Hecho& h) {
   for (const auto& viejo : viejos) {
-    const QString periodos = nombrePeriodos(viejo.links);
-    const auto r = t_.xporTot.XportRemoto(viejo.links, x.como, x.nombre, viejo.marca);
-    const auto elegidos = std::erase_if(propios, [&viejo](qint64 link) {
-      return std::ranges::find(viejo.links, link) != viejo.links.end();
-    });
+    const bool suyo = x.destino.ruta == viejo.ruta || x.destino.absoluta == viejo.ruta;
+    const bool elegido = std::ranges::find(propios, viejo.link) != propios.end();
+    const QString periodo = nombrePeriodo(viejo.link);
+    Exportacion como = x;
+    if (elegido && !suyo) como.como.borrar = false;  // its own file is still to get it
+    const auto r = exportarUno(viejo, como, h);
+    if (suyo) std::erase(propios, viejo.link);
     if (r && *r) {
-      h.decir(t_.textos(kTxPendienteHecho, {periodos}), false);
-      saldados.insert(saldados.end(), viejo.links.begin(), viejo.links.end());
+      h.decir(t_.textos(kTxPendienteHecho, {periodo}), false);
+      saldados.push_back(viejo);
       continue;
     }
-    if (elegidos > 0) h.error(kErrorExportar);
-    h.decir(t_.textos(kTxSiguePendiente, {periodos, r ? QString() : r.error().texto}));
+    if (elegido && suyo) h.error(kErrorExportar);
+    h.decir(t_.textos(kTxSiguePendiente, {periodo, r ? QString() : r.error().texto}));
   }
 }
 
 // Each period has its own mark: one that can't be exported holds back no other.
 void Ejecutor::exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
-                               const QString& marca, std::vector<qint64>& saldados,
+                               const QString& marca, std::vector<Pendientes::Exporte>& saldados,
                                std::vector<Pendientes::Exporte>& debidos, Hecho& h) {
   for (const qint64 link : propios) {
-    const Pendientes::Exporte uno{u"%1.%2"_s.arg(marca).arg(link), {link}};
-    const auto r = t_.xporTot.XportRemoto(uno.links, x.como, x.nombre, uno.marca);
+    const Pendientes::Exporte uno{u"%1.%2"_s.arg(marca).arg(link), x.destino.ruta, link};
+    const auto r = exportarUno(uno, x, h);
     if (r && *r) {
-      saldados.push_back(link);
+      saldados.push_back(uno);
       continue;
     }
     h.error(kErrorExportar);
@@ -74,23 +85,24 @@ Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
     return h;
   }
   const Fecha ahora = t_.reloj.ahora();
-  const Exportacion x{{p.corto, p.borrar},
-                      p.fichero.isEmpty()
-                          ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
-                          : ExpandirNombre(p.fichero, ahora, t_.db)};
-  const Pendientes::Destino destino{e.nombre, ordenExporte(e), t_.xporTot.rutaDestino(x.nombre)};
-  const auto viejos = Pendientes(t_.db).exportes(destino);
+  const QString nombre = p.fichero.isEmpty()
+                             ? u"EX"_s + ahora.qdate().toString(QStringLiteral("yyMMdd"))
+                             : ExpandirNombre(p.fichero, ahora, t_.db);
+  const QString ruta = t_.xporTot.rutaDestino(nombre);
+  const Exportacion x{{p.corto, p.borrar}, {e.nombre, p.fichero, t_.xporTot.anotada(ruta), ruta}};
+  const auto viejos = Pendientes(t_.db).exportes(x.destino);
   if (!viejos) return deFallo(viejos.error(), kErrorExportar);
 
-  std::vector<qint64> propios = t_.verTot.LosSelec(), saldados;
-  std::vector<Pendientes::Exporte> debidos;
+  std::vector<qint64> propios = t_.verTot.LosSelec();
+  std::vector<Pendientes::Exporte> saldados, debidos;
   if (propios.empty()) sinElegidos(kErrorExportar, e, h);
   exportarPendientes(*viejos, x, propios, saldados, h);
   exportarPropios(propios, x, u"%1.%2"_s.arg(e.numero).arg(e.paso), saldados, debidos, h);
-  h.anotar = [this, saldados, debidos, destino]() -> Resultado<> {
+  h.anotar = [this, saldados, debidos, destino = x.destino]() -> Resultado<> {
     Pendientes libro(t_.db);
-    for (const qint64 link : saldados) TARVO_INTENTAR(libro.saldarExporte(destino, link));
-    for (const auto& debido : debidos) TARVO_INTENTAR(libro.anotarExporte(destino, debido));
+    for (const auto& saldado : saldados) TARVO_INTENTAR(libro.saldarExporte(saldado));
+    for (const auto& debido : debidos)
+      TARVO_INTENTAR(libro.anotarExporte(destino, debido.link, debido.marca));
     return libro.limpiar();
   };
   return h;

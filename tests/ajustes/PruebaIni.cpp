@@ -136,6 +136,8 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"RS232(1)= 4800,E,9,1", "9600,O,7,1"},
       {"RS232(1)= 4800,E,7", "9600,O,7,1"},
       {"RS232(1)= 0,E,7,1", "9600,O,7,1"},
+      {"RS232(1)= 123,O,7,1", "9600,O,7,1"},
+      {"Personal(1)= x", ""},
       {"Puerto(1)= 17", "1"},
       {"ControlLinea(1)= 9", "1"},
       {"IniMdmX(1)= AT1;AT2;AT3;AT4;AT5;AT6;AT7;AT8;AT9", "AT&C1;AT&D2;AT&A0"},

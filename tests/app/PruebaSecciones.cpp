@@ -64,6 +64,35 @@ TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
   EXPECT_EQ(todo(), antes);
 }
 
+// What waits in the queue for a deleted group would bring its rows back, and a group that gets its
+// code would inherit them.
+TEST(Secciones, SeVanConLasTareasDeSusGrupos) {
+  Entera t;
+  t.seccion(3).grupo({.codigo = 9});
+  t.seccion(4).grupo({.codigo = 8});
+  t.sql(u"update GRUPOS set REMOTO=4, TELEF='x'"_s);
+  auto& motor = t.aplicacion.gestcomm();
+  motor.CambioAModo(false);
+  for (const int g : {9, 9, 8})
+    ASSERT_EQ(motor.NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 0) << g;
+  motor.EliminarTarea(motor.tareas().front().datos.Id);
+  articles::Secciones secciones(t.aplicacion.catalogo());
+  EXPECT_EQ(bien(secciones.loQueSeVa(3)).tareas, 1);
+  // A process is still to talk to it: refused, with nothing gone.
+  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot, 2), 0);
+  const auto no = secciones.borrar(3);
+  ASSERT_FALSE(no);
+  EXPECT_EQ(no.error().clase, Fallo::Ocupado);
+  EXPECT_EQ(motor.tareasDe(9), 2);
+  EXPECT_EQ(t.leer(u"select count(*) from GRUPOS where CODGPO=9"_s), u"1");
+  motor.EliminarTarea(motor.tareas().back().datos.Id);
+  bien(secciones.borrar(3));
+  EXPECT_EQ(motor.tareasDe(9), 0);
+  EXPECT_EQ(motor.tareasDe(8), 1);
+  EXPECT_FALSE(motor.hayQuitadas()) << "a request for the group that has gone isn't put back";
+  EXPECT_EQ(t.leer(u"select count(*) from Lecturas where GRUPO=9"_s), u"0");
+}
+
 // The question before it names what was read from its groups and is in no period.
 TEST(Secciones, SeSabeQueVentasSeIrian) {
   Entera t;

@@ -9,6 +9,7 @@
 #include "app/Tablas.h"
 #include "core/esquema/Esquema.h"
 #include "dao/recorrer.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::app {
 namespace {
@@ -101,6 +102,22 @@ TEST_F(Esquema, UnaBaseAnteriorAcabaComoUnaNueva) {
     ASSERT_TRUE(esquema::ponerAlDia(*db, kHoy, tablasDeLasSalas()));
     EXPECT_EQ(db->cambios(), antes) << "nothing is left to do";
   }
+}
+
+// A table that names a period by its dates must follow a period whose dates change.
+TEST_F(Esquema, LoQueNombraUnPeriodoPorSusFechasLoSigue) {
+  const auto db = abrir(u"T"_s);
+  // The periods themselves, and deleted ones.
+  QStringList saben{u"COLUMNA"_s, u"PapeleraPer"_s, u"PapeleraSusti"_s}, tienen;
+  for (const auto& nota : totals::notasDePeriodo()) saben << nota.tabla;
+  const auto r = dao::recorrer(
+      db->consultar(u"select m.name from sqlite_master m where m.type='table' and exists (select 1 "
+                    u"from pragma_table_info(m.name) c where c.name='FECHAF') order by m.name"),
+      [&](const dao::Recordset& fila) { tienen << fila.texto(0); });
+  ASSERT_TRUE(r);
+  saben.sort();
+  tienen.sort();
+  EXPECT_EQ(tienen, saben);
 }
 
 // A table with columns out of order or a default lost would not accept these.

@@ -95,7 +95,7 @@ TEST(Busqueda, PorCualquierParteDeNombreCodigoOBarras) {
   TiendaDeArticulos t;
   t.sql(
       u"update PLUSES set NOMPLU='Jamón Ibérico 5*', CodBarExt='8412345678905' where CODPLU=20"_s);
-  t.sql(u"update PLUSES set NOMPLU='PIÑA', PFX_BAR='29' where CODPLU=10"_s);
+  t.sql(u"update PLUSES set NOMPLU='PIÑA', PFX_BAR=' 29 ' where CODPLU=10"_s);
   const struct {
     const char* texto;
     const char* codigos;

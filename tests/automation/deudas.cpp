@@ -3,6 +3,8 @@
 
 #include "automation/Runner.h"
 #include "automation/historia/Pendientes.h"
+#include "textos/TextosDePrueba.h"
+#include "totals/intercambio/XporTot.h"
 
 namespace tarvo::automation {
 namespace {
@@ -49,12 +51,99 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
     EXPECT_EQ(fin_, ResultadoProceso::Problemas);
   }
   ASSERT_TRUE(QDir(exportado).removeRecursively());
-  // Another name for the file is just as good a remedy.
-  EXPECT_EQ(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 2);
+  // Another file is not the one that waits.
+  EXPECT_TRUE(noche(u"OTRO"_s).filter(u"pendiente"_s).isEmpty());
+  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 1);
+  EXPECT_EQ(noche(u"VENTAS"_s).filter(u"se ha hecho ahora"_s).size(), 2);
   EXPECT_EQ(fin_, ResultadoProceso::Bien);
-  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 3);
-  EXPECT_TRUE(noche(u"OTRO"_s).filter(u"se ha hecho ahora"_s).isEmpty());
-  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*Ventas"_s), 4);
+  EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*Ventas"_s), 3);
+  EXPECT_TRUE(noche(u"VENTAS"_s).filter(u"se ha hecho ahora"_s).isEmpty());
+  EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*Ventas"_s), 4);
+}
+
+// A debt is paid into its own file only, by whoever exports there, and only once.
+TEST_F(DeudasTest, LaDeudaEsDelFicheroYNoDelPaso) {
+  const auto p = tienda_.programa();
+  p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"lunes"});
+  const auto exportar = [&](const QString& pasos, const QString& proceso = u"NOCHE"_s) {
+    p->lineas.clear();
+    p->correr(u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\n"_s + pasos, {}, proceso);
+    EXPECT_TRUE(p->hastaElFin());
+    return p->lineas;
+  };
+  const auto veces = [&](const QString& fichero) {
+    return tienda_.texto(fichero).count(u"*lunes"_s);
+  };
+  const QString a = u"E:TOTALIZA,No,No,A\r\n"_s, b = u"E:TOTALIZA,No,No,B\r\n"_s;
+  ASSERT_TRUE(QDir(tienda_.dir.path()).mkpath(u"A.EXP"_s));
+  exportar(a + b);
+  EXPECT_EQ(veces(u"B.EXP"_s), 1);
+  // The first step is gone: the second doesn't take over its debt.
+  EXPECT_TRUE(exportar(u"P:LIMPIAR\r\n"_s + b).filter(u"pendiente"_s).isEmpty());
+  EXPECT_EQ(veces(u"B.EXP"_s), 1);
+  EXPECT_EQ(Pendientes(p->db()).todos()->size(), 1U);
+  // A period that another file waits for isn't deleted.
+  EXPECT_EQ(exportar(u"E:TOTALIZA,No,Sí,C\r\n"_s).filter(u"No se borra"_s).size(), 1);
+  EXPECT_EQ(veces(u"C.EXP"_s), 1);
+  EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 1);
+  ASSERT_TRUE(QDir(tienda_.dir.path()).rmdir(u"A.EXP"_s));
+  EXPECT_EQ(exportar(u"P:LIMPIAR\r\n"_s + a, u"OTRO"_s).filter(u"se ha hecho ahora"_s).size(), 1);
+  EXPECT_EQ(veces(u"A.EXP"_s), 1);
+  exportar(u"P:LIMPIAR\r\n"_s + a);
+  EXPECT_EQ(veces(u"A.EXP"_s), 1);
+}
+
+// A name that contains the date means another file every night: the debt goes to that of its night.
+TEST_F(DeudasTest, UnNombreConFechaPagaEnElFicheroDeSuDia) {
+  const QString proceso =
+      QString(kNoche).replace(u"E:TOTALIZA,No,No,VENTAS"_s, u"E:TOTALIZA,No,No"_s);
+  ASSERT_TRUE(QDir(tienda_.dir.path()).mkpath(u"EX260304.EXP"_s));
+  correr(proceso);
+  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+  tienda_.reloj.avanzar(24LL * 3600 * 1000);
+  maquinasDePrueba().porGrupo[1] = {1, 100, 300, 0};
+  ASSERT_TRUE(QDir(tienda_.dir.path()).rmdir(u"EX260304.EXP"_s));
+  EXPECT_EQ(correr(proceso).filter(u"se ha hecho ahora"_s).size(), 1);
+  for (const QString& fichero : {u"EX260304.EXP"_s, u"EX260305.EXP"_s})
+    EXPECT_EQ(tienda_.texto(fichero).count(u"*Ventas"_s), 1) << fichero.toStdString();
+}
+
+// Corrected dates change nothing about what is owed; exporting by hand to that file pays it.
+TEST_F(DeudasTest, LaDeudaSigueAlPeriodoYLaPagaUnaPersona) {
+  const auto p = tienda_.programa();
+  p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"x"})
+      .periodo({.link = 8, .tipo = 5, .desde = 43010, .hasta = 43011, .descr = u"y"});
+  stock::Almacenes almacenes(p->db(), p->reloj(), textosDePrueba());
+  totals::Periodos periodos(p->db(), p->ajustes(), almacenes, textosDePrueba());
+  totals::XporTot xporTot(periodos);
+  correr(u"N:x"_s, *p);
+  Pendientes libro(p->db());
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
+  ASSERT_TRUE(QDir(tienda_.dir.path()).mkpath(u"VENTAS.EXP"_s));
+  correr(u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
+  ASSERT_TRUE(
+      periodos.CambiarPeriodo(7, 5, Fecha::de(QDate(2017, 9, 24)), Fecha::de(QDate(2017, 9, 25))));
+  ASSERT_TRUE(libro.limpiar());
+  EXPECT_EQ(libro.todos()->size(), 3U);
+  EXPECT_EQ(periodos.debidosDe(7)->size(), 2);
+  // Nor does a new version of the period.
+  const auto nuevo = periodos.sustituir(**periodos.columna(7), u"x"_s);
+  ASSERT_TRUE(nuevo && *nuevo != 7);
+  ASSERT_TRUE(libro.limpiar());
+  EXPECT_EQ(periodos.debidosDe(*nuevo)->size(), 2);
+  ASSERT_TRUE(QDir(tienda_.dir.path()).rmdir(u"VENTAS.EXP"_s));
+  // By hand into another file: it isn't the one owed, and the period stays.
+  const auto otro = xporTot.XportRemoto({*nuevo}, {.borrar = true}, u"OTRO"_s, {});
+  ASSERT_FALSE(otro);
+  EXPECT_EQ(otro.error().clase, Fallo::Restriccion);
+  EXPECT_EQ(periodos.debidosDe(*nuevo)->size(), 2);
+  ASSERT_TRUE(xporTot.XportRemoto({*nuevo}, {}, u"VENTAS"_s, {}));
+  EXPECT_EQ(periodos.debidosDe(*nuevo)->size(), 1);
+  p->lineas.clear();
+  correr(u"P:LIMPIAR\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s, *p);
+  const QString ventas = tienda_.texto(u"VENTAS.EXP"_s);
+  EXPECT_EQ(ventas.count(u"*x"_s), 1);
+  EXPECT_EQ(ventas.count(u"*y"_s), 1);
 }
 
 // The mark of an export goes with the record of its run, but that of a debt stays.
@@ -146,7 +235,7 @@ TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   p->total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
   Pendientes libro(p->db());
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Stock, 0}, {7}));
-  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, u"x"_s}, {u"1.1.7"_s, {7}}));
+  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"x"_s, u"x.EXP"_s, {}}, 7, u"1.1.7"_s));
   periodo(43001);
   EXPECT_TRUE(libro.todos()->empty());
   p->lineas.clear();
@@ -167,7 +256,7 @@ TEST_F(DeudasTest, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
   ASSERT_TRUE(todos);
   ASSERT_EQ(todos->size(), 2U);
   EXPECT_EQ(todos->at(0).proceso, u"NOCHE");
-  EXPECT_EQ(todos->at(0).fichero, tienda_.dir.filePath(u"VENTAS.EXP"_s));
+  EXPECT_EQ(todos->at(0).fichero, u"VENTAS.EXP");
   EXPECT_EQ(todos->at(1).que, Pendientes::Debido::Que::Acumular);
   EXPECT_EQ(todos->at(1).mayor, 2);
   for (const auto& debido : *todos) {

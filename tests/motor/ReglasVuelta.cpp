@@ -97,6 +97,31 @@ TEST_F(Reglas, ReintentarTodoEsTodo) {
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);
 }
 
+// A group deleted while its tasks wait, or while one of them is read: nothing of it is stored, and
+// this is reported.
+TEST_F(Reglas, LoDeUnGrupoBorradoNoSeGuarda) {
+  for (const bool enMarcha : {false, true}) {
+    const int grupo = enMarcha ? 2 : 1;
+    tienda(grupo, QStringLiteral("cable %1").arg(grupo));
+    avisos.clear();
+    gestor->VigilaProcesos(0, true, this);
+    const int id = encolar(grupo, 17);
+    const auto borrar = [&] {
+      for (const char16_t* tabla : {u"BZAS", u"Sesiones", u"Lecturas", u"GRUPOS"})
+        sql(QStringLiteral("delete from ") + QString::fromUtf16(tabla));
+    };
+    for (int i = 0; enMarcha && i < 1000 && estado(id) != 3; ++i) reloj.avanzar(1);
+    EXPECT_EQ(estado(id), enMarcha ? 3 : 0);
+    borrar();
+    ASSERT_TRUE(correr());
+    EXPECT_EQ(avisos.filter(QStringLiteral("ya no existe")).size(), 1) << enMarcha;
+    EXPECT_EQ(filas(QStringLiteral("SELECT (SELECT COUNT(*) FROM TOTGRT), (SELECT COUNT(*) FROM "
+                                   "Sesiones), (SELECT COUNT(*) FROM Lecturas)")),
+              u"0,0,0")
+        << enMarcha;
+  }
+}
+
 TEST_F(Reglas, LoQuitadoVuelveASuSitio) {
   tienda();
   gestor->VigilaProcesos(0, false, nullptr);

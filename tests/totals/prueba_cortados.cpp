@@ -1,11 +1,13 @@
-// Export files whose end another program, an editor or a full disk cut off.
+// Export files cut off by another program, an editor or a full disk, and those of a copied folder.
 #include <QFile>
 
 #include "totals/TiendaDeTotales.h"
+#include "totals/intercambio/Anadidura.h"
 
 using namespace tarvo;
 using namespace tarvo::totals;
 using namespace Qt::StringLiterals;
+using tarvo::prueba::bien;
 
 namespace {
 
@@ -80,6 +82,36 @@ TEST_F(Cortados, NothingIsAddedToAFileWhoseEndWasCutOff) {
     escribir(u"x.EXP"_s, otra);
     EXPECT_TRUE(entra() && cabe());
     EXPECT_EQ(fichero(u"x.EXP"_s), otra + bloque(dia).value_or(""));
+  }
+}
+
+// A copy of the folder made in the middle of an export cuts its own file, never the original's.
+TEST_F(Cortados, ACopiedFolderLeavesTheOriginalsFilesAlone) {
+  const QTemporaryDir copia, fuera;
+  const QString suyo = ruta(u"x.EXP"_s), ajeno = fuera.filePath(u"x.EXP"_s),
+                base = copia.filePath(u"TARVO.MDB"_s), copiado = copia.filePath(u"x.EXP"_s);
+  const auto poner = [](const QString& donde, const QByteArray& bytes) {
+    QFile f(donde);
+    EXPECT_TRUE(f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size());
+  };
+  const auto ver = [](const QString& donde) {
+    QFile f(donde);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
+  };
+  for (const QString& exportado : {suyo, ajeno}) {
+    poner(exportado, kAntes);
+    const auto a = bien(Anadidura::empezar(*db, exportado, 4, "****", ajustes, textosDePrueba()));
+    poner(exportado, kAntes + "****");
+    bien(db->copiarEn(base));
+    if (exportado == suyo) poner(copiado, kAntes + "****");
+    const auto otra = bien(dao::Database::OpenDatabase(base, {}));
+    EXPECT_EQ(bien(Anadidura::recuperar(*otra)),
+              exportado == suyo ? QStringList() : QStringList{ajeno});
+    EXPECT_EQ(ver(exportado), kAntes + "****");
+    EXPECT_EQ(ver(copiado), kAntes);
+    // Reported once.
+    EXPECT_TRUE(bien(Anadidura::recuperar(*otra)).isEmpty());
+    QFile::remove(base);
   }
 }
 

@@ -358,6 +358,54 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
   EXPECT_FALSE(sumas.deshacer(semana(), lote));
 }
 
+// What the parts of the target hold themselves, and days in common that make no same period.
+TEST_F(VerTotDe, NamesWhatASumCountsTwiceThroughWhatItsPartsHold) {
+  const qint64 mes = crear(3, "01/06/2018"), semana = crear(2, "04/06/2018");
+  const qint64 dia = crear(1, "06/06/2018"),
+               primeros = crear(5, "01/06/2018", "06/06/2018 23:59:59"),
+               demas = crear(5, "11/06/2018", "30/06/2018 23:59:59");
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  const auto comunes = [&](std::vector<qint64> links) {
+    verTot.ponerSeleccion(links);
+    QStringList textos;
+    const auto suma = bien(verTot.destinoDeSuma());
+    EXPECT_EQ(suma->existente->LINK, mes);
+    for (const auto& s : suma->solapes)
+      if (!s.yaDentro && s.uno.desde != momento("01/06/2018"))
+        textos << TextoPeriodo(s.otro).simplified();
+    return textos;
+  };
+  verTot.ponerSeleccion({semana, demas});
+  ASSERT_TRUE(bien(verTot.SumarIntv()));
+  const QString laSemana = TextoPeriodo(col(semana).periodo).simplified();
+  EXPECT_EQ(comunes({primeros, dia, demas}), QStringList{laSemana});
+  verTot.ponerSeleccion({primeros, demas});
+  ASSERT_EQ(bien(verTot.destinoDeSuma())->solapes.size(), 2U) << "the days 1 to 6, and those held";
+  EXPECT_TRUE(bien(verTot.destinoDeSuma())->solapes[1].yaDentro);
+  EXPECT_EQ(bien(Sumas(periodos).contenido(col(mes))).size(), 3U) << "the week, its day, the rest";
+}
+
+// New dates of a period are those of its part of a sum and of its earlier version in the week.
+TEST_F(VerTotDe, WhatIsNotedOfAPeriodFollowsItsDates) {
+  const qint64 mes = crear(3, "01/06/2018"), otro = crear(1, "07/06/2018");
+  qint64 dia = crear(1, "05/06/2018");
+  plu(dia, 7, 2);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  dia = bien(periodos.sustituir(col(dia), u"otra"_s));
+  sql(u"update TOTPLU set CON=3, PES=30, [IMP]=300, SCO=3000 where LINK=%1"_s.arg(dia));
+  verTot.ponerSeleccion({dia, otro, crear(1, "20/06/2018")});
+  ASSERT_TRUE(bien(verTot.SumarIntv()));
+  ASSERT_TRUE(bien(Sumas(periodos).tiene(mes, col(dia).periodo)));
+  bien(periodos.CambiarPeriodo(dia, 1, momento("12/06/2018"), {}));
+  EXPECT_TRUE(bien(Sumas(periodos).tiene(mes, col(dia).periodo)));
+  EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s) << "the earlier version has left the old week";
+  const qint64 nueva = bien(periodos.BuscarPeriodo(2, momento("12/06/2018"), {}))->LINK;
+  EXPECT_EQ(plus(nueva), u"1 7 2 20 200 2000"_s);
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
+  EXPECT_EQ(plus(nueva), u"1 7 3 30 300 3000"_s);
+  EXPECT_EQ(leer(u"select count(*) from Sustituidos"_s), u"0"_s);
+}
+
 // A sum into a period made for it leaves nothing when undone.
 TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
   const qint64 a = crear(1, "04/06/2018"), b = crear(1, "05/06/2018");

@@ -37,7 +37,8 @@ Encargos::Encargos(Fondo& fondo, Aplicacion& app, PreguntasApp& preguntas,
       latido_(reloj.temporizador([this] {
         for (const Encargo& e : cola_) e.visita->decir({});
         if (actual_) actual_->visita->decir({});
-      })) {}
+      })),
+      cesion_(app.automat(), reloj) {}
 
 Encargos::~Encargos() {
   dejar();
@@ -99,7 +100,20 @@ void Encargos::mirar() {
   Encargo& primero = cola_.front();
   if (!std::exchange(primero.avisado, true))
     primero.visita->decir(aviso(fondo_.textos(kTxEsperaTurno, {app_.automat().nombre()})));
+  const bool pregunta = ventanas_.cargada(u"EnParMac"_s) != nullptr;
+  if (cesion_.agotada(pregunta)) ceder(pregunta);
   mirada_->unaVez(kMiradaMs);
+}
+
+// The run of a person who doesn't answer ends as unanswered, a held one is stopped. Its record
+// stays open: run again, it continues.
+void Encargos::ceder(bool pregunta) {
+  const QString frase =
+      fondo_.textos(kTxCedeElTurno, {app_.automat().nombre(), cola_.front().peticion.nombre});
+  cola_.front().visita->decir(aviso(frase));
+  app_.automat().conservarAlAbortar = true;
+  pregunta ? preguntas_.retirar() : app_.automat().abortar();
+  if (auto* v = ventanas_.cargada(u"Automat"_s)) v->decirDuda(frase);
 }
 
 Resultado<std::vector<automation::PasoProceso>> Encargos::pasosDe(const Peticion& p) const {
@@ -139,7 +153,10 @@ void Encargos::lineaEscrita(const QString& linea) {
 }
 
 bool Encargos::terminado(automation::ResultadoProceso resultado) {
-  if (!actual_) return false;
+  if (!actual_) {
+    app_.automat().conservarAlAbortar = false;
+    return false;
+  }
   const auto visita = actual_->visita;
   soltar();
   visita->acabar(static_cast<int>(resultado));

@@ -5,6 +5,7 @@
 #include <deque>
 
 #include "app/Aplicacion.h"
+#include "app/Cesion.h"
 #include "app/Portero.h"
 #include "app/ventanas/PreguntasApp.h"
 
@@ -37,6 +38,7 @@ class Encargos final : private automation::ObservadorAutomat {
   bool loLlevaElHorario(const Peticion& p) const;
   void mirar();
   bool libre() const;
+  void ceder(bool pregunta);
   void empezar();
   void correr(std::vector<automation::PasoProceso> pasos);
   Resultado<std::vector<automation::PasoProceso>> pasosDe(const Peticion& p) const;
@@ -51,6 +53,7 @@ class Encargos final : private automation::ObservadorAutomat {
   std::deque<Encargo> cola_;
   std::optional<Encargo> actual_;
   std::unique_ptr<Temporizador> mirada_, latido_;
+  Cesion cesion_;
   Portero portero_;
 };
 

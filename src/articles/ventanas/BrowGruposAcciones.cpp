@@ -81,6 +81,7 @@ bool BrowGrupos::confirmarSeccion(int seccion, const QString& nombre,
         this, textos, lineas.join(u'\n'),
         ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
   lineas << textos(kTxBorraDemas, {va.maquinas, va.ofertas, va.existencias, va.historia})
+         << (va.tareas > 0 ? QStringList{Plural(t(kTxBorraTareas), va.tareas)} : QStringList())
          << decirVentas(va.ventas) << t(kTxEscribaNumero);
   const ventanas::Retenida mientras(this);
   QInputDialog caja(this);

@@ -146,7 +146,7 @@ void BrowPLUs::prepararParrilla() {
        .ancho = kAnchoPrecio,
        .oculta = true},
       {.titulo = ventanas::kTxCodigoDeBarras,
-       .campo = u"iif(isnull(CodBarExt),PFX_BAR & format(CODPLU,'000000'),CodBarExt)"_s,
+       .campo = u"iif(isnull(CodBarExt),trim(PFX_BAR) & format(CODPLU,'000000'),CodBarExt)"_s,
        .ancho = 130,
        .oculta = true}};
   anadirPrecios(columnas);

@@ -32,39 +32,32 @@ Resultado<> Pendientes::saldar(const OrdenPeriodos& orden, qint64 link) {
   return {};
 }
 
-Resultado<> Pendientes::anotarExporte(const Destino& destino, const Exporte& exporte) {
+Resultado<> Pendientes::anotarExporte(const Destino& d, qint64 link, const QString& marca) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(limpiar());
-  for (const qint64 link : exporte.links)
-    TARVO_INTENTAR(
-        db_.ejecutar(u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, "
-                     u"FECHAF, RUTA) SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ? FROM COLUMNA WHERE "
-                     u"LINK=? AND NOT EXISTS (SELECT 1 FROM ExportesPendientes e WHERE "
-                     u"e.LINK=COLUMNA.LINK AND ((e.PROCESO=? AND e.ORDEN=?) OR e.RUTA=?))",
-                     destino.proceso, destino.orden, exporte.marca, destino.ruta, link,
-                     destino.proceso, destino.orden, destino.ruta));
+  // ORDEN tells debts apart; an earlier form of the table holds one debt for each.
+  TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(NUMERO) FROM ExportesPendientes"));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, FECHAF, RUTA, NOMBRE) "
+      u"SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ?, ? FROM COLUMNA WHERE LINK=? AND NOT EXISTS "
+      u"(SELECT 1 FROM ExportesPendientes e WHERE e.LINK=COLUMNA.LINK AND e.RUTA IN (?, ?))",
+      d.proceso, -ultimo.entero() - 1, marca, d.ruta, d.nombre, link, d.ruta, d.absoluta));
   return tr.confirmar();
 }
 
-Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& destino) {
-  std::vector<Exporte> todos;
-  TARVO_INTENTAR(dao::recorrer(
-      db_.consultar(u"SELECT e.MARCA, e.LINK FROM ExportesPendientes e INNER JOIN COLUMNA c ON "
-                    u"c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.PROCESO=? "
-                    u"AND e.ORDEN=? ORDER BY e.NUMERO",
-                    destino.proceso, destino.orden),
-      [&](const dao::Recordset& rs) {
-        const QString marca = rs.texto(0);
-        if (todos.empty() || todos.back().marca != marca) todos.push_back({marca, {}});
-        todos.back().links.push_back(rs.entero(1));
-      }));
-  return todos;
+Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& d) {
+  return dao::reunir(
+      db_.consultar(
+          u"SELECT e.MARCA, e.RUTA, e.LINK FROM ExportesPendientes e INNER JOIN COLUMNA c "
+          u"ON c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.RUTA<>'' "
+          u"AND (e.RUTA IN (?, ?) OR e.NOMBRE=?) ORDER BY e.NUMERO",
+          d.ruta, d.absoluta, d.nombre),
+      [](const dao::Recordset& rs) { return Exporte{rs.texto(0), rs.texto(1), rs.entero(2)}; });
 }
 
-Resultado<> Pendientes::saldarExporte(const Destino& destino, qint64 link) {
-  TARVO_INTENTAR(db_.ejecutar(
-      u"DELETE FROM ExportesPendientes WHERE LINK=? AND ((PROCESO=? AND ORDEN=?) OR RUTA=?)", link,
-      destino.proceso, destino.orden, destino.ruta));
+Resultado<> Pendientes::saldarExporte(const Exporte& e) {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND RUTA=?", e.link, e.ruta));
   return {};
 }
 
@@ -98,7 +91,7 @@ Pendientes::Debido debidoDe(const dao::Recordset& rs) {
   d.mayor = static_cast<int>(rs.entero(6));
   d.proceso = rs.texto(7);
   d.fichero = rs.texto(8);
-  d.orden = static_cast<int>(rs.entero(9));
+  d.numero = rs.entero(9);
   return d;
 }
 
@@ -108,7 +101,7 @@ Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
   TARVO_INTENTAR(asegurarTablasHistoria(db_));
   return dao::reunir(
       db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
-                    u"MAYOR, e.PROCESO, e.RUTA, e.ORDEN, e.NUMERO AS VEZ FROM "
+                    u"MAYOR, e.PROCESO, e.RUTA, e.NUMERO, e.NUMERO AS VEZ FROM "
                     u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
                     u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF UNION ALL SELECT c.LINK, "
                     u"c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, p.VERBO, p.TIPO, '', '', 0, "
@@ -120,10 +113,9 @@ Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
 
 Resultado<bool> Pendientes::olvidar(const Debido& d) {
   if (d.que == Debido::Que::Exportar) {
-    TARVO_TOMAR(
-        const auto filas,
-        db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND PROCESO=? AND ORDEN=?",
-                     d.link, d.proceso, d.orden));
+    TARVO_TOMAR(const auto filas, db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE NUMERO=? "
+                                               u"AND LINK=?",
+                                               d.numero, d.link));
     return filas > 0;
   }
   TARVO_TOMAR(

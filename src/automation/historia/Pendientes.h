@@ -23,24 +23,26 @@ class Pendientes {
   Resultado<std::vector<qint64>> de(const OrdenPeriodos& orden);
   Resultado<> saldar(const OrdenPeriodos& orden, qint64 link);
 
-  // The target of an export step. `orden` counts the export steps of a process from 1, so that a
-  // step with a corrected file name does what it owed under the old one.
+  // The target of an export step.
   struct Destino {
     QString proceso;
-    int orden = 1;
-    QString ruta;
+    QString nombre;    // of the file, as the step writes it: it may contain the date
+    QString ruta;      // the file itself, as it is kept in the database
+    QString absoluta;  // the same, from the root
   };
-  // Periods tried under one mark: one that reached the file is then recognised.
+  // A period owed to a file, and the mark under which it was tried: one that reached the file is
+  // then recognised.
   struct Exporte {
-    QString marca;
-    std::vector<qint64> links;
+    QString marca, ruta;
+    qint64 link = 0;
   };
-  // A period already owed to this step or file is not owed twice: the first mark stays.
-  Resultado<> anotarExporte(const Destino& destino, const Exporte& exporte);
-  // What the step owes, in the order it was noted.
+  // A period already owed to this file is not owed twice: the first mark stays.
+  Resultado<> anotarExporte(const Destino& destino, qint64 link, const QString& marca);
+  // What is owed to the step's file, whichever process noted it, and to the files that its name
+  // meant on other days. In the order it was noted.
   Resultado<std::vector<Exporte>> exportes(const Destino& destino);
-  // The period is in the file: neither this step nor any other owes it there.
-  Resultado<> saldarExporte(const Destino& destino, qint64 link);
+  // The period is in the file.
+  Resultado<> saldarExporte(const Exporte& exporte);
   // Removes debts for deleted periods.
   Resultado<> limpiar();
 
@@ -51,9 +53,10 @@ class Pendientes {
     int clase = 0;  // kind of the period
     Fecha desde, hasta;
     QString descripcion;
-    int mayor = 0;             // Acumular: kind of the larger period
-    QString proceso, fichero;  // Exportar
-    int orden = 0;
+    int mayor = 0;  // Acumular: kind of the larger period
+    // Exportar. `fichero` is empty for a debt that was noted without its file.
+    QString proceso, fichero;
+    qint64 numero = 0;
   };
   // Exports first, each kind in the order it was noted.
   Resultado<std::vector<Debido>> todos();

@@ -61,6 +61,16 @@ Resultado<> debidosUnaVez(dao::Database& db) {
   return db.ejecutarGuion(kUnaVez);
 }
 
+// A debt belongs to a file and a period, whichever step noted it.
+constexpr QStringView kDeUnFichero =
+    uR"(
+DROP INDEX IF EXISTS ExportesPendientes_Una;
+DELETE FROM ExportesPendientes WHERE RUTA<>'' AND EXISTS (
+  SELECT 1 FROM ExportesPendientes o WHERE o.RUTA=ExportesPendientes.RUTA AND
+  o.LINK=ExportesPendientes.LINK AND o.NUMERO<ExportesPendientes.NUMERO);
+CREATE INDEX IF NOT EXISTS ExportesPendientes_Fichero ON ExportesPendientes (LINK, RUTA);
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasHistoria() {
@@ -71,7 +81,9 @@ dao::TablasDeSala tablasHistoria() {
                     dao::columna(4, u"ProcesoTareas"_s, u"CLASE"_s, u"INTEGER DEFAULT 0"_s),
                     dao::columna(5, u"ProcesoTareas"_s, u"FALLO"_s, u"TEXT"_s),
                     dao::columna(6, u"ExportesPendientes"_s, u"RUTA"_s, u"TEXT DEFAULT ''"_s),
-                    {7, {}, debidosUnaVez}},
+                    {7, {}, debidosUnaVez},
+                    {8, kDeUnFichero.toString()},
+                    dao::columna(9, u"ExportesPendientes"_s, u"NOMBRE"_s, u"TEXT"_s)},
           .copias = {}};
 }
 

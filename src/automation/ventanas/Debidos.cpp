@@ -55,6 +55,7 @@ QString Debidos::queFalta(const Pendientes::Debido& d) const {
   const Textos& textos = contexto().textos;
   switch (d.que) {
     case Pendientes::Debido::Que::Exportar:
+      if (d.fichero.isEmpty()) return textos(kTxFaltaExportarSinFichero, {d.proceso});
       return textos(kTxFaltaExportar, {NombreFichero(d.fichero), d.proceso});
     case Pendientes::Debido::Que::Acumular:
       return textos(kTxFaltaAcumular, {totals::NombreTipoPeriodo(d.mayor)});

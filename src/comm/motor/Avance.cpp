@@ -51,6 +51,9 @@ void gestcomm::Interior::avanzar(int id) {
 // Looks for a channel for a task that never had one, or whose channel went to others.
 void gestcomm::Interior::empezar(int id) {
   TareaViva* t = tarea(id);
+  if (const auto hay = hayGrupo(t->datos.Grupo); !hay || !*hay)
+    return suprimir(id,
+                    hay ? entorno.textos(kTxGrupoBorrado, {t->datos.Grupo}) : hay.error().texto);
   if (delante(borrados, *t)) return;
   if (t->clase->esOlvido) {
     if (delante(lecturas, *t)) return;
@@ -235,6 +238,10 @@ int gestcomm::Interior::mandar(int c, const TareaViva&, const Siguiente& s) {
 // Stores the readings and notifies the watcher, both or neither.
 Resultado<std::vector<totals::Aviso>> gestcomm::Interior::cierre(TareaViva& t) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(entorno.db));
+  TARVO_TOMAR(const auto hay, hayGrupo(t.datos.Grupo));
+  if (!hay)
+    return std::unexpected(Error{Fallo::Restriccion, kErrorSuprimido,
+                                 entorno.textos(kTxGrupoBorrado, {t.datos.Grupo})});
   auto avisos = t.trabajo->cerrar();
   if (!avisos) return avisos;
   if (vigilante) TARVO_INTENTAR(vigilante->TareaHecha(t.datos));

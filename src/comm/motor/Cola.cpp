@@ -77,6 +77,11 @@ Resultado<std::optional<DatosTarea>> gestcomm::Interior::leerGrupo(int grupo) {
   return t;
 }
 
+Resultado<bool> gestcomm::Interior::hayGrupo(int grupo) {
+  TARVO_TOMAR(const auto n, entorno.db.uno(u"SELECT count(*) FROM GRUPOS WHERE CODGPO=?", grupo));
+  return n.entero() > 0;
+}
+
 int gestcomm::Interior::nueva(const DatosTarea& que) {
   const TipoTarea clase = que.Clase;
   const int grupo = que.Grupo;
@@ -162,7 +167,8 @@ void gestcomm::Interior::marcarFallida(TareaViva& t) {
   if (!t.clase->esLectura || t.fallida) return;
   t.fallida = true;
   anotarFallido(t.datos.Grupo, t.datos.Clase);
-  if (!t.clase->total) return;
+  const auto hay = hayGrupo(t.datos.Grupo);
+  if (!t.clase->total || (hay && !*hay)) return;
   if (auto r = entorno.sesion.lecturaFallida(t.datos.Grupo, *t.clase->total); !r)
     decir(t, entorno.textos(kTxFalloSinAnotar, {t.datos.Grupo, r.error().texto}));
 }

@@ -132,6 +132,8 @@ struct gestcomm::Interior {
   int nueva(const DatosTarea& que);
   void hacerEsperar(const TareaViva& t);
   Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
+  // Whether its code is still a group's: what comes for one that was deleted is stored nowhere.
+  Resultado<bool> hayGrupo(int grupo);
   TareaViva* tarea(int id);
   TareaViva* tareaDe(int canal);
   void quitar(int id);

@@ -4,6 +4,7 @@
 
 #include "comm/motor/Interior.h"
 #include "comm/motor/Negativa.h"
+#include "comm/motor/TextosMotor.h"
 
 namespace tarvo::motor {
 
@@ -143,6 +144,35 @@ int gestcomm::ReponerTarea() {
 
 bool gestcomm::hayQuitadas() const {
   return !d->quitadas.empty();
+}
+
+Resultado<> gestcomm::puedeIrse(int grupo) const {
+  for (const auto& [id, t] : d->tareas) {
+    const bool enCurso =
+        t->Estado == kAbriendo || t->Estado == kTransfiriendo || t->Estado == kRetenido;
+    if (t->datos.Grupo == grupo && t->Estado != kTerminado && (enCurso || t->datos.paso >= 0))
+      return fallo(Fallo::Ocupado, d->entorno.textos(kTxGrupoComunica, {grupo}));
+  }
+  return {};
+}
+
+int gestcomm::tareasDe(int grupo) const {
+  return static_cast<int>(std::ranges::count_if(d->tareas, [grupo](const auto& par) {
+    return par.second->datos.Grupo == grupo && par.second->Estado != kTerminado;
+  }));
+}
+
+Resultado<> gestcomm::olvidarGrupo(int grupo) {
+  TARVO_INTENTAR(puedeIrse(grupo));
+  std::vector<int> ids;
+  for (const auto& [id, t] : d->tareas)
+    if (t->datos.Grupo == grupo) ids.push_back(id);
+  for (const int id : ids) d->eliminar(id);
+  std::erase_if(d->quitadas, [grupo](const DatosTarea& t) { return t.Grupo == grupo; });
+  d->gruposFallidos.erase(grupo);
+  d->clasesFallidas.erase(grupo);
+  d->cambioCola();
+  return {};
 }
 
 int gestcomm::ReintentarTodo() {

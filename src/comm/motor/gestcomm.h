@@ -97,6 +97,12 @@ class gestcomm final : private enlace::ClienteEnlace {
   // Returns as NuevaTarea; -1 if there is none.
   int ReponerTarea();
   bool hayQuitadas() const;
+  // A group is to be deleted: whether no task of it is under way or belongs to a process. Ocupado
+  // otherwise, with a sentence.
+  Resultado<> puedeIrse(int grupo) const;
+  int tareasDe(int grupo) const;
+  // It is deleted: its tasks leave the queue and can't be put back. As puedeIrse.
+  Resultado<> olvidarGrupo(int grupo);
   // Retries now all tasks that failed, were rejected, stopped while opening or not sent, with their
   // attempts counted anew. Returns their number.
   int ReintentarTodo();

@@ -96,7 +96,7 @@ std::vector<DialogoGrupos::FaltaCampo> DialogoGrupos::comprobar() {
 }
 
 bool DialogoGrupos::conforme() {
-  return consientePerder(*this, s_, clase_, elegidos());
+  return consientePerder(*this, s_.grupos, s_.sesion, clase_, elegidos());
 }
 
 Resultado<> DialogoGrupos::aplicar() {

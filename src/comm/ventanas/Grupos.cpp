@@ -32,15 +32,15 @@ QString loQueTiene(const envios::Perdida& p, const std::optional<qint64>& sinPer
 
 }  // namespace
 
-bool consientePerder(ventanas::Ventana& quien, const Servicios& s, TipoTarea clase,
-                     const std::vector<int>& grupos) {
+bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& losGrupos,
+                     totals::Sesion& sesion, TipoTarea clase, const std::vector<int>& grupos) {
   if (clase != TipoTarea::TxZero && clase != TipoTarea::BorrPlu) return true;
-  const auto perdidas = s.grupos.loQueSePierde(grupos);
+  const auto perdidas = losGrupos.loQueSePierde(grupos);
   if (!quien.haIdoBien(perdidas)) return false;
   QStringList lineas{quien.t(clase == TipoTarea::BorrPlu ? kTxPreguntaBorrado : kTxPreguntaCero,
                              static_cast<int>(perdidas->size()))};
   for (const auto& p : *perdidas | std::views::take(kGruposNombrados)) {
-    const auto sinPeriodo = s.sesion.sinPeriodo(p.grupo);
+    const auto sinPeriodo = sesion.sinPeriodo(p.grupo);
     if (!quien.haIdoBien(sinPeriodo)) return false;
     lineas << loQueTiene(p, *sinPeriodo, quien);
   }

@@ -102,6 +102,9 @@ class Ajustes {
   // ignored) as a path of this system: relative names are relative to `base`; an existing file is
   // found regardless of case, the exact name first. A missing one keeps the case it was given.
   static QString ruta(const QString& nombre, const QString& base);
+  // A path as it is kept on disk: relative to `base` when it lies below it, so that it still names
+  // the same file when the folder is moved or copied. `ruta` turns it back.
+  static QString relativa(const QString& ruta, const QString& base);
 
   bool EsEspanol() const { return idioma == Idioma::Espanol; }
   bool NoEspanol() const { return !EsEspanol(); }

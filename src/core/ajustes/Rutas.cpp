@@ -34,4 +34,9 @@ QString Ajustes::ruta(const QString& nombre, const QString& base) {
   return hecha.isEmpty() ? QStringLiteral("/") : hecha;
 }
 
+QString Ajustes::relativa(const QString& ruta, const QString& base) {
+  const QString limpia = QDir::cleanPath(ruta), carpeta = QDir::cleanPath(base) + u'/';
+  return limpia.startsWith(carpeta) ? limpia.mid(carpeta.size()) : limpia;
+}
+
 }  // namespace tarvo

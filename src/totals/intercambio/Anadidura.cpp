@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <algorithm>
 
+#include "core/ajustes/Ajustes.h"
 #include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/FinDeFichero.h"
@@ -38,8 +39,13 @@ bool esDeExportacion(const QString& ruta, const QByteArray& principio) {
          (segunda == 0 || segunda == principio.size() || principio[segunda] == '*');
 }
 
+QString carpetaDe(const dao::Database& db) {
+  return QFileInfo(db.ruta()).absolutePath();
+}
+
 struct Abierto {
-  QString ruta;
+  QString anotada, ruta;
+  QString carpeta;  // of the database when it was noted
   qint64 antes, tope;
   QString vecindad;
   QByteArray cabeza;
@@ -72,6 +78,14 @@ bool cortar(const Abierto& a) {
 
 }  // namespace
 
+QString rutaAnotada(const dao::Database& db, const QString& ruta) {
+  return Ajustes::relativa(ruta, carpetaDe(db));
+}
+
+QString rutaDe(const dao::Database& db, const QString& anotada) {
+  return Ajustes::ruta(anotada, carpetaDe(db));
+}
+
 Anadidura::Anadidura(dao::Database& db, const QString& ruta, Creciente fichero, qint64 antes,
                      qint64 tope, QByteArray cabeza)
     : db_(db),
@@ -85,19 +99,24 @@ Anadidura::~Anadidura() {
   if (!cuenta_) deshacer();
 }
 
-Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>& ruta) {
+Resultado<QStringList> Anadidura::recuperar(dao::Database& db, const std::optional<QString>& ruta) {
   std::vector<Abierto> abiertos;
   TARVO_INTENTAR(dao::recorrer(
-      db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA FROM ExportesAbiertos"),
+      db.consultar(u"SELECT RUTA, ANTES, TOPE, VECINDAD, CABEZA, CARPETA FROM ExportesAbiertos"),
       [&](const dao::Recordset& rs) {
-        if (!ruta || rs.texto(0) == *ruta)
-          abiertos.push_back({rs.texto(0), rs.entero(1), rs.entero(2), rs.texto(3),
-                              QByteArray::fromHex(rs.texto(4).toLatin1())});
+        const QString fichero = rutaDe(db, rs.texto(0));
+        if (!ruta || fichero == *ruta)
+          abiertos.push_back({rs.texto(0), fichero, rs.texto(5), rs.entero(1), rs.entero(2),
+                              rs.texto(3), QByteArray::fromHex(rs.texto(4).toLatin1())});
       }));
-  for (const Abierto& a : abiertos)
-    if (cortar(a))
-      TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", a.ruta));
-  return {};
+  QStringList ajenos;
+  for (const Abierto& a : abiertos) {
+    const bool ajeno = rutaAnotada(db, a.ruta).startsWith(u'/') && a.carpeta != carpetaDe(db);
+    if (ajeno) ajenos += a.ruta;
+    if (ajeno || cortar(a))
+      TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", a.anotada));
+  }
+  return ajenos;
 }
 
 Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, const QString& ruta,
@@ -122,12 +141,14 @@ Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, cons
   }
   const qint64 tope = std::max<qint64>(antes, 0) + largo;
   TARVO_INTENTAR(db.ejecutar(
-      u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD, CABEZA) VALUES (?, "
-      u"?, ?, ?, ?)",
-      ruta, antes, tope, huella, QString::fromLatin1(cabeza.toHex())));
+      u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD, CABEZA, CARPETA) "
+      u"VALUES (?, ?, ?, ?, ?, ?)",
+      rutaAnotada(db, ruta), antes, tope, huella, QString::fromLatin1(cabeza.toHex()),
+      carpetaDe(db)));
   auto f = Creciente::abrir(ruta, true);
   if (!f) {
-    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta));
+    TARVO_INTENTAR(
+        db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", rutaAnotada(db, ruta)));
     return std::unexpected(f.error());
   }
   return std::unique_ptr<Anadidura>(
@@ -155,15 +176,21 @@ Resultado<Anadidura::Sitio> Anadidura::asegurar() {
 }
 
 Resultado<> Anadidura::contada() {
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
+  TARVO_INTENTAR(borrarNota());
   const qint64 desde = std::max<qint64>(antes_, 0);
   return anotarFinal(db_, ruta_, desde, desde + escrito_, cabeza_);
+}
+
+Resultado<> Anadidura::borrarNota() {
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", rutaAnotada(db_, ruta_)));
+  return {};
 }
 
 // If this fails, the note stays, and the next export into the file or the next start cuts it back.
 void Anadidura::deshacer() {
   const bool fuera = antes_ < 0 ? QFile::remove(ruta_) : fichero_.cortar(antes_).has_value();
-  if (fuera) static_cast<void>(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
+  if (fuera) static_cast<void>(borrarNota());
 }
 
 // A fingerprint without its mark covers the whole file up to there.

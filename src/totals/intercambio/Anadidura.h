@@ -14,6 +14,11 @@
 
 namespace tarvo::totals {
 
+// The name under which a file is kept in a database: relative to the database's folder when it lies
+// below it, so that a copied or moved folder knows its own files. `rutaDe` turns it back.
+QString rutaAnotada(const dao::Database& db, const QString& ruta);
+QString rutaDe(const dao::Database& db, const QString& anotada);
+
 class Anadidura {
  public:
   // `largo` bytes are to come, the first of them `cabeza`. An Error when the file exists and is not
@@ -42,13 +47,17 @@ class Anadidura {
   // Whether a file holds it; false for a missing file.
   static Resultado<bool> estaEn(const QString& ruta, const Sitio& sitio);
   // Cuts back what a dead program left half done in any file, or in one. A file that can't be
-  // reached or is being written stays noted; one that has been replaced since is left alone.
-  static Resultado<> recuperar(dao::Database& db, const std::optional<QString>& ruta = {});
+  // reached or is being written stays noted; one that has been replaced since is left alone. So is
+  // a file outside the database's folder if the database was in another folder then: it may belong
+  // to the one that this is a copy of. Returns these, which are noted no longer.
+  static Resultado<QStringList> recuperar(dao::Database& db,
+                                          const std::optional<QString>& ruta = {});
 
  private:
   Anadidura(dao::Database& db, const QString& ruta, ficheros::Creciente fichero, qint64 antes,
             qint64 tope, QByteArray cabeza);
   Resultado<> volcar();
+  Resultado<> borrarNota();
   void deshacer();
 
   dao::Database& db_;

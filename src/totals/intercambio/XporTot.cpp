@@ -107,8 +107,8 @@ Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
       db_.consultar(u"SELECT RUTA, ANTES, DESPUES, HUELLA, HECHO FROM Exportes WHERE MARCA=?",
                     marca));
   if (rs->Eof()) return Avance{};
-  TARVO_TOMAR(const auto escrito,
-              Anadidura::estaEn(rs->texto(0), {rs->entero(1), rs->entero(2), rs->texto(3)}));
+  TARVO_TOMAR(const auto escrito, Anadidura::estaEn(fichero(rs->texto(0)),
+                                                    {rs->entero(1), rs->entero(2), rs->texto(3)}));
   return Avance{escrito, escrito && rs->logico(4)};
 }
 
@@ -133,23 +133,53 @@ Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& p
     TARVO_INTENTAR(
         db_.ejecutar(u"INSERT OR REPLACE INTO Exportes (MARCA, RUTA, ANTES, DESPUES, HUELLA, "
                      u"HECHO) VALUES (?, ?, ?, ?, ?, 0)",
-                     marca, ruta, sitio.desde, sitio.hasta, sitio.huella));
+                     marca, anotada(ruta), sitio.desde, sitio.hasta, sitio.huella));
   TARVO_INTENTAR(t.confirmar());
   fichero->confirmada();
   return {};
 }
 
-Resultado<> XporTot::recuperar() {
-  return Anadidura::recuperar(db_);
+Resultado<QStringList> XporTot::recuperar() {
+  TARVO_TOMAR(const auto ajenos, Anadidura::recuperar(db_));
+  QStringList avisos;
+  for (const QString& ruta : ajenos) avisos += p_.textos()(kTxExporteAjeno, {ruta});
+  return avisos;
 }
 
-Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca) {
+QString XporTot::anotada(const QString& ruta) const {
+  return rutaAnotada(db_, ruta);
+}
+QString XporTot::fichero(const QString& anotada) const {
+  return rutaDe(db_, anotada);
+}
+
+// The debts are the runner's, which may not have its tables yet.
+Resultado<> XporTot::pagar(const std::vector<qint64>& links, const QString& ruta) {
+  if (!db_.existeTabla(u"ExportesPendientes")) return {};
+  for (const qint64 link : links)
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?)",
+                                link, ruta, anotada(ruta)));
+  return {};
+}
+
+Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
+                              const QString& ruta) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  if (marca.isEmpty()) TARVO_INTENTAR(pagar(links, ruta));
+  QStringList quedan;
   if (borrar)
-    for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarEntregado(link));
+    for (const qint64 link : links) {
+      TARVO_TOMAR(const auto debidos, p_.debidosDe(link));
+      if (debidos.isEmpty() || !marca.isEmpty())
+        TARVO_INTENTAR(p_.BorrarEntregado(link));
+      else
+        quedan += debidos;
+    }
   if (!marca.isEmpty())
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
-  return t.confirmar();
+  TARVO_INTENTAR(t.confirmar());
+  if (quedan.isEmpty()) return {};
+  return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));
 }
 
 Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
@@ -166,7 +196,7 @@ Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
     if (!nuevos) return false;
     TARVO_INTENTAR(escribir(ruta, *nuevos, como.corto, marca));
   }
-  TARVO_INTENTAR(terminar(periodos, como.borrar, marca));
+  TARVO_INTENTAR(terminar(periodos, como.borrar, marca, ruta));
   return true;
 }
 

@@ -27,7 +27,10 @@ class XporTot {
   // A value that doesn't fit its column stops the whole export with an Error naming the period and
   // the row, and nothing is written. An export interrupted between the file and the database is
   // recognised (table Exportes, by `marca`) and not written twice; `marca` empty: no such check.
-  // REQUIRES that no transaction is open: the note must be on disk before the file changes.
+  // REQUIRES that no transaction is open: the note must be on disk before the file changes. Without
+  // a mark it is a person's, and pays what is owed of the periods to that file, and doesn't delete
+  // one that is still owed elsewhere: Restriccion, with everything exported. With a mark the caller
+  // does both.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
   // The bytes of one block, piece by piece: two header lines and the rows. An Error from `recibe`
@@ -35,10 +38,14 @@ class XporTot {
   using Recibe = std::function<Resultado<>(const QByteArray&)>;
   Resultado<> bloque(const Columna& periodo, bool corto, const Recibe& recibe);
   // Cuts off what a dead program left half written, in any file. For the start; an export does so
-  // for its own file.
-  Resultado<> recuperar();
+  // for its own file. Returns sentences about files that may have been left so and are not touched,
+  // because they may be another database's.
+  Resultado<QStringList> recuperar();
   // Empty for a name that can't be a file's.
   QString rutaDestino(const QString& nombre) const;
+  // The file as it is kept in the database, and back.
+  QString anotada(const QString& ruta) const;
+  QString fichero(const QString& anotada) const;
 
  private:
   struct Avance {
@@ -51,7 +58,9 @@ class XporTot {
   Resultado<std::optional<std::vector<Columna>>> columnas(const std::vector<qint64>& links);
   Resultado<> escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
                        const QString& marca);
-  Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca);
+  Resultado<> pagar(const std::vector<qint64>& links, const QString& ruta);
+  Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
+                       const QString& ruta);
 
   dao::Database& db_;
   Periodos& p_;

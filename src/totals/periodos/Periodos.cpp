@@ -104,36 +104,6 @@ Resultado<> Periodos::VaciarPeriodo(qint64 link) {
   return t.confirmar();
 }
 
-Resultado<std::vector<Periodo>> Periodos::saldriaDe(qint64 link, int tipo, Fecha desde,
-                                                    Fecha hasta) {
-  TARVO_TOMAR(const auto c, columna(link));
-  std::vector<Periodo> v;
-  if (!c) return v;
-  const Periodo nuevo = LimitesPeriodo(tipo, desde, hasta);
-  for (int mayor = kSemanal; mayor <= kAnual; ++mayor)
-    if (c->acumulado(mayor) && !mayorDe(mayor, nuevo))
-      v.push_back(mayorDe(mayor, c->periodo).value_or(Periodo{mayor, c->periodo.desde, {}}));
-  return v;
-}
-
-Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha hasta,
-                                     bool aunqueSalga) {
-  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  const Periodo p = LimitesPeriodo(tipo, desde, hasta);
-  TARVO_TOMAR(const auto otro, BuscarPeriodo(p.tipo, p.desde, p.hasta));
-  if (otro && otro->LINK == link) return t.confirmar();
-  if (otro) return fallo(Fallo::Duplicado, textos_(kTxPeriodoRepetido, {TextoPeriodo(p)}));
-  TARVO_TOMAR(const auto salen, saldriaDe(link, tipo, desde, hasta));
-  if (!salen.empty() && !aunqueSalga)
-    return fallo(Fallo::Restriccion, textos_(kTxSaldriaDe, {TextoPeriodos(salen)}));
-  TARVO_TOMAR(auto marcas, DesacumularTodo(link));
-  for (const Periodo& mayor : salen) marcas.de(mayor.tipo) = false;
-  TARVO_INTENTAR(db_.ejecutar(u"UPDATE COLUMNA SET TIPO=?, FECHA1=?, FECHAF=? WHERE LINK=?", p.tipo,
-                              p.desde, p.hasta, link));
-  TARVO_INTENTAR(ReacumularTodo(link, marcas));
-  return t.confirmar();
-}
-
 Resultado<> Periodos::BorrarPeriodo(qint64 link, std::optional<TipoTotal> clase) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   if (clase) {

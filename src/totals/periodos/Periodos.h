@@ -27,6 +27,13 @@ struct Columna {
   }
 };
 
+// A table that names a period by its dates and must follow when they change.
+struct NotaDePeriodo {
+  QString tabla;
+  bool porNumero = false;  // by its number, and the dates tell it from another one with that number
+};
+std::vector<NotaDePeriodo> notasDePeriodo();
+
 class Periodos {
  public:
   Periodos(dao::Database& db, const Ajustes& ajustes, stock::Almacenes& almacenes,
@@ -98,6 +105,9 @@ class Periodos {
   // Several in one transaction, skipping missing ones. Returns how many there were.
   Resultado<int> DescontarVarios(const std::vector<qint64>& links, int veces);
 
+  // What nights still owe of it: to which file, into which larger period; a sentence each.
+  Resultado<QStringList> debidosDe(qint64 link);
+
   dao::Database& base() const { return db_; }
   const Ajustes& ajustes() const { return a_; }
   const Textos& textos() const { return textos_; }
@@ -114,7 +124,11 @@ class Periodos {
   Resultado<> quitarPeriodo(qint64 link);
   Resultado<> recordar(const Columna& vieja);
   Resultado<std::vector<Sustituido>> sustituidos(const Periodo& p, const QString& marca);
-  Resultado<> sacarSustituido(const Sustituido& s, int tipo);
+  Resultado<> moverSustituido(const Sustituido& s, int tipo, int signo);
+  Resultado<> olvidarMarca(const Sustituido& s, int tipo);
+  Resultado<> mudarSustituidos(const Periodo& de, const Periodo& a);
+  Resultado<> mudarNotas(qint64 link, const Periodo& de, const Periodo& a);
+  Resultado<> renumerarNotas(qint64 viejo, qint64 nuevo);
   // A larger period is deleted: it no longer holds anything of any version.
   Resultado<> olvidarSustituidosEn(const Periodo& mayor);
   Resultado<> limpiarSustituidos();

@@ -56,6 +56,7 @@ Resultado<qint64> Periodos::sustituir(const Columna& vieja, const QString& descr
                                                  {{u"tabla", QString::fromUtf16(k.tabla)}}),
                                   *nuevo, c.LINK));
   TARVO_INTENTAR(db_.ejecutar(u"UPDATE Sumados SET LINK=? WHERE LINK=?", *nuevo, c.LINK));
+  TARVO_INTENTAR(renumerarNotas(c.LINK, *nuevo));
   TARVO_INTENTAR(t.confirmar());
   return nuevo;
 }
@@ -78,12 +79,35 @@ Resultado<bool> Periodos::tieneAnterior(int tipo, const Columna& c) {
   return !viejas.empty();
 }
 
-Resultado<> Periodos::sacarSustituido(const Sustituido& s, int tipo) {
+Resultado<> Periodos::moverSustituido(const Sustituido& s, int tipo, int signo) {
   TARVO_TOMAR(const auto destino, destinoDe(tipo, s.periodo));
   if (!destino) return {};
   for (const ClaseTotal& c : enVigor(a_))
-    TARVO_INTENTAR(sumarFilas(db_, c, *destino, filasGuardadas(c), s.ID, -1, textos_));
+    TARVO_INTENTAR(sumarFilas(db_, c, *destino, filasGuardadas(c), s.ID, signo, textos_));
   return {};
+}
+
+Resultado<> Periodos::olvidarMarca(const Sustituido& s, int tipo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      dao::conMarcas(u"UPDATE Sustituidos SET {marca}=0 WHERE ID=?", {{u"marca", marcaDe(tipo)}}),
+      s.ID));
+  return {};
+}
+
+// A period has got other dates: what a larger one holds of its earlier versions goes to the larger
+// one of the new dates, like the sales of the period itself. Before the notes get the new dates.
+Resultado<> Periodos::mudarSustituidos(const Periodo& de, const Periodo& a) {
+  for (int tipo = kSemanal; tipo <= kAnual; ++tipo) {
+    const auto destino = mayorDe(tipo, a);
+    if (destino == mayorDe(tipo, de)) continue;
+    TARVO_TOMAR(const auto viejas, sustituidos(de, marcaDe(tipo)));
+    for (const Sustituido& s : viejas) {
+      TARVO_INTENTAR(moverSustituido(s, tipo, -1));
+      TARVO_INTENTAR(destino ? moverSustituido({s.ID, a, s.stkADO}, tipo, 1)
+                             : olvidarMarca(s, tipo));
+    }
+  }
+  return limpiarSustituidos();
 }
 
 Resultado<> Periodos::saldarAcumulado(int tipo, const Columna& nueva) {
@@ -91,10 +115,8 @@ Resultado<> Periodos::saldarAcumulado(int tipo, const Columna& nueva) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto viejas, sustituidos(nueva.periodo, marcaDe(tipo)));
   for (const Sustituido& s : viejas) {
-    TARVO_INTENTAR(sacarSustituido(s, tipo));
-    TARVO_INTENTAR(db_.ejecutar(
-        dao::conMarcas(u"UPDATE Sustituidos SET {marca}=0 WHERE ID=?", {{u"marca", marcaDe(tipo)}}),
-        s.ID));
+    TARVO_INTENTAR(moverSustituido(s, tipo, -1));
+    TARVO_INTENTAR(olvidarMarca(s, tipo));
   }
   if (!viejas.empty()) TARVO_INTENTAR(limpiarSustituidos());
   return t.confirmar();

@@ -1,5 +1,8 @@
 #include "totals/periodos/Sumas.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
@@ -84,6 +87,48 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
                                     u"FECHA1=? AND FECHAF=?",
                                     destino, p.tipo, p.desde, p.hasta));
   return n.entero() > 0;
+}
+
+// A replaced version counts as long as the larger period holds it.
+Resultado<std::vector<Periodo>> Sumas::directos(const Columna& c) {
+  const auto periodo = [](const dao::Recordset& f) {
+    return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
+  };
+  TARVO_TOMAR(
+      auto v,
+      dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=?", c.LINK),
+                  periodo));
+  const int tipo = c.periodo.tipo;
+  if (tipo < kSemanal || tipo > kAnual) return v;
+  for (const QString& tabla : {QStringLiteral("COLUMNA"), QStringLiteral("Sustituidos")}) {
+    TARVO_TOMAR(
+        const auto dentro,
+        dao::reunir(db_.consultar(dao::conMarcas(u"SELECT TIPO, FECHA1, FECHAF FROM {tabla} WHERE "
+                                                 u"{marca}<>0 AND FECHA1>=? AND FECHA1<=?",
+                                                 {{u"tabla", tabla}, {u"marca", marcaDe(tipo)}}),
+                                  c.periodo.desde, c.periodo.hasta),
+                    periodo));
+    std::ranges::copy_if(dentro, std::back_inserter(v),
+                         [&](const Periodo& p) { return Periodos::mayorDe(tipo, p) == c.periodo; });
+  }
+  return v;
+}
+
+Resultado<std::vector<Periodo>> Sumas::contenido(const Columna& c) {
+  std::vector<Periodo> todos;
+  std::vector<Columna> porMirar{c};
+  while (!porMirar.empty()) {
+    const Columna una = std::move(porMirar.back());
+    porMirar.pop_back();
+    TARVO_TOMAR(const auto suyos, directos(una));
+    for (const Periodo& p : suyos) {
+      if (p == c.periodo || std::ranges::find(todos, p) != todos.end()) continue;
+      todos.push_back(p);
+      TARVO_TOMAR(const auto hay, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+      if (hay) porMirar.push_back(*hay);
+    }
+  }
+  return todos;
 }
 
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {

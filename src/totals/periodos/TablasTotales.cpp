@@ -68,7 +68,9 @@ dao::TablasDeSala tablasTotales() {
                     {2, kExportesAbiertos},
                     {3, kSumas},
                     {4, kExportesFinales},
-                    {5, kMarcasTiradas}},
+                    {5, kMarcasTiradas},
+                    dao::columna(6, QStringLiteral("ExportesAbiertos"), QStringLiteral("CARPETA"),
+                                 QStringLiteral("TEXT DEFAULT ''"))},
           .copias = {}};
 }
 

@@ -67,6 +67,7 @@ class VerTot {
   void anadir(qint64 link);
   Resultado<std::vector<Columna>> elegidas();
   Resultado<bool> tieneDentro(const Columna& destino, const Columna& c);
+  Resultado<std::vector<Periodo>> comunes(const std::vector<Periodo>& enDestino, const Columna& c);
   Resultado<> ponerSolapes(const std::vector<Columna>& elegidas, Suma& suma);
 
   Periodos& p_;

@@ -1,5 +1,6 @@
 // Sums of the selection: where they go, what they would count twice, and how one is undone.
 #include <algorithm>
+#include <iterator>
 
 #include "totals/periodos/Sumas.h"
 #include "totals/periodos/VerTot.h"
@@ -26,6 +27,26 @@ Resultado<bool> VerTot::tieneDentro(const Columna& destino, const Columna& c) {
   return Sumas(p_).tiene(destino.LINK, c.periodo);
 }
 
+// The periods in `destino` that have days in common with `c` or with what it holds; without those
+// that lie within another of them.
+Resultado<std::vector<Periodo>> VerTot::comunes(const std::vector<Periodo>& enDestino,
+                                                const Columna& c) {
+  TARVO_TOMAR(auto suyos, Sumas(p_).contenido(c));
+  suyos.push_back(c.periodo);
+  std::vector<Periodo> v;
+  std::ranges::copy_if(enDestino, std::back_inserter(v), [&](const Periodo& p) {
+    return std::ranges::any_of(suyos, [&p](const Periodo& suyo) { return suyo.solapa(p); });
+  });
+  const auto todos = v;
+  std::erase_if(v, [&](const Periodo& p) {
+    return std::ranges::any_of(todos, [&p](const Periodo& otro) {
+      return otro.desde <= p.desde && p.hasta <= otro.hasta &&
+             (otro.desde < p.desde || p.hasta < otro.hasta);
+    });
+  });
+  return v;
+}
+
 Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma) {
   for (size_t i = 0; i < cuales.size(); ++i)
     for (size_t j = i + 1; j < cuales.size(); ++j)
@@ -34,13 +55,18 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
   if (!suma.existente) return {};
   const Columna& destino = *suma.existente;
   const bool elegido = std::ranges::find(cuales, destino.LINK, &Columna::LINK) != cuales.end();
+  TARVO_TOMAR(const auto enDestino, Sumas(p_).contenido(destino));
   for (const Columna& c : cuales) {
     if (c.LINK == destino.LINK) continue;
     TARVO_TOMAR(const auto dentro, tieneDentro(destino, c));
-    if (!dentro) continue;
-    suma.dentro.push_back(c.LINK);
-    // With the target selected it is reported above, as an overlap of the two.
-    if (!elegido) suma.solapes.push_back({c.periodo, destino.periodo, true});
+    if (dentro) suma.dentro.push_back(c.LINK);
+    if (elegido) continue;  // reported above, as an overlap of the two
+    if (dentro) {
+      suma.solapes.push_back({c.periodo, destino.periodo, true});
+      continue;
+    }
+    TARVO_TOMAR(const auto comunes, this->comunes(enDestino, c));
+    for (const Periodo& p : comunes) suma.solapes.push_back({c.periodo, p});
   }
   return {};
 }

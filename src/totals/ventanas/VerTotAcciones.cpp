@@ -19,10 +19,13 @@ namespace tarvo::totals {
 using namespace Qt::StringLiterals;
 using ventanas::kAceptoCancelo;
 using ventanas::kExclamacion;
+using ventanas::kPrudente;
 using ventanas::kSoloAcepto;
 using ventanas::MyMsgBox;
 
 namespace {
+
+constexpr qsizetype kDebidosALaVista = 6;
 
 // Each larger period once.
 QString textoMayores(const std::vector<Acumulacion>& hechas) {
@@ -196,6 +199,21 @@ void VerTotVentana::apuntar(const Vuelta& v) {
 
 // --- deletion
 
+// What nights still owe of the periods and will not be done without them; empty if nothing.
+std::optional<QString> VerTotVentana::loQueSeDebe(const std::vector<qint64>& links) {
+  QStringList lineas;
+  for (const qint64 link : links) {
+    const auto suyas = p_.debidosDe(link);
+    if (!haIdoBien(suyas)) return std::nullopt;
+    lineas += *suyas;
+  }
+  if (lineas.isEmpty()) return QString();
+  const auto demas = lineas.size() - kDebidosALaVista;
+  lineas = lineas.mid(0, kDebidosALaVista);
+  if (demas > 0) lineas += u"... +%1"_s.arg(demas);
+  return u"\n\n"_s + t(kTxSePerderaLoDebido) + u'\n' + lineas.join(u'\n');
+}
+
 void VerTotVentana::borrar(bool soloFilas) {
   const auto links = elegidos();
   const auto que = links.empty() ? std::nullopt : resumenDe(links);
@@ -203,10 +221,12 @@ void VerTotVentana::borrar(bool soloFilas) {
   const int cuantos = static_cast<int>(links.size());
   const QString pregunta =
       t(soloFilas ? kTxVaciara : kTxBorrara, cuantos) + u'\n' + t(kTxSonValiosos);
-  if (!MyMsgBox::Decide(
-          this, contexto().textos,
-          pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s + t(kTxSePuedeDeshacer),
-          kAceptoCancelo | kExclamacion))
+  const auto debidos = loQueSeDebe(links);
+  if (!debidos) return;
+  if (!MyMsgBox::Decide(this, contexto().textos,
+                        pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s +
+                            t(kTxSePuedeDeshacer) + *debidos,
+                        kAceptoCancelo | kExclamacion | (debidos->isEmpty() ? 0 : kPrudente)))
     return;
   const auto lote = papelera_.nuevoLote();
   if (!haIdoBien(lote)) return;

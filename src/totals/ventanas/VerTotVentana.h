@@ -59,6 +59,7 @@ class VerTotVentana final : public ventanas::Ventana {
 
   void editar(bool nuevo);
   void guardado(const Guardado& g);
+  std::optional<QString> loQueSeDebe(const std::vector<qint64>& links);
   void borrar(bool soloFilas);
   void acumular(int tipo);
   Resultado<bool> acumularUno(qint64 link, int tipo, std::vector<Acumulacion>& hechas);

@@ -15,7 +15,7 @@ TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
   s.p.periodo(
       {.link = 7, .desde = 43000, .hasta = 43000 + Fecha::kUltimoSegundo, .descr = u"Ventas"});
   Pendientes libro(s.p.db());
-  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, 1, s.ruta(u"X.EXP"_s)}, {u"1.1"_s, {7}}));
+  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"X"_s, u"X.EXP"_s, {}}, 7, u"1.1"_s));
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
   QWidget* v = s.todas().abrir(u"Debidos"_s);
   ASSERT_TRUE(v);

@@ -107,6 +107,31 @@ TEST(Personal, SePoneSeCambiaSeEjecutaYSeQuita) {
 }
 
 // The fault in a process is reported, instead of a missing timetable with its name.
+// What a process makes machines forget is named, group by group, before it runs; Return keeps it.
+TEST(Personal, LoQueHaceOlvidarSeNombraAntes) {
+  for (const char* paso : {"T:TX_ZERO,1", "T:BORRPLU,ALL", "N:%1,Grupo\r\nT:TX_ZERO,%1"}) {
+    MesaPrincipal t;
+    t.sql(u"update GRUPOS set NOMGPO='Charcutería', TIPO=2, REMOTO=4 where CODGPO=1"_s);
+    t.fichero(u"CIERRE.AUT"_s, QByteArray("@INICIO BATCH\r\n") + paso + "\r\n@FINAL BATCH\r\n");
+    t.personal() = {{u"Cierre"_s, u"CIERRE"_s}};
+    auto* v = t.principal();
+    QString pregunta;
+    QTimer::singleShot(0, qApp, [&] {
+      QTimer::singleShot(0, qApp, [&] {
+        ASSERT_TRUE(esperar([] { return QApplication::activeModalWidget(); }));
+        QWidget* caja = QApplication::activeModalWidget();
+        pregunta = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+        QTest::keyClick(caja, Qt::Key_Return);
+      });
+      QTest::mouseClick(QApplication::activeModalWidget()->findChild<QPushButton*>(u"Acepto"_s),
+                        Qt::LeftButton);
+    });
+    QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
+    EXPECT_TRUE(pregunta.contains(u"0001 Charcutería"_s)) << paso << pregunta.toStdString();
+    EXPECT_FALSE(t.suplente(u"Automat"_s)) << paso;
+  }
+}
+
 TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
   MesaPrincipal t;
   t.fichero(u"PEDIDO.AUT"_s, "@INICIO BATCH\r\nS:ABRIR\r\nT:NADA,ALL\r\n@FINAL BATCH\r\n");

@@ -93,6 +93,36 @@ TEST(VentanaAcciones, BorrarSeNiegaConCancelar) {
   EXPECT_EQ(t.leer(kFilas), antes);
 }
 
+// What a night still owes of a period would go with it: it is named, and Return keeps the period.
+TEST(VentanaAcciones, BorrarNombraLoQueSeDebe) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  for (const char16_t* tabla : {u"ExportesPendientes", u"PeriodosPendientes"})
+    t.sql(
+        u"create table %1 (NUMERO integer, LINK integer, FECHA1 real, FECHAF real, RUTA text, "
+        u"VERBO integer, TIPO integer)"_s.arg(QString::fromUtf16(tabla)));
+  t.sql(
+      u"insert into ExportesPendientes select 1, LINK, FECHA1, FECHAF, 'VENTAS.EXP', 0, 0 from "
+      u"COLUMNA where LINK=?"_s,
+      lunes);
+  t.sql(
+      u"insert into PeriodosPendientes select 1, LINK, FECHA1, FECHAF, '', 6, 2 from COLUMNA "
+      u"where LINK=?"_s,
+      lunes);
+  const QString antes = t.leer(kFilas);
+  t.abrirLista();
+  QString pregunta;
+  QTimer::singleShot(0, qApp, [&] {
+    QWidget* caja = QApplication::activeModalWidget();
+    pregunta = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
+    QTest::keyClick(caja, Qt::Key_Return);
+  });
+  t.tecla(Qt::Key_Delete, Qt::ControlModifier);
+  EXPECT_TRUE(pregunta.contains(u"exportarlo a VENTAS.EXP"_s)) << pregunta.toStdString();
+  EXPECT_TRUE(pregunta.contains(u"acumularlo en el periodo SEMANAL"_s)) << pregunta.toStdString();
+  EXPECT_EQ(t.leer(kFilas), antes);
+}
+
 // A period not created by a reception is asked about; its sales are never deducted from stock,
 // whichever the answer, and that is reported. The others are deducted once, and restored by undo.
 TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {

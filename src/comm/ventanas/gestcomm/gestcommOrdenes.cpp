@@ -205,7 +205,7 @@ void gestcommVentana::pedirGrupos(const EntradaMenu& e) {
                        (e.modo == kModoCero && contexto().ajustes.EsEspanol());
   if (grupos->size() == 1 && !pideMas) {
     const std::vector<int> suyo{grupos->front().codigo};
-    if (consientePerder(*this, s_, e.clase, suyo))
+    if (consientePerder(*this, s_.grupos, s_.sesion, e.clase, suyo))
       encolarGrupos(*this, s_.motor, suyo, {.clase = e.clase});
     return;
   }

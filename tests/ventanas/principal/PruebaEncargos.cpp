@@ -1,0 +1,112 @@
+// A process of another program has to wait for a run of a person, but not for a person who has
+// gone.
+#include "app/Entrega.h"
+#include "app/ventanas/Encargos.h"
+#include "app/ventanas/RegistrarVentanas.h"
+#include "comm/cables/FabricaReal.h"
+#include "ventanas/Mesa.h"
+
+namespace tarvo::prueba {
+namespace {
+
+struct MesaDeEncargos {
+  MesaDeEncargos() {
+    bien(aplicacion.empezar());
+    app::registrarVentanas(escritorio.ventanas(), aplicacion);
+    preguntas.poner(&escritorio.ventanas());
+    aplicacion.automat().alTerminar = [this](automation::ResultadoProceso r) {
+      if (!encargos.terminado(r)) suyo = r;
+    };
+    bien(encargos.escuchar());
+  }
+  std::vector<automation::PasoProceso> pasos(const QStringList& lineas) const {
+    std::vector<automation::PasoProceso> v;
+    for (const QString& linea : lineas) v.push_back(*bien(aplicacion.lenguaje().LeerPaso(linea)));
+    return v;
+  }
+  void correr(qint64 ms) {
+    for (qint64 van = 0; van < ms; van += 500) {
+      relojEncargos.avanzar(500);
+      QCoreApplication::processEvents();
+    }
+  }
+
+  QTemporaryDir carpeta;
+  Textos textos = bien(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
+  RelojReal reloj;
+  RelojVirtual relojEncargos{Fecha::de(QDate(2026, 3, 4), QTime(22, 0))};
+  std::unique_ptr<app::Fondo> fondo =
+      bien(app::Fondo::abrir(carpeta.path(), Idioma::Espanol, textos, reloj));
+  enlace::FabricaReal fabrica{reloj, fondo->ajustes};
+  app::PreguntasApp preguntas{{}, textos};
+  app::Aplicacion aplicacion{*fondo, reloj, fabrica, 1, preguntas};
+  ventanas::Escritorio escritorio{
+      *qApp, *fondo->db, fondo->ajustes, textos, reloj, ventanas::Cara::Clara, {}};
+  app::Encargos encargos{*fondo, aplicacion, preguntas, escritorio.ventanas(), relojEncargos};
+  std::optional<automation::ResultadoProceso> suyo;  // of the person's run
+};
+
+TEST(Encargos, LaNocheNoEsperaAQuienSeHaIdo) {
+  for (const bool pregunta : {true, false}) {
+    MesaDeEncargos m;
+    auto& automat = m.aplicacion.automat();
+    std::optional<int> fin;
+    QStringList avisos;
+    std::unique_ptr<app::Entrega> entrega;
+    bool probado = false;
+    const auto noche = [&] {
+      entrega = std::make_unique<app::Entrega>(
+          m.fondo->ajustes.BaseDatos,
+          app::Peticion{.que = app::Peticion::Que::Proceso,
+                        .ventana = {},
+                        .nombre = u"NOCHE"_s,
+                        .traza = {},
+                        .pasos = {u"P:LIMPIAR"_s},
+                        .omitidas = {},
+                        .datos = {}},
+          app::Entrega::Oyente{.decir = [](const QString&) {},
+                               .avisar = [&](const QString& s) { avisos << s; },
+                               .alAcabar = [&](int estado) { fin = estado; },
+                               .alCortarse = [&] { fin = -1; }},
+          m.reloj);
+      EXPECT_TRUE(esperar([&] {
+        m.correr(500);
+        return !avisos.isEmpty();
+      })) << "it is told that it has to wait";
+      m.correr(app::Cesion::kPacienciaMs - 10'000);
+      EXPECT_FALSE(m.suyo) << "a person may take that long";
+      EXPECT_TRUE(automat.enMarcha());
+      m.correr(20'000);
+      probado = true;
+    };
+    // A question is modal: what happens meanwhile happens within.
+    if (pregunta)
+      QTimer::singleShot(0, qApp, [&] {
+        EXPECT_TRUE(esperar([&] { return m.escritorio.ventanas().cargada(u"EnParMac"_s); }));
+        noche();
+      });
+    automat.PROCESO(pregunta ? m.pasos({u"N:%1,Grupo"_s, u"P:LIMPIAR"_s})
+                             : m.pasos({u"P:LIMPIAR"_s, u"P:LIMPIAR"_s}),
+                    {}, u"SUYO"_s);
+    if (!pregunta) {
+      automat.retener();
+      ASSERT_TRUE(esperar([&] { return automat.fase() == automation::kDetenidoEnPaso; }));
+      noche();
+    }
+    ASSERT_TRUE(esperar([&] {
+      m.correr(500);
+      return fin.has_value() && probado;
+    }));
+    EXPECT_EQ(*fin, 0);
+    EXPECT_EQ(m.suyo, automation::ResultadoProceso::Abortado);
+    EXPECT_EQ(avisos.filter(u"SUYO lleva cinco minutos"_s).size(), 1)
+        << avisos.join(u'\n').toStdString();
+    // The person's run is left to be continued.
+    EXPECT_EQ(m.fondo->db->uno(u"SELECT count(*) FROM Proceso WHERE NOMBRE='SUYO'")->entero(), 1);
+    m.encargos.dejar();
+    m.escritorio.ventanas().DescargaTodo();
+  }
+}
+
+}  // namespace
+}  // namespace tarvo::prueba
