@@ -150,8 +150,10 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
   std::map<int, Testimonios> preguntas;
   for (const auto& [addr, t] : testimonios) {
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
-    const Veredicto v =
-        dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda) : juzgarConfirmada(t);
+    TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
+    Veredicto v = dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda) : juzgarConfirmada(t);
+    // What was sold since the question takes evidence away; it adds none.
+    if (espera && v == Veredicto::Olvido) v = Veredicto::Duda;
     if (v == Veredicto::Duda) {
       preguntas[addr] = t;
       continue;

@@ -15,15 +15,21 @@ namespace {
 using dao::conMarcas;
 using dao::Database;
 
-// The amount of a group's articles, read whole since it last forgot.
-Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo) {
+// The amount of a machine's articles, read whole since it last forgot; `sola`: of a later run than
+// its grand total.
+Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo, int addr, bool sola) {
   TARVO_TOMAR(
       const auto rs,
-      db.consultar(conMarcas(u"SELECT (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
-                             u"TOTPLU.GRUPO=Lecturas.GRUPO) FROM Lecturas WHERE GRUPO=? AND "
-                             u"CLASE=? AND ESTADO=2 AND ENTERA<>0 AND {trasElCero}",
-                             {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
-                   grupo, numeroDe(TipoTotal::PLUs), 0));
+      db.consultar(
+          conMarcas(u"SELECT CASE WHEN MAQUINAS>1 THEN (SELECT COALESCE(SUM(IMP), 0) FROM "
+                    u"LectFilas f WHERE f.GRUPO=Lecturas.GRUPO AND f.CLASE=Lecturas.CLASE AND "
+                    u"f.ADDR=?) ELSE (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
+                    u"TOTPLU.GRUPO=Lecturas.GRUPO) END FROM Lecturas WHERE GRUPO=? AND CLASE=? AND "
+                    u"ESTADO=2 AND ENTERA<>0 AND {trasElCero} AND (NOT ? OR EXISTS (SELECT 1 FROM "
+                    u"Lecturas g WHERE "
+                    u"g.GRUPO=Lecturas.GRUPO AND g.CLASE=? AND g.EJECUCION<Lecturas.EJECUCION))",
+                    {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+          addr, grupo, numeroDe(TipoTotal::PLUs), addr, sola, numeroDe(TipoTotal::GranTotal)));
   return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 
@@ -171,9 +177,9 @@ Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
   return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
 }
 
-Resultado<> Sesion::ceroVisto(int grupo, int addr) {
+Resultado<> Sesion::ceroDesmentido(int grupo, int addr, bool igual) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, true));
+  TARVO_INTENTAR(desmentirPartes(db_, grupo, addr, igual));
   return tr.confirmar();
 }
 
@@ -214,10 +220,10 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                                          const Contadores& leido) {
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
   // For a process the sum of the articles will do.
-  if (!base && addr == 0 && d->enProceso) {
-    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo));
+  if (d->enProceso) {
+    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo, addr, base.has_value()));
     if (articulos && leido.IMP == *articulos) return Comparacion::Igual;
-    if (articulos) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
+    if (articulos && !base) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
   }
   if (!base) {
     TARVO_TOMAR(const auto otras,
