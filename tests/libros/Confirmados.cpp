@@ -130,4 +130,40 @@ TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
   }
 }
 
+// A register that confirms all its frames and clears only some kinds of total: the sums of its next
+// reading show which, and only what was sold since is added to the others.
+TEST_F(ConfirmadosTest, LaCajaQueSoloBorraUnaParte) {
+  const TipoTotal g = TipoTotal::GranTotal, p = TipoTotal::PLUs, d = TipoTotal::Departamentos;
+  const struct {
+    std::vector<TipoTotal> guarda;
+    Tras tras;
+    bool nombrada = true;
+  } casos[] = {{{p}, Tras::Cero},       {{d}, Tras::Cero},     {{p, d}, Tras::Cero},
+               {{}, Tras::Cero, false}, {{p}, Tras::SinVer},   {{g}, Tras::SinVer},
+               {{g, p}, Tras::SinVer},  {{g, d}, Tras::SinVer}};
+  for (int n = 0; const auto& c : casos) {
+    SCOPED_TRACE(n++);
+    auto& caja = t.grupos.at(2).at(1);
+    t.masTarde(23 * 60);
+    vender(0, 12, 0);
+    t.grupos.at(2).at(2).vender(40, 700, 0);
+    leerYMemorizar();
+    for (const bool obedece : {false, false, true}) {
+      EXPECT_TRUE(t.ponerACero(1));
+      EXPECT_TRUE(t.ponerACero(2, obedece, true, obedece ? Tras::Cero : c.tras));
+      if (!obedece) t.grupos.at(2).at(2).ponerACero();
+      for (const TipoTotal k : {g, p, d})
+        if (std::ranges::find(c.guarda, k) == c.guarda.end()) caja.de(k).clear();
+      t.amanecer();
+      vender(0, 3, 0, 2);
+      leerYMemorizar();
+      EXPECT_EQ(t.textoAvisos().contains(u"y no borró"), c.nombrada && !obedece)
+          << t.textoAvisos().toStdString();
+      EXPECT_FALSE(t.textoAvisos().contains(u"no cuadra")) << t.textoAvisos().toStdString();
+      t.cuadra(2);
+    }
+    t.desdeCero();
+  }
+}
+
 }  // namespace tarvo::prueba

@@ -95,7 +95,10 @@ bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, Tras tras
     if (tras == Tras::Igual)
       bien(p_->sesion.ceroDesmentido(numero, addr, true));
     else
-      bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(), tras == Tras::Cero));
+      bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(),
+                                tras != Tras::Cero ? totals::Sesion::Visto::Nada
+                                : addr == 0        ? totals::Sesion::Visto::Todo
+                                                   : totals::Sesion::Visto::GranTotal));
   }
   return true;
 }

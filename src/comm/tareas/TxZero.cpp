@@ -299,7 +299,10 @@ Resultado<> Cero::parteHecha() {
 
 Resultado<> Cero::hecha(bool visto) {
   const bool ultima = maquina_ + 1 == pendientes_.size() && desmentidas_.isEmpty();
-  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), ultima, visto));
+  // A register clears its kinds of total one after another.
+  using V = totals::Sesion::Visto;
+  const V que = !visto ? V::Nada : t_.Tipo == TipoGrupo::Registradoras ? V::GranTotal : V::Todo;
+  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), ultima, que));
   ++maquina_;
   m_ = {};
   return {};

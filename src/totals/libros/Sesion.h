@@ -119,9 +119,9 @@ class Sesion {
   };
   Resultado<Partes> partesHechas(int grupo, int addr);
   // The machine at this address has confirmed. When `ultima`, the group's PZERO is written as well
-  // (MarcarSesion 6). `visto`: its counters were seen to be gone; otherwise they are kept until its
-  // next reading shows it.
-  Resultado<> ceroHecho(int grupo, int addr, bool ultima, bool visto = false);
+  // (MarcarSesion 6). What wasn't seen to be gone is kept until its next reading shows it.
+  enum class Visto : int { Nada, GranTotal, Todo };
+  Resultado<> ceroHecho(int grupo, int addr, bool ultima, Visto visto = Visto::Nada);
   // The machine at this address has confirmed, but was seen to hold sales afterwards; `igual`: to
   // the unit those of its grand total when it was read. Its next reading shows what it forgot.
   Resultado<> ceroDesmentido(int grupo, int addr, bool igual);

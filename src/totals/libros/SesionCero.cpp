@@ -183,17 +183,17 @@ Resultado<> Sesion::ceroDesmentido(int grupo, int addr, bool igual) {
   return tr.confirmar();
 }
 
-Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, bool visto) {
+Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, Visto visto) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto));
+  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto == Visto::Todo));
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   const Fecha ahora = reloj_.ahora();
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO) "_s
-      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "_s
+      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO, "_s
+      u"VISTO) VALUES (?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "_s
       u"EJECUCION=excluded.EJECUCION, "_s
-      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
-      grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
+      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO, VISTO=excluded.VISTO"_s,
+      grupo, addr, d->ejecucion, ahora, sec, ahora, sec, visto == Visto::GranTotal));
   TARVO_INTENTAR(olvidarPartes(db_, grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
