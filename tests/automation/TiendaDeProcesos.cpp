@@ -39,7 +39,7 @@ class TrabajoDePrueba final : public motor::CursoTarea {
   Resultado<std::vector<totals::Aviso>> cerrar() override {
     std::vector<totals::Aviso> avisos;
     if (d_.Clase == TipoTarea::TxZero)
-      TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true));
+      TARVO_INTENTAR(en_.sesion.ceroHecho(d_.Grupo, 0, true, totals::Sesion::Visto::Todo));
     else if (esDeTotales(d_.Clase))
       TARVO_INTENTAR(leer(avisos));
     return avisos;

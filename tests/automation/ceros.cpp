@@ -10,7 +10,7 @@ TEST_F(RunnerTest, LoQueUnProcesoOlvidaNoSePoneACero) {
       u"T:RXGRTOT,1\r\nC:ESPERA,0,Sí\r\nS:OLVIDAR\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s;
   const auto lineas = correr(olvida);
   EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  EXPECT_EQ(lineas.filter(u"ha olvidado sus ventas sin memorizarlas"_s).size(), 1)
+  EXPECT_EQ(lineas.filter(u"olvidó sus ventas sin memorizarlas"_s).size(), 1)
       << lineas.join(u'\n').toStdString();
   EXPECT_EQ(maquinasDePrueba().ceros, 0);
   correr(kNoche);

@@ -19,7 +19,7 @@ struct Caso {
   int iguales;    // articles with the same sale the next day
   int otras;      // articles with a greater sale
   Dicho dicho;
-  bool visto = false;  // its grand total was seen to be zero
+  Tras tras = Tras::SinVer;
 };
 
 constexpr Caso kCasos[] = {
@@ -30,14 +30,25 @@ constexpr Caso kCasos[] = {
     {"miente, sólo piezas, y vende uno", false, 12, 0, 1, 0, Dicho::Preguntada},
     {"miente, sólo piezas, y no vende", false, 12, 0, 0, 0, Dicho::Preguntada},
     {"obedece y vende lo mismo", true, 12, 0, 12, 0, Dicho::Preguntada},
-    {"obedece, se ve, y vende lo mismo", true, 12, 150, 12, 0, Dicho::Nada, true},
+    {"obedece, se ve, y vende lo mismo", true, 12, 150, 12, 0, Dicho::Nada, Tras::Cero},
     {"obedece y vende la mitad, igual", true, 12, 150, 6, 0, Dicho::Nada},
-    {"obedece y vende más de todo", true, 12, 150, 0, 12, Dicho::Nada},
+    {"obedece y vende más de todo", true, 12, 150, 0, 12, Dicho::Preguntada},
+    {"obedece, se ve, y vende más de todo", true, 12, 150, 0, 12, Dicho::Nada, Tras::Cero},
     {"obedece y no vende", true, 12, 150, 0, 0, Dicho::Nada},
-    {"obedece y vende el único artículo", true, 1, 150, 1, 0, Dicho::Nada},
+    {"obedece y vende el único artículo", true, 1, 150, 1, 0, Dicho::Preguntada},
+    {"miente y le devuelven cuatro", false, 27, 150, -4, 0, Dicho::Nombrada},
+    {"miente, se ve, y le devuelven cuatro", false, 27, 150, -4, 0, Dicho::Nada, Tras::Igual},
+    {"miente, se ve, y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
+    {"obedece tarde y vende más de todo", true, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
+    {"miente y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada},
+    {"miente y vende casi de todo", false, 12, 0, 0, 11, Dicho::Preguntada},
 };
 
-class ConfirmadosTest : public testing::TestWithParam<Caso> {
+void PrintTo(const Caso& c, std::ostream* os) {
+  *os << c.que;
+}
+
+class ConfirmadosTest : public testing::Test {
  protected:
   ConfirmadosTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
     t.grupo(1);
@@ -64,9 +75,11 @@ class ConfirmadosTest : public testing::TestWithParam<Caso> {
   TiendaDeLibros t;
 };
 
+class ConfirmadosCasos : public ConfirmadosTest, public testing::WithParamInterface<Caso> {};
+
 }  // namespace
 
-TEST_P(ConfirmadosTest, CadaVentaEstaUnaVez) {
+TEST_P(ConfirmadosCasos, CadaVentaEstaUnaVez) {
   const Caso& c = GetParam();
   t.masTarde(23 * 60);
   vender(0, c.articulos, c.gramos);
@@ -74,7 +87,7 @@ TEST_P(ConfirmadosTest, CadaVentaEstaUnaVez) {
   leerYMemorizar();
   for (const int noche : {1, 2}) {
     SCOPED_TRACE(noche);
-    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, c.obedece, true, c.visto));
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, c.obedece, true, c.tras));
     t.grupos.at(2).at(2).ponerACero();  // the other register always does
     t.amanecer();
     if (noche == 2) vender(0, 1, 70);
@@ -94,7 +107,88 @@ TEST_P(ConfirmadosTest, CadaVentaEstaUnaVez) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Casos, ConfirmadosTest, testing::ValuesIn(kCasos),
+INSTANTIATE_TEST_SUITE_P(Casos, ConfirmadosCasos, testing::ValuesIn(kCasos),
                          [](const auto& caso) { return std::to_string(caso.index); });
+
+// What is sold while a question waits for its answer is no answer.
+TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
+  for (const Tras tras : {Tras::SinVer, Tras::Igual}) {
+    SCOPED_TRACE(static_cast<int>(tras));
+    t.masTarde(23 * 60);
+    vender(0, 5, 0);
+    leerYMemorizar();
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, false, true, tras));
+    for (int noche = 0; noche < 3; ++noche) {
+      t.amanecer();
+      vender(0, 5 - noche, 0, 2);
+      leerYMemorizar();
+      EXPECT_EQ(dicho(), Dicho::Preguntada) << noche << t.textoAvisos().toStdString();
+    }
+    for (const auto& d : bien(totals::dudasAbiertas(t.db()))) t.responder(d.grupo, d.addr, false);
+    for (const int g : {1, 2}) t.cuadra(g);
+    t.desdeCero();
+  }
+}
+
+// The first night reads no grand total, which the next one finds higher than before the zeroing.
+TEST_F(ConfirmadosTest, LaClaseQueNoSeLeyoNoPreguntaPorLoMemorizadoDespues) {
+  for (const bool obedece : {true, false}) {
+    SCOPED_TRACE(obedece);
+    t.masTarde(23 * 60);
+    vender(0, 12, 150);
+    leerYMemorizar();
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, obedece, true, Tras::SinVer));
+    t.amanecer();
+    vender(0, 6, 150);
+    for (const int g : {1, 2})
+      for (const TipoTotal k : {TipoTotal::PLUs, TipoTotal::Departamentos}) t.leerSolo(g, k);
+    t.memorizar();
+    t.amanecer();
+    vender(0, 12, 150, 3);
+    leerYMemorizar();
+    for (const auto& d : bien(totals::dudasAbiertas(t.db()))) {
+      EXPECT_EQ(d.grupo, 2);
+      t.responder(d.grupo, d.addr, obedece);
+    }
+    for (const int g : {1, 2}) t.cuadra(g);
+    t.desdeCero();
+  }
+}
+
+// A register that confirms all its frames and clears only some kinds of total: the sums of its next
+// reading show which, and only what was sold since is added to the others.
+TEST_F(ConfirmadosTest, LaCajaQueSoloBorraUnaParte) {
+  const TipoTotal g = TipoTotal::GranTotal, p = TipoTotal::PLUs, d = TipoTotal::Departamentos;
+  const struct {
+    std::vector<TipoTotal> guarda;
+    Tras tras;
+    bool nombrada = true;
+  } casos[] = {{{p}, Tras::Cero},       {{d}, Tras::Cero},     {{p, d}, Tras::Cero},
+               {{}, Tras::Cero, false}, {{p}, Tras::SinVer},   {{g}, Tras::SinVer},
+               {{g, p}, Tras::SinVer},  {{g, d}, Tras::SinVer}};
+  for (int n = 0; const auto& c : casos) {
+    SCOPED_TRACE(n++);
+    auto& caja = t.grupos.at(2).at(1);
+    t.masTarde(23 * 60);
+    vender(0, 12, 0);
+    t.grupos.at(2).at(2).vender(40, 700, 0);
+    leerYMemorizar();
+    for (const bool obedece : {false, false, true}) {
+      EXPECT_TRUE(t.ponerACero(1));
+      EXPECT_TRUE(t.ponerACero(2, obedece, true, obedece ? Tras::Cero : c.tras));
+      if (!obedece) t.grupos.at(2).at(2).ponerACero();
+      for (const TipoTotal k : {g, p, d})
+        if (std::ranges::find(c.guarda, k) == c.guarda.end()) caja.de(k).clear();
+      t.amanecer();
+      vender(0, 3, 0, 2);
+      leerYMemorizar();
+      EXPECT_EQ(t.textoAvisos().contains(u"y no borró"), c.nombrada && !obedece)
+          << t.textoAvisos().toStdString();
+      EXPECT_FALSE(t.textoAvisos().contains(u"no cuadra")) << t.textoAvisos().toStdString();
+      t.cuadra(2);
+    }
+    t.desdeCero();
+  }
+}
 
 }  // namespace tarvo::prueba

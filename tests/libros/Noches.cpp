@@ -81,7 +81,8 @@ void rondaAlAzar(TiendaDeLibros& t, Azar& azar, Suerte& suya, bool ultima) {
   for (const int g : {1, 2}) {
     const int suerte = azar.entero(0, 7);
     if (suerte < 5) t.ponerACero(g, suerte != 1, suerte > 1);
-    if (suerte == 6 && t.ponerACero(g, false, true)) suya.mienten.insert(g);
+    if (suerte == 6 && t.ponerACero(g, false, true, azar.ocurre(0.5) ? Tras::Igual : Tras::SinVer))
+      suya.mienten.insert(g);
     if (suerte == 7 && g == 2) cortarTramas(t, azar, suya.tramas);
   }
   if (azar.ocurre(0.2)) t.cortar();
@@ -253,9 +254,14 @@ TEST_F(LibrosTest, LoOlvidadoSinMemorizarNoSePoneACero) {
   EXPECT_FALSE(t.ponerACero(2));
   t.cortar();
   EXPECT_FALSE(t.ponerACero(2));
+  t.masTarde(10);
+  t.sesion().ponerEnProceso(true);
+  EXPECT_FALSE(t.ponerACero(2));  // nor by a process of its own
   EXPECT_EQ(bien(t.sesion().permisoCero(2)).motivo,
-            u"Grupo 2: este proceso ha olvidado sus ventas sin memorizarlas; no se pone a cero "
+            u"Grupo 2: un proceso olvidó sus ventas sin memorizarlas; no se pone a cero "
             u"hasta recogerlo otra vez entero");
+  t.sesion().ponerEnProceso(false);
+  EXPECT_TRUE(bien(t.sesion().permisoCero(2)).permitido);  // a person at a window may
   EXPECT_TRUE(bien(t.cierre().recuperar()));  // what a person brings back isn't forgotten
   t.memorizar();
   for (const int g : {1, 2}) t.cuadra(g);

@@ -82,7 +82,7 @@ std::vector<qint64> TiendaDeLibros::memorizar(bool sustituir, bool aUno) {
   return bien(p_->cierre.LaSesion(true, 0, avisos));
 }
 
-bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, bool visto) {
+bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, Tras tras) {
   const auto permiso = bien(p_->sesion.permisoCero(numero));
   if (!permiso.permitido) return false;
   auto& maquinas = grupos.at(numero);
@@ -91,7 +91,14 @@ bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, bool vist
     ++hechas;
     bien(p_->sesion.anunciarCero(numero, addr));
     if (llega) maquina.ponerACero();
-    if (confirma) bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(), visto));
+    if (!confirma) continue;
+    if (tras == Tras::Igual)
+      bien(p_->sesion.ceroDesmentido(numero, addr, true));
+    else
+      bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(),
+                                tras != Tras::Cero ? totals::Sesion::Visto::Nada
+                                : addr == 0        ? totals::Sesion::Visto::Todo
+                                                   : totals::Sesion::Visto::GranTotal));
   }
   return true;
 }

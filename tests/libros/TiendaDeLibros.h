@@ -38,6 +38,9 @@ struct MaquinaContable {
   }
 };
 
+// What a machine's grand total shows after its confirmation: no answer, zero, the same as before.
+enum class Tras { SinVer, Cero, Igual };
+
 class TiendaDeLibros : public Tienda {
  public:
   explicit TiendaDeLibros(Fecha inicio);
@@ -54,7 +57,7 @@ class TiendaDeLibros : public Tienda {
   std::vector<qint64> memorizar(bool sustituir = true, bool aUno = true);
   // Asks for permission, announces, empties the machines and confirms. False when the group may not
   // be zeroed.
-  bool ponerACero(int numero, bool llega = true, bool confirma = true, bool visto = false);
+  bool ponerACero(int numero, bool llega = true, bool confirma = true, Tras tras = Tras::Cero);
 
   // The counters of a kind over all periods of a group, except those that only sum others.
   totals::Contadores enPeriodos(int numero, TipoTotal clase) const;

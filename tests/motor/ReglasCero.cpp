@@ -124,6 +124,38 @@ TEST_F(Reglas, TrasUnCorteSoloSePoneACeroLoQueNoHaVendido) {
   EXPECT_EQ(maquina(3).memoria().puestas().size(), 1U);
 }
 
+// What was sold between two processes, one that reads and one that zeroes, is in no reading.
+TEST_F(Reglas, OtroProcesoSoloPoneACeroLoQueNoHaVendido) {
+  articulo(10, QStringLiteral("2000010"));
+  const struct {
+    int tipo;
+    std::vector<int> lee;
+    bool vende, cero;
+  } casos[] = {{1, {17, 16}, false, true}, {1, {17, 16}, true, false}, {1, {16}, true, false},
+               {3, {17, 16}, false, true}, {3, {17, 16}, true, false}, {3, {16}, true, false},
+               {3, {16}, false, true},     {1, {}, true, true},        {3, {}, true, true}};
+  for (int g = 1; const auto& c : casos) {
+    grupo(g, c.tipo, QStringLiteral("toma %1").arg(g));
+    vender(g, 10, 500, 100);
+    for (const int clase : c.lee) encolar(g, clase);
+    ASSERT_TRUE(correr());
+    ++g;
+  }
+  arrancar();
+  sesion->ponerEnProceso(true);
+  for (int g = 1; const auto& c : casos) {
+    SCOPED_TRACE(g);
+    problemas.clear();
+    if (c.vende) vender(g, 10, 300, 50);
+    encolar(g, 6, false);
+    ASSERT_TRUE(correr());
+    EXPECT_EQ(problemas, c.cero ? QStringList{} : QStringList{u"6 G%1 E22 (0)"_s.arg(g)})
+        << oidas(g).join(u' ').toStdString();
+    EXPECT_EQ(maquina(g).memoria().contadores().granTotal.imp, c.cero ? 0 : 800);
+    ++g;
+  }
+}
+
 // The group sold more than it had, although one of its registers forgot: the sum alone shows
 // nothing.
 TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
@@ -193,18 +225,23 @@ TEST_F(Reglas, UnaOrdenSinRespuestaNoSeRepiteACiegas) {
   }
 }
 
-// A confirmed order is done whatever the question after it brings. What the machine held is kept
-// for its next reading, unless it was seen at zero.
+// A confirmed order is done if the question after it shows a machine at zero, or brings no answer:
+// then what the machine held is kept for its next reading. It isn't if the sales are still there.
 TEST_F(Reglas, QuienConfirmaMuestraSiObedecio) {
   const struct {
     int tipo;
     Averia averia;
     int trama;
-    bool vista;
-  } casos[] = {{1, Averia::Sorda, 0, true},    {1, Averia::Sorda, 850, false},
-               {1, Averia::Err, 850, false},   {1, Averia::CeroIncumplido, 910, false},
-               {2, Averia::Sorda, 0, true},    {3, Averia::Sorda, 0, true},
-               {3, Averia::Sorda, 2060, false}};
+    bool vista, obedece = true;
+  } casos[] = {{1, Averia::Sorda, 0, true},
+               {1, Averia::Sorda, 850, false},
+               {1, Averia::Err, 850, false},
+               {1, Averia::CeroIncumplido, 910, true, false},
+               {2, Averia::Sorda, 0, true},
+               {2, Averia::CeroIncumplido, 71, true, false},
+               {3, Averia::Sorda, 0, true},
+               {3, Averia::Sorda, 2060, false},
+               {3, Averia::CeroIncumplido, 3056, true, false}};
   articulo(10, QStringLiteral("2000010"));
   for (int g = 1; const auto& c : casos) {
     SCOPED_TRACE(g);
@@ -215,12 +252,19 @@ TEST_F(Reglas, QuienConfirmaMuestraSiObedecio) {
     for (int vez = 1; c.trama != 0 && vez <= 9; ++vez) fallo(g, {c.averia, vez, c.trama});
     encolar(g, 6, false);
     ASSERT_TRUE(correr());
-    EXPECT_TRUE(problemas.isEmpty()) << problemas.join(u' ').toStdString();
-    EXPECT_EQ(hechas.filter(QStringLiteral("6 G%1").arg(g)).size(), 1)
-        << oidas(g).join(u' ').toStdString();
+    const QString cero = QStringLiteral("6 G%1").arg(g);
+    EXPECT_EQ(problemas, c.obedece ? QStringList{} : QStringList{cero + u" E22 (0)"_s});
+    problemas.clear();
+    EXPECT_EQ(hechas.filter(cero).size(), c.obedece ? 1 : 0) << oidas(g).join(u' ').toStdString();
     EXPECT_EQ(
-        uno(QStringLiteral("SELECT count(*) FROM CeroFilas WHERE GRUPO=%1").arg(g)).entero() == 0,
-        c.vista)
+        uno(QStringLiteral("SELECT SEC_HECHO>=SEC_INTENCION FROM Ceros WHERE GRUPO=%1").arg(g))
+            .logico(),
+        c.obedece);
+    EXPECT_EQ(uno(QStringLiteral("SELECT VISTO OR NOT EXISTS (SELECT 1 FROM CeroFilas f WHERE "
+                                 "f.GRUPO=Ceros.GRUPO) FROM Ceros WHERE GRUPO=%1")
+                      .arg(g))
+                  .logico(),
+              c.vista)
         << oidas(g).join(u' ').toStdString();
     ++g;
   }
@@ -350,7 +394,7 @@ TEST_F(Reglas, ElRegistroAMediasSigueDondeQuedo) {
       EXPECT_EQ(oidas(3, 4).mid(antes).filter(QStringLiteral("30")).join(u' '), c.luego);
       EXPECT_EQ(maquina(3, 4).memoria().contadores().articulos.empty(), !c.vende);
       maquina(3, 4).memoria().ponerACero(reloj.ahora(), 0, simulador::kTodos);
-      bien(sesion->ceroHecho(3, 4, true));
+      bien(sesion->ceroHecho(3, 4, true, totals::Sesion::Visto::Todo));
       bien(sesion->ponerEstado(0));
     }
 }

@@ -149,7 +149,7 @@ void Mundo::responder() {
                                        [this](const QString& l) { traza(l); });
     disco().soltar();
     if (!r) fallar(QStringLiteral("la respuesta se rechaza: ") + r.error().texto);
-    sinCero_ = sinCero_ || !si;
+    sinCero_ = true;
   }
 }
 

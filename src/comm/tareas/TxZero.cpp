@@ -8,6 +8,7 @@
 #include "comm/tareas/Fabricas.h"
 #include "comm/tareas/GranTotal.h"
 #include "comm/tareas/TextosTareas.h"
+#include "core/dinero/Dinero.h"
 
 namespace tarvo::tareas {
 
@@ -23,8 +24,8 @@ std::unexpected<Error> suprimido(const QString& texto) {
 // first frame, the outcome right after its answer; for a register, which clears one set of counters
 // with each frame, set by set. If the run continues an interrupted one, the machine was left half
 // cleared, or an order got no answer, it must first show that it holds what was read from it. After
-// its answer it is asked once whether it obeyed; one that doesn't tell is judged by its next
-// reading.
+// its answer it is asked once whether it obeyed: one that still has its sales was not zeroed, and
+// one that doesn't tell is judged by its next reading.
 class Cero final : public motor::CursoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -40,13 +41,15 @@ class Cero final : public motor::CursoTarea {
   void fallo() override {
     if (t_.Tipo == TipoGrupo::Birch) toda_ = false;
     m_.insistida = false;
-    if (confirmada_) return dejarDeVer();
-    if (!prueba_) dudar();
+    if (m_.confirmada)
+      dejarDeVer();
+    else if (!prueba_)
+      dudar();
   }
   // At once, while the link is up and nothing new is sold: the grand total is read, and then the
   // order repeated.
   bool sinRespuesta(int) override {
-    if (confirmada_) {
+    if (m_.confirmada) {
       dejarDeVer();
       return true;
     }
@@ -70,8 +73,9 @@ class Cero final : public motor::CursoTarea {
   Resultado<std::optional<Siguiente>> ver();
   void dejarDeVer() {
     prueba_.reset();
-    confirmada_.reset();
+    m_.sinVer = true;
   }
+  Resultado<> desmentida(const totals::Contadores& leido, bool igual);
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
   Resultado<> hecha(bool visto = false);
@@ -88,20 +92,22 @@ class Cero final : public motor::CursoTarea {
   // The progress of the present machine.
   struct Marcha {
     int paso = 1;
-    bool mirada = false;     // this run's earlier orders to it were looked up
-    bool anunciada = false;  // the present order is on disk
-    bool dudosa = false;     // it was given an order, with unknown effect
-    bool probada = false;    // it has shown its contents
-    bool insistida = false;  // a silence was followed by a question in this attempt
+    bool mirada = false;      // this run's earlier orders to it were looked up
+    bool anunciada = false;   // the present order is on disk
+    bool dudosa = false;      // it was given an order, with unknown effect
+    bool probada = false;     // it has shown its contents
+    bool insistida = false;   // a silence was followed by a question in this attempt
+    bool confirmada = false;  // it has confirmed the order
+    bool sinVer = false;      // and doesn't tell whether it obeyed
   };
 
-  bool toda_, preparada_ = false, comprobar_ = false;
+  bool toda_, preparada_ = false, comprobar_ = false, sinLectura_ = false;
   std::vector<totals::Aviso> avisos_;
   std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group is one
   size_t maquina_ = 0;
   Marcha m_;
   std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
-  std::optional<int> confirmada_;    // the machine that has just confirmed
+  QStringList desmentidas_;          // what is said of machines that didn't obey
 };
 
 Resultado<> Cero::preparar() {
@@ -109,6 +115,7 @@ Resultado<> Cero::preparar() {
   TARVO_TOMAR(const auto permiso, e_.sesion.permisoCero(t_.Grupo));
   if (!permiso.permitido) return suprimido(permiso.motivo);
   comprobar_ = permiso.comprobar;
+  sinLectura_ = permiso.sinLectura;
   avisos_ = permiso.avisos;
   if (t_.Tipo == TipoGrupo::Registradoras && t_.Direcciones.empty())
     return suprimido(e_.textos(kTxSinCajasQueBorrar, {t_.Grupo}));
@@ -150,14 +157,35 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
   return std::nullopt;
 }
 
-// A grand total of zero shows that the machine obeyed. Anything else may have been sold meanwhile.
+// Has the machine that has just confirmed obeyed? The order counts as done unless it is seen that
+// it didn't.
 Resultado<std::optional<Siguiente>> Cero::ver() {
-  totals::Contadores leido;
-  TARVO_TOMAR(auto s, leerGranTotal(*confirmada_, leido));
-  if (s) return s;
-  if (leido.cero()) TARVO_INTENTAR(e_.sesion.ceroVisto(t_.Grupo, *confirmada_));
-  dejarDeVer();
+  if (!m_.sinVer) {
+    totals::Contadores leido;
+    TARVO_TOMAR(auto s, leerGranTotal(addr(), leido));
+    if (s) return s;
+    TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
+    prueba_.reset();
+    using C = totals::Sesion::Comparacion;
+    if (!leido.cero() && r != C::Cero)
+      TARVO_INTENTAR(desmentida(leido, r == C::Igual));
+    else
+      TARVO_INTENTAR(hecha(true));
+    return std::nullopt;
+  }
+  TARVO_INTENTAR(hecha());
   return std::nullopt;
+}
+
+// The order stays unconfirmed.
+Resultado<> Cero::desmentida(const totals::Contadores& leido, bool igual) {
+  TARVO_INTENTAR(e_.sesion.ceroDesmentido(t_.Grupo, addr(), igual));
+  const QString queda = VerImporte(e_.ajustes, leido.IMP, e_.ajustes.MonedaNativa ? 1 : 0);
+  desmentidas_ << (addr() == 0 ? e_.textos(kTxSigueConVentas, {t_.Grupo, queda})
+                               : e_.textos(kTxCajaSigueConVentas, {t_.Grupo, queda, addr()}));
+  ++maquina_;
+  m_ = {};
+  return {};
 }
 
 // Resumes the machine where it was left, by the grand total just read. Which frame of a register
@@ -170,6 +198,9 @@ Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
   if (r == C::OtrasClases && t_.Tipo != TipoGrupo::Registradoras && leido.cero()) {
     return hecha(true);
+  } else if (r == C::SinLectura && comprobar_ && sinLectura_) {
+    m_.probada = true;
+    return {};
   } else if (sinBase && !comprobar_ &&
              (t_.Tipo == TipoGrupo::Registradoras || r == C::SinLectura)) {
     m_.anunciada = m_.anunciada && m_.paso == 1;
@@ -207,11 +238,12 @@ void Cero::dudar() {
 
 Resultado<Siguiente> Cero::siguiente() {
   TARVO_INTENTAR(preparar());
-  if (confirmada_) {
-    TARVO_TOMAR(auto s, ver());
-    if (s) return *s;
-  }
   while (maquina_ < pendientes_.size()) {
+    if (m_.confirmada) {
+      TARVO_TOMAR(auto s, ver());
+      if (s) return *s;
+      continue;
+    }
     TARVO_INTENTAR(mirar());
     if (debeProbar()) {
       TARVO_TOMAR(auto s, probar());
@@ -224,6 +256,7 @@ Resultado<Siguiente> Cero::siguiente() {
     m_.anunciada = true;
     return trama();
   }
+  if (!desmentidas_.isEmpty()) return suprimido(desmentidas_.join(u' '));
   return Siguiente::fin();
 }
 
@@ -249,9 +282,7 @@ Resultado<> Cero::respuesta(int addrTrama, int codigo, const QByteArray& datos) 
   if (prueba_) return prueba_->respuesta(addrTrama, codigo, datos);
   if (maquina_ >= pendientes_.size()) return {};
   if (m_.paso == pasos()) {
-    const int esta = addr();
-    TARVO_INTENTAR(hecha());
-    confirmada_ = esta;
+    m_.confirmada = true;
     return {};
   }
   if (t_.Tipo == TipoGrupo::Registradoras) return parteHecha();
@@ -267,7 +298,11 @@ Resultado<> Cero::parteHecha() {
 }
 
 Resultado<> Cero::hecha(bool visto) {
-  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), maquina_ + 1 == pendientes_.size(), visto));
+  const bool ultima = maquina_ + 1 == pendientes_.size() && desmentidas_.isEmpty();
+  // A register clears its kinds of total one after another.
+  using V = totals::Sesion::Visto;
+  const V que = !visto ? V::Nada : t_.Tipo == TipoGrupo::Registradoras ? V::GranTotal : V::Todo;
+  TARVO_INTENTAR(e_.sesion.ceroHecho(t_.Grupo, addr(), ultima, que));
   ++maquina_;
   m_ = {};
   return {};

@@ -147,8 +147,10 @@ Resultado<Sentencia> sentenciar(Database& db, const std::vector<Releida>& lista,
   for (const auto& [addr, t] : testimonios) {
     if (aparte.contains(addr)) continue;
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
-    const Veredicto v = dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda)
-                              : juzgar(t, sospechosas.contains(addr), s.todas);
+    TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
+    Veredicto v = dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda)
+                        : juzgar(t, sospechosas.contains(addr), s.todas);
+    if (espera && !quietos(t)) v = Veredicto::Duda;  // sales since then are no answer
     if (v == Veredicto::Olvido) s.olvidadas.insert(addr);
     if (v == Veredicto::Guarda) s.guardan.insert(addr);
     if (v == Veredicto::Duda) s.dudosas[addr] = t;

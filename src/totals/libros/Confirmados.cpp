@@ -1,6 +1,8 @@
 #include "totals/libros/Confirmados.h"
 
+#include <algorithm>
 #include <map>
+#include <set>
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/Dudas.h"
@@ -70,9 +72,9 @@ Resultado<std::vector<Releida>> lecturasDe(Database& db, const Ajustes& ajustes,
 
 // What the readings after each machine's confirmation show of it. A reading before it shows
 // nothing.
-Resultado<std::map<int, Testimonios>> testimoniosDesdeElCero(Database& db, const Ajustes& ajustes,
+Resultado<std::map<int, Testimonios>> testimoniosDesdeElCero(Database& db,
+                                                             const std::vector<Releida>& lista,
                                                              int grupo) {
-  TARVO_TOMAR(const auto lista, lecturasDe(db, ajustes, grupo));
   TARVO_TOMAR(auto todos, testimoniosDeGrupo(db, lista, grupo));
   for (auto& [addr, t] : todos) {
     TARVO_TOMAR(const auto hecho,
@@ -105,23 +107,126 @@ Resultado<> devolverBase(Database& db, int grupo, int addr, TipoTotal clase) {
   return {};
 }
 
-Resultado<> soltar(Database& db, int grupo, int addr, const Testimonios& t) {
-  for (const auto& [clase, testimonio] : t)
-    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR=? AND CLASE=?"_s,
-                               grupo, addr, numeroDe(clase)));
+// The kinds that a machine kept although it confirmed.
+using Via = std::set<TipoTotal>;
+
+// All ways in which the sums of its kinds foot; a range of codes has none.
+std::vector<Via> viasQueCuadran(const Testimonios& t, const std::set<TipoTotal>& enteras,
+                                bool visto) {
+  std::vector<TipoTotal> clases;
+  for (const auto& [k, x] : t)
+    if (enteras.contains(k)) clases.push_back(k);
+  std::vector<Via> vias;
+  if (clases.size() < 2) return vias;
+  for (unsigned m = 0; m < 1U << clases.size(); ++m) {
+    Via via;
+    std::set<qint64> sumas;
+    for (size_t i = 0; i < clases.size(); ++i) {
+      const bool guarda = (m >> i & 1U) != 0;
+      const Testimonio& x = t.at(clases[i]);
+      if (guarda) via.insert(clases[i]);
+      sumas.insert(x.impAhora - (guarda ? x.impAntes : 0));
+    }
+    if (sumas.size() == 1 && !(visto && via.contains(TipoTotal::GranTotal))) vias.push_back(via);
+  }
+  return vias;
+}
+
+Via clasesDe(const Testimonios& t, bool visto) {
+  Via todas;
+  for (const auto& [k, x] : t)
+    if (!visto || k != TipoTotal::GranTotal) todas.insert(k);
+  return todas;
+}
+
+// Nothing when a person must say it. `visto`: its grand total was seen to be zero.
+std::optional<Via> loQueGuarda(const Testimonios& t, const std::set<TipoTotal>& enteras, bool visto,
+                               bool espera) {
+  const auto vias = viasQueCuadran(t, enteras, visto);
+  if (vias.size() == 1) return vias.front();
+  Veredicto v = juzgarConfirmada(t);
+  if (visto) v = v == Veredicto::Guarda ? Veredicto::Duda : Veredicto::Olvido;
+  // What was sold since the question takes evidence away; it adds none.
+  if (v == Veredicto::Duda || (espera && v == Veredicto::Olvido)) return std::nullopt;
+  return v == Veredicto::Guarda ? clasesDe(t, visto) : Via{};
+}
+
+// Some kinds were cleared and others weren't: how far the sums of the former are behind, for the
+// cross-footing. It is unknown for kinds that weren't read before.
+Resultado<> anotarLoQuitado(Database& db, int grupo, int addr, const Testimonios& t,
+                            const Via& guarda) {
+  const auto queda = [&](const auto& x) {
+    return guarda.contains(x.first) ? x.second.impAntes : 0;
+  };
+  const qint64 mayor = queda(*std::ranges::max_element(t, {}, queda));
+  for (const ClaseTotal& c : todasLasClases()) {
+    const auto x = t.find(c.tipo);
+    const dao::Valor quitado = x == t.end() ? dao::Valor() : dao::Valor(mayor - queda(*x));
+    TARVO_INTENTAR(db.ejecutar(
+        u"INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA, QUITADO) VALUES (?, ?, ?, "
+        u"0, ?) ON CONFLICT (GRUPO, ADDR, CLASE) DO UPDATE SET QUITADO=excluded.QUITADO",
+        grupo, addr, numeroDe(c.tipo), quitado));
+    TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=AJUSTE+? WHERE GRUPO=? AND CLASE=?",
+                               quitado, grupo, numeroDe(c.tipo)));
+  }
   return {};
 }
 
-Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr,
+// Its kinds are settled by what was reread of it: a scale clears all of them or none, a register
+// each by itself.
+Resultado<std::set<TipoTotal>> decididas(Database& db, int grupo, int addr, const Testimonios& t,
+                                         const Via& guarda) {
+  std::set<TipoTotal> clases;
+  for (const auto& [clase, testimonio] : t) clases.insert(clase);
+  TARVO_TOMAR(const auto tipo, db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo));
+  const bool parte = !guarda.empty() && guarda.size() < t.size();
+  if (parte || deNumero<TipoGrupo>(tipo.entero()) == TipoGrupo::Registradoras) return clases;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT DISTINCT CLASE FROM CeroFilas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr),
+      [&](const dao::Recordset& f) {
+        if (const auto clase = deNumero<TipoTotal>(f.entero(0))) clases.insert(*clase);
+      }));
+  return clases;
+}
+
+// `parte`: the kinds that it kept, if it cleared others.
+Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr, const Via& parte,
                     std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto hecho,
               db.uno(u"SELECT HECHO FROM Ceros WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   const QString cuando = hecho.fecha().general();
+  if (!parte.empty()) {
+    QStringList nombres;
+    nombres.reserve(static_cast<qsizetype>(parte.size()));
+    for (const TipoTotal k : parte) nombres << textos(kTxNombreTotal + numeroDe(k));
+    const QString cuales = nombres.join(u", "_s);
+    avisos.push_back({grupo,
+                      addr == 0 ? textos(kTxNoBorro, {grupo, cuando, cuales})
+                                : textos(kTxCajaNoBorro, {grupo, cuando, cuales, addr}),
+                      true});
+    return {};
+  }
   avisos.push_back({grupo,
                     addr == 0 ? textos(kTxNoObedecio, {grupo, cuando})
                               : textos(kTxCajaNoObedecio, {grupo, cuando, addr}),
                     true});
   return {};
+}
+
+// `guarda`: the kinds that were reread and are kept.
+Resultado<> aplicar(Database& db, const Textos& textos, int grupo, int addr, const Testimonios& t,
+                    const Via& guarda, std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto clases, decididas(db, grupo, addr, t, guarda));
+  const bool parte = guarda.size() < t.size();
+  for (const TipoTotal clase : clases) {
+    if (!guarda.empty() && (guarda.contains(clase) || !t.contains(clase)))
+      TARVO_INTENTAR(devolverBase(db, grupo, addr, clase));
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR=? AND CLASE=?"_s,
+                               grupo, addr, numeroDe(clase)));
+  }
+  if (guarda.empty()) return {};
+  if (parte) TARVO_INTENTAR(anotarLoQuitado(db, grupo, addr, t, guarda));
+  return nombrar(db, textos, grupo, addr, parte ? guarda : Via{}, avisos);
 }
 
 }  // namespace
@@ -146,22 +251,26 @@ Resultado<std::set<int>> gruposConConfirmados(Database& db) {
 
 Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const Textos& textos,
                                     int grupo, std::vector<Aviso>& avisos) {
-  TARVO_TOMAR(const auto testimonios, testimoniosDesdeElCero(db, ajustes, grupo));
+  TARVO_TOMAR(const auto lecturas, lecturasDe(db, ajustes, grupo));
+  TARVO_TOMAR(const auto testimonios, testimoniosDesdeElCero(db, lecturas, grupo));
+  std::set<TipoTotal> enteras;
+  for (const Releida& r : lecturas)
+    if (r.entera) enteras.insert(r.clase->tipo);
   std::map<int, Testimonios> preguntas;
   for (const auto& [addr, t] : testimonios) {
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
-    const Veredicto v =
-        dicho ? (*dicho ? Veredicto::Olvido : Veredicto::Guarda) : juzgarConfirmada(t);
-    if (v == Veredicto::Duda) {
+    TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
+    TARVO_TOMAR(const auto visto,
+                db.uno(u"SELECT VISTO FROM Ceros WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+    auto guarda = loQueGuarda(t, enteras, visto.logico(), espera);
+    if (dicho) guarda = *dicho ? Via{} : clasesDe(t, visto.logico());
+    if (!guarda) {
       preguntas[addr] = t;
       continue;
     }
-    if (v == Veredicto::Guarda) {
-      for (const auto& [clase, testimonio] : t)
-        TARVO_INTENTAR(devolverBase(db, grupo, addr, clase));
-      TARVO_INTENTAR(nombrar(db, textos, grupo, addr, avisos));
-    }
-    TARVO_INTENTAR(soltar(db, grupo, addr, t));
+    TARVO_INTENTAR(aplicar(db, textos, grupo, addr, t, *guarda, avisos));
+    // Not what has been memorised since.
+    if (dicho && *dicho) TARVO_INTENTAR(cerrarDuda(db, grupo, addr));
   }
   if (!preguntas.empty()) TARVO_INTENTAR(abrirDudas(db, ajustes, textos, grupo, preguntas, avisos));
   return preguntas.empty();

@@ -90,8 +90,20 @@ Resultado<std::optional<bool>> respuestaDe(Database& db, int grupo, int addr) {
   return std::optional(rs->logico(0));
 }
 
+Resultado<bool> preguntada(Database& db, int grupo, int addr) {
+  TARVO_TOMAR(const auto n, db.uno(u"SELECT count(*) FROM Dudas WHERE GRUPO=? AND ADDR=? AND "
+                                   u"RESPUESTA IS NULL",
+                                   grupo, addr));
+  return n.entero() > 0;
+}
+
 Resultado<> cerrarDudas(Database& db, int grupo) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Dudas WHERE GRUPO=?"_s, grupo));
+  return {};
+}
+
+Resultado<> cerrarDuda(Database& db, int grupo, int addr) {
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Dudas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   return {};
 }
 

@@ -27,7 +27,10 @@ Resultado<> abrirDudas(dao::Database& db, const Ajustes& ajustes, const Textos& 
                        const std::map<int, Testimonios>& maquinas, std::vector<Aviso>& avisos);
 // A person's answer about the machine: true if it forgot. Nothing while unanswered.
 Resultado<std::optional<bool>> respuestaDe(dao::Database& db, int grupo, int addr);
+// The question about the machine waits for its answer.
+Resultado<bool> preguntada(dao::Database& db, int grupo, int addr);
 Resultado<> cerrarDudas(dao::Database& db, int grupo);
+Resultado<> cerrarDuda(dao::Database& db, int grupo, int addr);
 // For groups whose machines hold nothing memorised, nor anything that they may only have confirmed
 // to have forgotten.
 Resultado<> cerrarDudasSinBase(dao::Database& db);

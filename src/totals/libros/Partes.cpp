@@ -36,6 +36,16 @@ Resultado<> confirmarParte(Database& db, Parte p, qint64 ejecucion, Fecha cuando
   return {};
 }
 
+Resultado<> desmentirPartes(Database& db, int grupo, int addr, bool igual) {
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE CerosParte SET SEC_HECHO=-1 WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
+  if (igual)
+    TARVO_INTENTAR(
+        db.ejecutar(u"UPDATE CerosClase SET DUDA=0 WHERE GRUPO=? AND ADDR=? AND CLASE=?"_s, grupo,
+                    addr, numeroDe(TipoTotal::GranTotal)));
+  return {};
+}
+
 Resultado<> olvidarClase(Database& db, int grupo, int addr, TipoTotal tipo) {
   TARVO_INTENTAR(apartarBase(db, grupo, tipo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=? AND ADDR=?"_s, grupo,

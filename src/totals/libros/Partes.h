@@ -18,6 +18,9 @@ struct Parte {
 // on no kind of the machine is known to be whole.
 Resultado<> anunciarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec);
 Resultado<> confirmarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha cuando, qint64 sec);
+// The machine confirmed its frames and still holds sales: no confirmation counts. `igual`: the
+// grand total is whole.
+Resultado<> desmentirPartes(dao::Database& db, int grupo, int addr, bool igual);
 // The machine's counters of this kind were cleared: it no longer holds anything memorised of it.
 Resultado<> olvidarClase(dao::Database& db, int grupo, int addr, TipoTotal clase);
 // The whole machine counts afresh: nothing is known to be half done any more.

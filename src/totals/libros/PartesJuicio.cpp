@@ -24,6 +24,7 @@ struct Caja {
   int grupo = 0, addr = 0;
   qint64 ultimaTrama = 0;  // its position in the order of events
   qint64 confirmadas = 0, anunciadas = 0;
+  bool desmentida = false;  // it confirmed, and its grand total was seen not to be cleared
   Fecha cuando;
   std::map<TipoTotal, qint64> quitado;  // unknown where missing
   std::set<TipoTotal> dudosas;          // kinds that may have been cleared
@@ -35,12 +36,14 @@ using Via = std::set<TipoTotal>;  // the kinds that were cleared
 Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
   Caja c;
   c.grupo = grupo, c.addr = addr;
-  TARVO_TOMAR(auto tramas,
-              db.consultar(u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
-                           u"MAX(INTENCION) FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s,
-                           grupo, addr));
+  TARVO_TOMAR(
+      auto tramas,
+      db.consultar(u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
+                   u"MAX(INTENCION), MIN(SEC_HECHO)<0 FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s,
+                   grupo, addr));
   c.anunciadas = tramas->entero(0), c.confirmadas = tramas->entero(1);
   c.ultimaTrama = tramas->entero(2), c.cuando = tramas->fecha(3);
+  c.desmentida = tramas->logico(4);
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(u"SELECT CLASE, DUDA, QUITADO FROM CerosClase WHERE GRUPO=? AND ADDR=?", grupo,
                    addr),
@@ -119,10 +122,9 @@ const Via& masLarga(const std::vector<Via>& vias) {
 // decide, unless the machine's own counters contradict them.
 std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
   const bool baja = algunaBaja(c.t);
-  const bool quietas =
-      firmes(c.t) || std::ranges::all_of(c.t, [](const auto& x) { return x.second.quieto(); });
+  const bool quietas = firmes(c.t) || quietos(c.t);
   if (c.confirmadas >= 2) return quietas ? std::nullopt : std::optional(masLarga(vias));
-  if (c.anunciadas >= 2 && baja && !quietas) return masLarga(vias);
+  if (c.anunciadas >= 2 && baja && !quietas && !c.desmentida) return masLarga(vias);
   switch (juzgar(c.t, c.anunciadas >= 2, true)) {
     case Veredicto::Guarda:
       return masCorta(vias);
@@ -211,6 +213,8 @@ Resultado<Estado> resolverCaja(Database& db, const Ajustes& ajustes, const Texto
   const auto vias = viasQueCuadran(c);
   TARVO_TOMAR(const auto respuesta, respuestaDe(db, c.grupo, c.addr));
   std::optional<Via> via = c.t.empty() ? Via{} : decidir(c, vias, todas);
+  TARVO_TOMAR(const bool espera, preguntada(db, c.grupo, c.addr));
+  if (espera && vias.size() > 1 && !quietos(c.t)) via.reset();
   if (respuesta && !vias.empty()) via = *respuesta ? masLarga(vias) : masCorta(vias);
   if (!via) return todas && vias.size() > 1 ? Estado::Preguntar : Estado::SinSaber;
   const bool todo = !c.t.empty() && todas && via->size() == c.t.size();

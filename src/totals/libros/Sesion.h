@@ -37,9 +37,12 @@ struct Aviso {
 // Why a group may not be told to forget; empty when it may.
 struct PermisoCero {
   bool permitido = true;
-  // The counters must first be shown to be the memorised ones: this run resumes an interrupted one,
-  // so the machine may have sold since it was read.
+  // The counters must first be shown to be those that were read: another process read them, or this
+  // run resumes an interrupted one, so that the machine may have sold since.
   bool comprobar = false;
+  // With `comprobar`: a machine of which nothing was read since it last forgot may be told all the
+  // same.
+  bool sinLectura = false;
   QString motivo;
   std::vector<Aviso> avisos = {};  // what was settled to decide this
 };
@@ -118,11 +121,12 @@ class Sesion {
   };
   Resultado<Partes> partesHechas(int grupo, int addr);
   // The machine at this address has confirmed. When `ultima`, the group's PZERO is written as well
-  // (MarcarSesion 6). `visto`: its counters were seen to be gone; otherwise they are kept until its
-  // next reading shows it.
-  Resultado<> ceroHecho(int grupo, int addr, bool ultima, bool visto = false);
-  // The counters of a machine that has confirmed were seen to be gone.
-  Resultado<> ceroVisto(int grupo, int addr);
+  // (MarcarSesion 6). What wasn't seen to be gone is kept until its next reading shows it.
+  enum class Visto : int { Nada, GranTotal, Todo };
+  Resultado<> ceroHecho(int grupo, int addr, bool ultima, Visto visto = Visto::Nada);
+  // The machine at this address has confirmed, but was seen to hold sales afterwards; `igual`: to
+  // the unit those of its grand total when it was read. Its next reading shows what it forgot.
+  Resultado<> ceroDesmentido(int grupo, int addr, bool igual);
   // The addresses of the group whose zeroing was already confirmed in this run.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with that machine's readings since it last forgot. Igual:

@@ -15,15 +15,21 @@ namespace {
 using dao::conMarcas;
 using dao::Database;
 
-// The amount of a group's articles, read whole since it last forgot.
-Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo) {
+// The amount of a machine's articles, read whole since it last forgot; `sola`: of a later run than
+// its grand total.
+Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo, int addr, bool sola) {
   TARVO_TOMAR(
       const auto rs,
-      db.consultar(conMarcas(u"SELECT (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
-                             u"TOTPLU.GRUPO=Lecturas.GRUPO) FROM Lecturas WHERE GRUPO=? AND "
-                             u"CLASE=? AND ESTADO=2 AND ENTERA<>0 AND {trasElCero}",
-                             {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
-                   grupo, numeroDe(TipoTotal::PLUs), 0));
+      db.consultar(
+          conMarcas(u"SELECT CASE WHEN MAQUINAS>1 THEN (SELECT COALESCE(SUM(IMP), 0) FROM "
+                    u"LectFilas f WHERE f.GRUPO=Lecturas.GRUPO AND f.CLASE=Lecturas.CLASE AND "
+                    u"f.ADDR=?) ELSE (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
+                    u"TOTPLU.GRUPO=Lecturas.GRUPO) END FROM Lecturas WHERE GRUPO=? AND CLASE=? AND "
+                    u"ESTADO=2 AND ENTERA<>0 AND {trasElCero} AND (NOT ? OR EXISTS (SELECT 1 FROM "
+                    u"Lecturas g WHERE "
+                    u"g.GRUPO=Lecturas.GRUPO AND g.CLASE=? AND g.EJECUCION<Lecturas.EJECUCION))",
+                    {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+          addr, grupo, numeroDe(TipoTotal::PLUs), addr, sola, numeroDe(TipoTotal::GranTotal)));
   return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
 }
 
@@ -186,23 +192,23 @@ Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
   return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
 }
 
-Resultado<> Sesion::ceroVisto(int grupo, int addr) {
+Resultado<> Sesion::ceroDesmentido(int grupo, int addr, bool igual) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, true));
+  TARVO_INTENTAR(desmentirPartes(db_, grupo, addr, igual));
   return tr.confirmar();
 }
 
-Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, bool visto) {
+Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, Visto visto) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto));
+  TARVO_INTENTAR(guardarLoConfirmado(db_, grupo, addr, visto == Visto::Todo));
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
   const Fecha ahora = reloj_.ahora();
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO) "_s
-      u"VALUES (?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "_s
+      u"INSERT INTO Ceros (GRUPO, ADDR, EJECUCION, INTENCION, SEC_INTENCION, HECHO, SEC_HECHO, "_s
+      u"VISTO) VALUES (?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (GRUPO, ADDR) DO UPDATE SET "_s
       u"EJECUCION=excluded.EJECUCION, "_s
-      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO"_s,
-      grupo, addr, d->ejecucion, ahora, sec, ahora, sec));
+      u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO, VISTO=excluded.VISTO"_s,
+      grupo, addr, d->ejecucion, ahora, sec, ahora, sec, visto == Visto::GranTotal));
   TARVO_INTENTAR(olvidarPartes(db_, grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
@@ -229,10 +235,10 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                                          const Contadores& leido) {
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
   // For a process the sum of the articles will do.
-  if (!base && addr == 0 && d->enProceso) {
-    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo));
+  if (d->enProceso) {
+    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo, addr, base.has_value()));
     if (articulos && leido.IMP == *articulos) return Comparacion::Igual;
-    if (articulos) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
+    if (articulos && !base) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
   }
   if (!base) {
     TARVO_TOMAR(const auto otras,

@@ -79,6 +79,17 @@ Resultado<std::set<TipoTotal>> leidasDesdeElCero(Database& db, const Ajustes& aj
   return leidas;
 }
 
+// A machine of the group may have been read since it last forgot, in this process or another. Each
+// register of several is looked at when its turn comes.
+Resultado<bool> leidoDesdeElCero(Database& db, int grupo) {
+  TARVO_TOMAR(const auto n,
+              db.uno(conMarcas(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2 AND "
+                               u"{trasElCero}",
+                               {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
+                     grupo, 0));
+  return n.entero() > 0;
+}
+
 // No other kind tells what was sold of each article.
 QString motivoSinArticulos(const Textos& textos, int grupo, const std::set<TipoTotal>& leidas) {
   if (leidas.empty() || leidas.contains(TipoTotal::PLUs)) return {};
@@ -94,6 +105,10 @@ Resultado<bool> seLePreguntaPorElCatalogo(Database& db, int grupo) {
   TARVO_TOMAR(const auto tipo, db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo));
   const auto t = deNumero<TipoGrupo>(tipo.entero());
   return t == TipoGrupo::Balanzas || t == TipoGrupo::Birch;
+}
+
+PermisoCero negado(const QString& motivo) {
+  return {.permitido = false, .motivo = motivo};
 }
 
 }  // namespace
@@ -126,7 +141,7 @@ Resultado<std::vector<int>> Sesion::soloEnBandeja() {
 
 Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   TARVO_TOMAR(const auto enDuda, hayDudas(db_, grupo));
-  if (enDuda) return PermisoCero{false, false, textos_(kTxDudaSinCero, {grupo})};
+  if (enDuda) return negado(textos_(kTxDudaSinCero, {grupo}));
   // A zeroing before the memorisation would hide whether an earlier one was heard, and sales made
   // during the reading of the group show up here.
   std::vector<Aviso> resuelto, diferencias;
@@ -136,20 +151,21 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
     TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
     TARVO_INTENTAR(tr.confirmar());
     TARVO_TOMAR(const auto preguntada, hayDudas(db_, grupo));
-    if (preguntada) return PermisoCero{false, false, resuelto.back().texto};
+    if (preguntada) return negado(resuelto.back().texto);
   }
   TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
-  if (!motivo.isEmpty()) return PermisoCero{false, false, motivo};
+  if (!motivo.isEmpty()) return negado(motivo);
   TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));
-  if (!parte.isEmpty()) return PermisoCero{false, false, parte};
-  // What a person forgets by hand is his own decision.
+  if (!parte.isEmpty()) return negado(parte);
+  // What a person forgets by hand is his own decision, and so is what he zeroes at a window, which
+  // tells him the amount.
   TARVO_TOMAR(const auto olvido, olvidadoSinMemorizar(db_, grupo));
-  if (olvido && *olvido > 0 && *olvido == d->ejecucion)
-    return PermisoCero{false, false, textos_(kTxOlvidadoSinMemorizar, {grupo})};
+  if (olvido && *olvido > 0 && (d->enProceso || *olvido == d->ejecucion))
+    return negado(textos_(kTxOlvidadoSinMemorizar, {grupo}));
   TARVO_TOMAR(const auto leidas, leidasDesdeElCero(db_, ajustes_, grupo));
   if (const QString sin = motivoSinArticulos(textos_, grupo, leidas);
       d->enProceso && !sin.isEmpty())
-    return PermisoCero{false, false, sin};
+    return negado(sin);
   TARVO_TOMAR(const auto cierre, d->valores.leer(u"CierreFallido"_s));
   if (!cierre.nulo() && d->abierta == 2) {
     const auto espera =
@@ -159,14 +175,21 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
         db_.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND ESTADO=2"_s, grupo);
     if (!espera || !dentro) return std::unexpected(espera ? dentro.error() : espera.error());
     if (dentro->entero() > 0 && espera->entero() == 0)
-      return PermisoCero{false, false, textos_(kTxSinMemorizar, {grupo})};
+      return negado(textos_(kTxSinMemorizar, {grupo}));
   }
-  bool comprobar = d->reanuda && !d->leidosAhora.contains(grupo);
+  const bool leidoAqui = d->leidosAhora.contains(grupo);
+  bool comprobar = d->reanuda && !leidoAqui;
+  const bool sinLectura = !comprobar;
+  if (d->enProceso && !leidoAqui) {
+    TARVO_TOMAR(const auto deAntes, leidoDesdeElCero(db_, grupo));
+    comprobar = comprobar || deAntes;
+  }
   if (d->enProceso && leidas.contains(TipoTotal::PLUs) && !leidas.contains(TipoTotal::GranTotal)) {
     TARVO_TOMAR(const auto porCatalogo, seLePreguntaPorElCatalogo(db_, grupo));
     comprobar = comprobar || porCatalogo;
   }
-  return PermisoCero{true, comprobar, {}, resuelto};
+  return PermisoCero{
+      .comprobar = comprobar, .sinLectura = sinLectura, .motivo = {}, .avisos = resuelto};
 }
 
 }  // namespace tarvo::totals

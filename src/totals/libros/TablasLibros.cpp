@@ -77,7 +77,9 @@ dao::TablasDeSala tablasLibros() {
                     {4, kGuionOlvidos.toString()},
                     dao::columna(5, QStringLiteral("Lecturas"), QStringLiteral("ANTES"),
                                  QStringLiteral("INTEGER DEFAULT 0")),
-                    {6, kGuionConfirmados.toString()}},
+                    {6, kGuionConfirmados.toString()},
+                    dao::columna(7, QStringLiteral("Ceros"), QStringLiteral("VISTO"),
+                                 QStringLiteral("INTEGER DEFAULT 0"))},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
                      {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}}};
 }

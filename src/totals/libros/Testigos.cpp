@@ -15,9 +15,8 @@ using dao::Database;
 // than chance gives, and more than any returns.
 constexpr qint64 kMinimoIguales = 3, kPorBaja = 3, kDeCada = 10;
 // For a confirmed order: what an article that matches is worth, by its count alone or also by its
-// weight; how much leaves a doubt and how much none; and how many must match for one that is lower.
-constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kDaQuePensar = 6, kNoEsAzar = 20;
-constexpr qint64 kConfirmadaPorBaja = 8;
+// weight, and how much is no chance; of how many articles the lower ones are more than returns.
+constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kNoEsAzar = 20, kMasQueDevoluciones = 4;
 // More articles than customers return in a day, whatever the grand total does.
 constexpr qint64 kMuchasBajas = 10;
 
@@ -116,6 +115,10 @@ bool algunaBaja(const Testimonios& t) {
   return std::ranges::any_of(t, [](const auto& x) { return x.second.bajas > 0; });
 }
 
+bool quietos(const Testimonios& t) {
+  return std::ranges::all_of(t, [](const auto& x) { return x.second.quieto(); });
+}
+
 bool firmes(const Testimonios& t) {
   if (t.empty()) return false;
   const Testimonio& f = masFino(t);
@@ -124,8 +127,7 @@ bool firmes(const Testimonios& t) {
 }
 
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
-  if (std::ranges::all_of(t, [](const auto& x) { return x.second.quieto(); }))
-    return Veredicto::Guarda;
+  if (quietos(t)) return Veredicto::Guarda;
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
@@ -142,9 +144,16 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
 
 Veredicto juzgarConfirmada(const Testimonios& t) {
   const Testimonio& f = masFino(t);
-  const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
-  if (f.iguales < kConfirmadaPorBaja * f.bajas || peso < kDaQuePensar) return Veredicto::Olvido;
-  return peso < kNoEsAzar ? Veredicto::Duda : Veredicto::Guarda;
+  if (f.claves == 0) return Veredicto::Olvido;
+  if (f.iguales >= kPorBaja * f.bajas) {
+    const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
+    return peso < kNoEsAzar ? Veredicto::Duda : Veredicto::Guarda;
+  }
+  const auto gran = t.find(TipoTotal::GranTotal);
+  const Testimonio& g = gran == t.end() ? f : gran->second;
+  const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+  const bool parte = f.bajas > 1 && kMasQueDevoluciones * f.bajas >= f.claves;
+  return muchas || parte || g.conAhora < g.conAntes ? Veredicto::Olvido : Veredicto::Duda;
 }
 
 }  // namespace tarvo::totals

@@ -43,10 +43,13 @@ enum class Veredicto { Guarda, Olvido, Duda };  // holds its memorised counters,
 // `sospecha`: an order to forget was sent and may not have been heard. `todas`: every memorised
 // kind of the machine was reread.
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas);
-// For a machine that confirmed that it forgot: it is believed unless more of its counters are where
-// they were than two days have in common by chance.
+// For a machine that confirmed that it forgot and wasn't seen at zero: it is believed if more of
+// its counters are lower than returns explain, and not if more are where they were than two days
+// have in common by chance.
 Veredicto juzgarConfirmada(const Testimonios& t);
 bool algunaBaja(const Testimonios& t);
+// Every counter is where it was.
+bool quietos(const Testimonios& t);
 // The counters as a whole are where they were, whatever a few of them do.
 bool firmes(const Testimonios& t);
 
