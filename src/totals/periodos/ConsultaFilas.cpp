@@ -1,7 +1,10 @@
 #include "totals/periodos/ConsultaFilas.h"
 
+#include <algorithm>
 #include <map>
 #include <set>
+
+#include "totals/periodos/Sumas.h"
 
 namespace tarvo::totals {
 
@@ -236,14 +239,16 @@ Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64
   return lista;
 }
 
-Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor) {
-  std::vector<Columna> partes;
-  if (mayor.periodo.tipo < kSemanal || mayor.periodo.tipo > kAnual) return partes;
-  TARVO_TOMAR(auto todos, periodos.lista());
-  for (Columna& c : todos)
-    if (c.acumulado(mayor.periodo.tipo) && c.periodo.desde >= mayor.periodo.desde &&
-        c.periodo.hasta <= mayor.periodo.hasta)
-      partes.push_back(std::move(c));
+Resultado<std::vector<Periodo>> sumandos(Periodos& periodos, const Columna& mayor) {
+  TARVO_TOMAR(auto partes, Sumas(periodos).sumados(mayor.LINK));
+  if (mayor.periodo.tipo >= kSemanal && mayor.periodo.tipo <= kAnual) {
+    TARVO_TOMAR(const auto todos, periodos.lista());
+    for (const Columna& c : todos)
+      if (c.acumulado(mayor.periodo.tipo) && c.periodo.desde >= mayor.periodo.desde &&
+          c.periodo.hasta <= mayor.periodo.hasta)
+        partes.push_back(c.periodo);
+  }
+  std::ranges::stable_sort(partes, {}, &Periodo::desde);
   return partes;
 }
 

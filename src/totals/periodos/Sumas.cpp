@@ -7,6 +7,14 @@
 
 namespace tarvo::totals {
 
+namespace {
+
+Periodo periodoDe(const dao::Recordset& f) {
+  return {static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
+}
+
+}  // namespace
+
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
@@ -86,13 +94,18 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
   return n.entero() > 0;
 }
 
+Resultado<std::vector<Periodo>> Sumas::sumados(qint64 destino) {
+  return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? "
+                                   u"ORDER BY FECHA1, FECHAF",
+                                   destino),
+                     periodoDe);
+}
+
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
   return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? AND "
                                    u"SOLAPA<>0 ORDER BY FECHA1, FECHAF",
                                    destino),
-                     [](const dao::Recordset& f) {
-                       return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
-                     });
+                     periodoDe);
 }
 
 }  // namespace tarvo::totals

@@ -21,6 +21,8 @@ class Sumas {
   Resultado<> deshacer(qint64 destino, qint64 lote, bool nuevo = false);
   // Whether a period with these dates was added to `destino`.
   Resultado<bool> tiene(qint64 destino, const Periodo& p);
+  // All that were added to `destino`.
+  Resultado<std::vector<Periodo>> sumados(qint64 destino);
   // Those with sales counted twice in `destino`.
   Resultado<std::vector<Periodo>> repetidos(qint64 destino);
 

@@ -29,15 +29,15 @@ QString lineaProcedencia(ventanas::Ventana& v, const Procedencia& p) {
   return texto;
 }
 
-QString lineaSumandos(ventanas::Ventana& v, const std::vector<Columna>& partes) {
+QString lineaSumandos(ventanas::Ventana& v, const std::vector<Periodo>& partes) {
   if (partes.empty()) return v.t(kTxSinLectura);
   QStringList nombres;
-  for (const Columna& c : partes) {
+  for (const Periodo& p : partes) {
     if (nombres.size() == kPartesNombradas) {
       nombres << v.t(kTxYMas).arg(static_cast<int>(partes.size()) - kPartesNombradas);
       break;
     }
-    nombres << FormatoPeriodo(c.periodo.tipo, c.periodo.desde);
+    nombres << (p.tipo == kOtros ? TextoPeriodo(p).simplified() : FormatoPeriodo(p.tipo, p.desde));
   }
   return v.t(kTxSumaDe).arg(nombres.join(u", "_s));
 }

@@ -61,6 +61,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void guardado(const Guardado& g);
   void borrar(bool soloFilas);
   void acumular(int tipo);
+  bool acumularConformes(const std::vector<qint64>& links, int tipo);
   Resultado<bool> acumularUno(qint64 link, int tipo, std::vector<Acumulacion>& hechas);
   void acumulados(const std::vector<Acumulacion>& hechas, Cuentas cuentas);
   void desacumular(int tipo);
