@@ -118,6 +118,12 @@ TEST_F(BasePrueba, DosConexionesSeEsperanYSeVen) {
   const auto r = otra.Execute(u"insert into T (n) values (2)");
   EXPECT_EQ(r.error().clase, Fallo::Ocupado);
   EXPECT_EQ(r.error().numero, 3260);
+  EXPECT_TRUE(
+      r.error().texto.startsWith(u"La página de datos está bloqueada por otra máquina. Cierre"))
+      << r.error().texto.toStdString();
+  const auto otro = otra.Execute(u"insert into Nada (n) values (2)");
+  EXPECT_TRUE(otro.error().texto.startsWith(u"(1)-no such table: Nada. "))
+      << otro.error().texto.toStdString();
   EXPECT_GE(t.elapsed(), 40);
   EXPECT_TRUE(Database::OpenDatabase(ruta("t.mdb"), {.esperaOcupada = 0}))
       << "a writer elsewhere does not keep us out";

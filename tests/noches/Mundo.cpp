@@ -134,23 +134,28 @@ void Mundo::hacerDia(QDate fecha) {
 }
 
 void Mundo::responder() {
-  std::vector<std::pair<int, int>> dudas;
+  std::map<int, std::vector<int>> dudas;
   oraculo_->base().filas(
-      "SELECT GRUPO, ADDR FROM Dudas WHERE RESPUESTA IS NULL",
-      [&](const Lector::Fila& f) { dudas.emplace_back(f.entero(0), f.entero(1)); });
-  for (const auto& [grupo, addr] : dudas) {
-    const bool si = oraculo_->seBorro(grupo);
-    if (alTrazar_)
-      alTrazar_(QStringLiteral("  alguien dice del grupo %1:%2: %3")
-                    .arg(grupo)
-                    .arg(addr)
-                    .arg(si ? u"sí" : u"no"));
-    const auto r = Programa::responder(carpeta_.path(), reloj_, hilos_, grupo, addr, si,
-                                       [this](const QString& l) { traza(l); });
-    disco().soltar();
-    if (!r) fallar(QStringLiteral("la respuesta se rechaza: ") + r.error().texto);
-    sinCero_ = true;
+      "SELECT GRUPO, ADDR FROM Dudas WHERE RESPUESTA IS NULL", [&](const Lector::Fila& f) {
+        dudas[static_cast<int>(f.entero(0))].push_back(static_cast<int>(f.entero(1)));
+      });
+  for (const auto& [grupo, maquinas] : dudas) {
+    const auto borradas = oraculo_->borradas(grupo, maquinas);
+    for (const int addr : maquinas) responder(grupo, addr, borradas.contains(addr));
   }
+}
+
+void Mundo::responder(int grupo, int addr, bool si) {
+  if (alTrazar_)
+    alTrazar_(QStringLiteral("  alguien dice del grupo %1:%2: %3")
+                  .arg(grupo)
+                  .arg(addr)
+                  .arg(si ? u"sí" : u"no"));
+  const auto r = Programa::responder(carpeta_.path(), reloj_, hilos_, grupo, addr, si,
+                                     [this](const QString& l) { traza(l); });
+  disco().soltar();
+  if (!r) fallar(QStringLiteral("la respuesta se rechaza: ") + r.error().texto);
+  sinCero_ = true;
 }
 
 void Mundo::apuntar(MaquinaViva& m) {

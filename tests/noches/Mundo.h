@@ -42,6 +42,7 @@ class Mundo {
   void hacerDia(QDate fecha);
   // A person answers the program's questions in the morning.
   void responder();
+  void responder(int grupo, int addr, bool si);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
   // One start of the program, to its end, its cut or its limit. Returns the exit status; nothing if

@@ -1,6 +1,8 @@
 #include "noches/Oraculo.h"
 
+#include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace tarvo::noches {
 
@@ -329,24 +331,40 @@ void Oraculo::stock() {
 
 // The view of a person who adds up the tickets: with the reading that waits for an answer, or with
 // its excess over the memorised one, the periods hold all the group's sales.
-bool Oraculo::seBorro(int grupo) {
-  qint64 vendido = 0, hay = 0, base = 0;
-  for (const auto& m : maquinas_)
-    if (m.grupo->codigo == grupo)
-      for (std::size_t i = 0; i < m.alEmpezar; ++i)
-        vendido += m.maquina->memoria().libro()[i].importe;
+std::set<int> Oraculo::borradas(int grupo, const std::vector<int>& dudosas) {
   const auto suma = [&](const Sumas& s) {
     qint64 n = 0;
     for (const auto& [k, v] : s) n += k[0] == grupo ? v[2] : 0;
     return n;
   };
-  hay = suma(enPeriodos(kGranTotal));
+  qint64 sobra = suma(enPeriodos(kGranTotal));  // what the books hold beyond what was sold
   const Bandeja b = enBandeja(kGranTotal);
-  hay += suma(b.filas);
-  for (const auto& [addr, filas] : b.base) base += suma(filas);
-  base += base_.uno("SELECT COALESCE(SUM(IMP), 0) FROM CeroFilas WHERE CLASE=17 AND GRUPO=" +
-                    QByteArray::number(grupo));
-  return std::abs(hay - vendido) < std::abs(hay - base - vendido);
+  sobra += suma(b.filas);
+  for (const auto& m : maquinas_)
+    if (m.grupo->codigo == grupo)
+      for (std::size_t i = 0; i < m.alEmpezar; ++i)
+        sobra -= m.maquina->memoria().libro()[i].importe;
+  std::map<qint64, qint64> base;
+  for (const auto& [addr, filas] : b.base) base[addr] += suma(filas);
+  base_.filas("SELECT ADDR, SUM(IMP) FROM CeroFilas WHERE CLASE=17 AND GRUPO=" +
+                  QByteArray::number(grupo) + " GROUP BY 1",
+              [&](const Lector::Fila& f) { base[f.entero(0)] += f.entero(1); });
+  for (const auto& [addr, importe] : base)
+    if (std::ranges::find(dudosas, addr) == dudosas.end()) sobra -= importe;  // known to hold it
+  // Of all ways in which they may have kept or forgotten it, the one with which the books agree.
+  std::set<int> mejor;
+  qint64 menos = std::numeric_limits<qint64>::max();
+  for (std::size_t cual = 0; cual < std::size_t{1} << dudosas.size(); ++cual) {
+    std::set<int> fuera;
+    qint64 resto = sobra;
+    for (std::size_t i = 0; i < dudosas.size(); ++i)
+      if ((cual >> i & 1U) != 0)
+        fuera.insert(dudosas[i]);
+      else
+        resto -= base[dudosas[i]];
+    if (std::abs(resto) < menos) menos = std::abs(resto), mejor = fuera;
+  }
+  return mejor;
 }
 
 void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques) {

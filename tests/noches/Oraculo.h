@@ -40,8 +40,8 @@ class Oraculo {
   void listaOlvidada(std::size_t maquina);
   // The program has ended. `resultado` is its exit status, or nothing if it was cut off for good.
   void finDeNoche(std::optional<int> resultado, bool calma, int arranques);
-  // Whether the machines of a doubtful group have forgotten their memorised sales.
-  bool seBorro(int grupo);
+  // Which of a group's doubtful machines have forgotten their memorised sales.
+  std::set<int> borradas(int grupo, const std::vector<int>& dudosas);
   Lector& base() { return base_; }
   QStringList diferencias;
 

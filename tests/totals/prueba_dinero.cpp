@@ -89,7 +89,7 @@ TEST(Dinero, DecimalsWithoutRoom) {
   const std::tuple<int, const char*, bool> cantidades[] = {
       {0, "1,234", false}, {0, "1,2345", true}, {2, "7", false}, {2, "7,9", true}};
   for (const auto& [cada, texto, sobran] : cantidades)
-    EXPECT_EQ(SobranDecimales(QString::fromUtf8(texto), cada), sobran) << texto;
+    EXPECT_EQ(SobranDecimales(Idioma::Espanol, QString::fromUtf8(texto), cada), sobran) << texto;
   const std::pair<const char*, std::optional<int>> tantos[] = {
       {"5.5", 550},   {"5,5", 550}, {" 21 ", 2100}, {"-3,25", -325}, {"5,555", {}},
       {"5,500", 550}, {"", {}},     {"1.2.3", {}},  {"99999999", {}}};
@@ -116,12 +116,13 @@ TEST(Dinero, ReadInTwoWays) {
   const Ajustes a = ajustesDe(1);
   for (const Caso& c : casos) {
     const auto texto = QString::fromUtf8(c.texto);
-    const auto dinero = LeidoDeDosModos(a, texto, 1), peso = LeidoDeDosModos(texto, 0);
+    const auto dinero = LeidoDeDosModos(a, texto, 1),
+               peso = LeidoDeDosModos(Idioma::Espanol, texto, 0);
     EXPECT_EQ(dinero ? dinero->entera : QString(), QString::fromUtf8(c.entera)) << c.texto;
     EXPECT_EQ(dinero ? dinero->decimal : QString(), QString::fromUtf8(c.decimal)) << c.texto;
     EXPECT_EQ(peso ? peso->decimal : QString(), QString::fromUtf8(c.conPeso)) << c.texto;
     EXPECT_FALSE(LeidoDeDosModos(a, texto, 0)) << "no decimals fit";
-    EXPECT_FALSE(LeidoDeDosModos(texto, 2)) << "no decimals fit";
+    EXPECT_FALSE(LeidoDeDosModos(Idioma::Espanol, texto, 2)) << "no decimals fit";
   }
   EXPECT_TRUE(LeidoDeDosModos(ajustesDe(1, Idioma::UK), u"1,239"_s, 1));
   EXPECT_FALSE(LeidoDeDosModos(ajustesDe(1, Idioma::UK), u"1.239"_s, 1));
@@ -139,13 +140,18 @@ TEST(Dinero, FactorsDivideStoredNumbers) {
 }
 
 TEST(Dinero, QuantitiesAreGramsOrUnits) {
-  EXPECT_EQ(VerCantidad(1234567, 0), u"1.234,567"_s);
-  EXPECT_EQ(VerCantidad(-5, 1), u"-0,005"_s);
-  EXPECT_EQ(VerCantidad(1234567, 2), u"1.234.567"_s);
-  EXPECT_EQ(ACantidad(u"1,2345"_s, 0), 1235);
-  EXPECT_EQ(ACantidad(u"7,9"_s, 2), 7);
-  EXPECT_EQ(ACantidad(u"3.000.000"_s, 0), 0);  // above 32 bits
-  EXPECT_EQ(ACantidad(u"kilo"_s, 0), 0);
+  EXPECT_EQ(VerCantidad(Idioma::Espanol, 1234567, 0), u"1.234,567"_s);
+  EXPECT_EQ(VerCantidad(Idioma::Espanol, -5, 1), u"-0,005"_s);
+  EXPECT_EQ(VerCantidad(Idioma::Espanol, 1234567, 2), u"1.234.567"_s);
+  EXPECT_EQ(ACantidad(Idioma::Espanol, u"1,2345"_s, 0), 1235);
+  EXPECT_EQ(ACantidad(Idioma::Espanol, u"7,9"_s, 2), 7);
+  EXPECT_EQ(ACantidad(Idioma::Espanol, u"3.000.000"_s, 0), 0);  // above 32 bits
+  EXPECT_EQ(ACantidad(Idioma::Espanol, u"kilo"_s, 0), 0);
+  // With the separators of the language, as money has them.
+  EXPECT_EQ(VerCantidad(Idioma::UK, 1234567, 0), u"1,234.567"_s);
+  EXPECT_EQ(ACantidad(Idioma::UK, u"1,234.567"_s, 0), 1234567);
+  EXPECT_TRUE(SobranDecimales(Idioma::UK, u"1.2345"_s, 0));
+  EXPECT_TRUE(LeidoDeDosModos(Idioma::UK, u"1,239"_s, 0));
 }
 
 TEST(Clases, FollowFromTheKind) {

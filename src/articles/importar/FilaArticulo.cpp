@@ -249,7 +249,7 @@ std::optional<Motivo> Filas::ponerCantidad(qint64& donde, Campo campo, const QSt
                                            int cada) const {
   auto n = leerDecimal(texto, plan_.signo);
   if (!n || n->startsWith(u'-')) return noVale(campo, texto);
-  const qint64 cantidad = ACantidad(n->replace(u'.', u','), cada);
+  const qint64 cantidad = ACantidad(Idioma::Espanol, n->replace(u'.', u','), cada);
   if (cantidad > kCantidadMayor) return noVale(campo, texto);
   donde = cantidad;
   return std::nullopt;

@@ -31,9 +31,9 @@ QString verCampo(Campo campo, const articles::Articulo& a, const Ajustes& ajuste
     case Campo::Minimo:
       return importe(a.minimo);
     case Campo::Hasta1:
-      return VerCantidad(a.hasta1, a.cada);
+      return VerCantidad(ajustes.idioma, a.hasta1, a.cada);
     case Campo::Hasta2:
-      return VerCantidad(a.hasta2, a.cada);
+      return VerCantidad(ajustes.idioma, a.hasta2, a.cada);
     case Campo::Depto:
       return QString::number(a.depto);
     case Campo::Barras:
@@ -43,7 +43,7 @@ QString verCampo(Campo campo, const articles::Articulo& a, const Ajustes& ajuste
     case Campo::CodBarExt:
       return a.codBarExt.value_or(QString());
     case Campo::Descto:
-      return VerCantidad(qint64{a.descto} * 10, articles::kPorKilo).chopped(1);
+      return VerCantidad(ajustes.idioma, qint64{a.descto} * 10, articles::kPorKilo).chopped(1);
     case Campo::Formato:
       return QString::number(a.formato);
     case Campo::TextoEtq:
@@ -53,9 +53,9 @@ QString verCampo(Campo campo, const articles::Articulo& a, const Ajustes& ajuste
     case Campo::Numdias2:
       return QString::number(a.numdias2);
     case Campo::StkMax:
-      return VerCantidad(a.stkMax, a.cada);
+      return VerCantidad(ajustes.idioma, a.stkMax, a.cada);
     case Campo::StkMin:
-      return VerCantidad(a.stkMin, a.cada);
+      return VerCantidad(ajustes.idioma, a.stkMin, a.cada);
     case Campo::Coste:
       return importe(a.coste);
     default:

@@ -338,7 +338,8 @@ void BrowPLUs::pintarLado() {
       t(kTxDetalle)
           .arg(a.codigoDeBarras(),
                VerImporte(contexto().ajustes, a.coste, contexto().ajustes.MonedaNativa),
-               VerCantidad(a.hasta1, a.cada), VerCantidad(a.hasta2, a.cada)));
+               VerCantidad(contexto().ajustes.idioma, a.hasta1, a.cada),
+               VerCantidad(contexto().ajustes.idioma, a.hasta2, a.cada)));
   precios_->poner(a.precios);
 }
 

@@ -35,7 +35,7 @@ Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, i
 
 Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto, int cada) {
   if (texto.trimmed().isEmpty()) return 0;
-  const auto cantidad = LeerCantidad(texto, cada);
+  const auto cantidad = LeerCantidad(v.contexto().ajustes.idioma, texto, cada);
   if (!cantidad || *cantidad < -kCantidadMayor || *cantidad > kCantidadMayor)
     return fallo(Fallo::Formato, v.t(kTxCantidadMala).arg(texto));
   TARVO_INTENTAR(ventanas::cantidadClara(v.contexto(), texto, cada));

@@ -99,7 +99,8 @@ Resultado<> XEditPLU::ponerContador(int titulo, qint64 Existencia::* contador, q
   const qint64 era = (*e).*contador;
   poner(n);
   deshacer_->apuntar(
-      t(ventanas::kTxCeldaDe).arg(t(titulo).trimmed(), VerCantidad(era, r.articulo.cada)),
+      t(ventanas::kTxCeldaDe)
+          .arg(t(titulo).trimmed(), VerCantidad(contexto().ajustes.idioma, era, r.articulo.cada)),
       [poner, era]() -> Resultado<Vuelto> {
         poner(era);
         return Vuelto();

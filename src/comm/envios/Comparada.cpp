@@ -65,7 +65,7 @@ QString visto(const Campos& campos, CampoPLU cual, const Ajustes& ajustes, const
       return VerImporte(ajustes, n, ajustes.MonedaNativa != 0 ? 1 : 0);
     case CampoPLU::HASTA_1:
     case CampoPLU::HASTA_2:
-      return VerCantidad(n, campos[indice(CampoPLU::cada)].toInt());
+      return VerCantidad(ajustes.idioma, n, campos[indice(CampoPLU::cada)].toInt());
     case CampoPLU::cada:
       if (n >= 0 && n < kUnidades) return textos(kTxUnidades + static_cast<int>(n));
       break;

@@ -78,7 +78,9 @@ Diagnostico::Diagnostico(Contexto& c, const QString& nombre, const Servicios& s)
 
 Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
   tarea_ = puerta.tarea;
-  const auto tarea = s_.motor.tarea(tarea_);
+  const auto enCola = s_.motor.tarea(tarea_);
+  const auto& tarea = enCola ? enCola : puerta.acabada;
+  ui_.Acepto->setFocus();
   ui_.LblTarea->setVisible(tarea.has_value());
   ui_.Tramas->setVisible(tarea.has_value());
   if (!tarea) {
@@ -96,11 +98,13 @@ Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
 }
 
 void Diagnostico::decir(int estado, int error, const QString& textoError) {
-  const bool normal = esNormal(estado);
+  const bool normal = esNormal(estado), incompleta = normal && !textoError.isEmpty();
+  const Estado tono = incompleta ? Estado::Duda : normal ? Estado::Bien : Estado::Mal;
   const int lado = escalar(kIconoGrande);
-  ui_.Imagen->setPixmap(iconoEstado(normal ? Estado::Bien : Estado::Mal).pixmap(lado, lado));
+  ui_.Imagen->setPixmap(iconoEstado(tono).pixmap(lado, lado));
   ui_.LblTitular->setText(t(normal ? kTxSinAnomalia : kTxConAnomalia));
-  ui_.TxtDetalle->setVisible(!normal);
+  ui_.TxtDetalle->setVisible(!normal || incompleta);
+  ui_.TxtDetalle->setPlainText(textoError);
   ui_.LblRemedio->setVisible(!normal);
   if (normal) return;
   const auto e = motor::textosError(error, contexto().textos);

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "comm/cables/AjustesCables.h"
+#include "comm/motor/gestcomm.h"
 #include "core/valores/Tipos.h"
 #include "core/ventanas/marco/Puerta.h"
 
@@ -55,10 +56,12 @@ struct PuertaRxPLUDlg {
   TipoTarea clase = TipoTarea::RxPlus;
 };
 
-// The problem of a task and its remedy; without a task, that of a state and an error.
+// The problem of a task and its remedy; without a task, that of a state and an error. `acabada`:
+// the task as it ended, for one that has left the queue.
 struct PuertaDiagnostico {
   static constexpr QStringView kNombre = u"Diagnostico";
   int tarea = 0;
+  std::optional<motor::VistaTarea> acabada = {};
   int estado = 0, error = 0;
   QString textoError = {};
 };

@@ -15,6 +15,7 @@ constexpr std::array<int, 7> kPotencias{1, 10, 100, 1000, 10000, 100000, 1000000
 struct Signos {
   QChar millar, decimal;
 };
+constexpr Signos kSinMillares{u'\0', u'.'};
 Signos signosDe(Idioma idioma) {
   if (idioma == Idioma::UK) return {u',', u'.'};
   return {u'.', u','};
@@ -183,39 +184,41 @@ QString VerImporte(const Ajustes& a, qint64 n, int moneda) {
   return conSignos(redondeado(x * static_cast<double>(n) * potencia(decimales)), decimales, s);
 }
 
-QString VerCantidad(qint64 n, int cada) {
-  return conSignos(n, DecimalesCantidad(cada), signosDe(Idioma::Espanol));
+QString VerCantidad(Idioma idioma, qint64 n, int cada) {
+  return conSignos(n, DecimalesCantidad(cada), signosDe(idioma));
 }
 
-std::optional<qint64> LeerCantidad(const QString& texto, int cada) {
+std::optional<qint64> LeerCantidad(Idioma idioma, const QString& texto, int cada) {
   constexpr double kLargo = std::numeric_limits<int>::max();  // quantities are 32-bit columns
-  const auto x = numero(texto, signosDe(Idioma::Espanol));
+  const auto x = numero(texto, signosDe(idioma));
   if (!x) return std::nullopt;
   return DecimalesCantidad(cada) > 0 ? entero(comoSeLee(1000 * *x) + 0.5, kLargo)
                                      : entero(*x, kLargo);
 }
 
-qint64 ACantidad(const QString& texto, int cada) {
-  return LeerCantidad(texto, cada).value_or(0);
+qint64 ACantidad(Idioma idioma, const QString& texto, int cada) {
+  return LeerCantidad(idioma, texto, cada).value_or(0);
 }
 
-bool SobranDecimales(const QString& texto, int cada) {
-  return sobran(texto, signosDe(Idioma::Espanol), DecimalesCantidad(cada));
+bool SobranDecimales(Idioma idioma, const QString& texto, int cada) {
+  return sobran(texto, signosDe(idioma), DecimalesCantidad(cada));
 }
 
 std::optional<DosLecturas> LeidoDeDosModos(const Ajustes& a, const QString& texto, int moneda) {
   return dosLecturas(texto, signosDe(a.idioma), DecimalesMoneda(a, moneda));
 }
 
-std::optional<DosLecturas> LeidoDeDosModos(const QString& texto, int cada) {
-  return dosLecturas(texto, signosDe(Idioma::Espanol), DecimalesCantidad(cada));
+std::optional<DosLecturas> LeidoDeDosModos(Idioma idioma, const QString& texto, int cada) {
+  return dosLecturas(texto, signosDe(idioma), DecimalesCantidad(cada));
+}
+
+bool SobranCentesimas(const QString& texto) {
+  return sobran(QString(texto).replace(u',', u'.'), kSinMillares, 2);
 }
 
 std::optional<int> LeerCentesimas(const QString& texto) {
-  const QString t = texto.trimmed().replace(u',', u'.');
-  const Signos s{u'\0', u'.'};
-  const auto x = numero(t, s);
-  if (!x || sobran(t, s, 2) || std::abs(*x) > 1e6) return std::nullopt;
+  const auto x = numero(QString(texto).replace(u',', u'.'), kSinMillares);
+  if (!x || SobranCentesimas(texto) || std::abs(*x) > 1e6) return std::nullopt;
   return static_cast<int>(std::lround(*x * 100));
 }
 

@@ -1,6 +1,6 @@
 // The only conversion between stored and shown money and quantities. Stored money is a whole number
 // of minor units of the native currency; a stored quantity is grams (CADA 0 and 1) or units (CADA
-// 2). Currency 0 is the national money, 1 the euro.
+// 2). Currency 0 is the national money, 1 the euro. Both have the separators of the language.
 #pragma once
 
 #include <optional>
@@ -17,10 +17,10 @@ double FactorMoneda(const Ajustes& a, int moneda);
 // separate thousands ("1.5", "0.250") is taken for the decimal sign. Decimals without room are
 // rounded away, in money; a count of units loses them.
 std::optional<qint64> LeerImporte(const Ajustes& a, const QString& texto, int moneda);
-std::optional<qint64> LeerCantidad(const QString& texto, int cada);
+std::optional<qint64> LeerCantidad(Idioma idioma, const QString& texto, int cada);
 // Whether reading it would lose decimals other than zeros: what a person types is refused then.
 bool SobranDecimales(const Ajustes& a, const QString& texto, int moneda);
-bool SobranDecimales(const QString& texto, int cada);
+bool SobranDecimales(Idioma idioma, const QString& texto, int cada);
 // The two numbers that a person may mean by a text with a single thousands separator before three
 // digits, where decimals fit: "1.239" is 1239 or 1,239. Each as it is typed without doubt, the
 // second one rounded to the decimals that fit; nothing for any other text. What a person types is
@@ -29,13 +29,14 @@ struct DosLecturas {
   QString entera, decimal;
 };
 std::optional<DosLecturas> LeidoDeDosModos(const Ajustes& a, const QString& texto, int moneda);
-std::optional<DosLecturas> LeidoDeDosModos(const QString& texto, int cada);
+std::optional<DosLecturas> LeidoDeDosModos(Idioma idioma, const QString& texto, int cada);
 // "5,5" or "5.5" per cent as 550; nothing for more than two decimals or what is no number.
 std::optional<int> LeerCentesimas(const QString& texto);
+bool SobranCentesimas(const QString& texto);  // a number, but with more than two decimals
 // The same, with 0 for such a text.
 qint64 AImporte(const Ajustes& a, const QString& texto, int moneda);
 QString VerImporte(const Ajustes& a, qint64 n, int moneda);
-QString VerCantidad(qint64 n, int cada);
-qint64 ACantidad(const QString& texto, int cada);
+QString VerCantidad(Idioma idioma, qint64 n, int cada);
+qint64 ACantidad(Idioma idioma, const QString& texto, int cada);
 
 }  // namespace tarvo

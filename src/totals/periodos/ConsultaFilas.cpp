@@ -236,17 +236,6 @@ Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64
   return lista;
 }
 
-Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor) {
-  std::vector<Columna> partes;
-  if (mayor.periodo.tipo < kSemanal || mayor.periodo.tipo > kAnual) return partes;
-  TARVO_TOMAR(auto todos, periodos.lista());
-  for (Columna& c : todos)
-    if (c.acumulado(mayor.periodo.tipo) && c.periodo.desde >= mayor.periodo.desde &&
-        c.periodo.hasta <= mayor.periodo.hasta)
-      partes.push_back(std::move(c));
-  return partes;
-}
-
 Resultado<Resumen> resumir(const Periodos& periodos, const std::vector<qint64>& links) {
   Resumen r;
   std::set<qint64> grupos;

@@ -91,8 +91,6 @@ struct Procedencia {
 };
 Resultado<std::vector<Procedencia>> procedencia(const Periodos& periodos, qint64 link, int grupo,
                                                 TipoTotal clase, qint64 codigo);
-// The periods that were added into this one.
-Resultado<std::vector<Columna>> sumandos(Periodos& periodos, const Columna& mayor);
 
 // The combined contents of several periods.
 struct Resumen {

@@ -10,6 +10,14 @@
 
 namespace tarvo::totals {
 
+namespace {
+
+Periodo periodoDe(const dao::Recordset& f) {
+  return {static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
+}
+
+}  // namespace
+
 Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   for (const ClaseTotal& c : enVigor(a_))
     TARVO_INTENTAR(db_.ejecutar(
@@ -89,28 +97,26 @@ Resultado<bool> Sumas::tiene(qint64 destino, const Periodo& p) {
   return n.entero() > 0;
 }
 
-// A replaced version counts as long as the larger period holds it.
 Resultado<std::vector<Periodo>> Sumas::directos(const Columna& c) {
-  const auto periodo = [](const dao::Recordset& f) {
-    return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
-  };
   TARVO_TOMAR(
       auto v,
       dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=?", c.LINK),
-                  periodo));
+                  periodoDe));
   const int tipo = c.periodo.tipo;
-  if (tipo < kSemanal || tipo > kAnual) return v;
-  for (const QString& tabla : {QStringLiteral("COLUMNA"), QStringLiteral("Sustituidos")}) {
-    TARVO_TOMAR(
-        const auto dentro,
-        dao::reunir(db_.consultar(dao::conMarcas(u"SELECT TIPO, FECHA1, FECHAF FROM {tabla} WHERE "
+  if (tipo >= kSemanal && tipo <= kAnual)
+    for (const QString& tabla : {QStringLiteral("COLUMNA"), QStringLiteral("Sustituidos")}) {
+      TARVO_TOMAR(const auto dentro,
+                  dao::reunir(db_.consultar(
+                                  dao::conMarcas(u"SELECT TIPO, FECHA1, FECHAF FROM {tabla} WHERE "
                                                  u"{marca}<>0 AND FECHA1>=? AND FECHA1<=?",
                                                  {{u"tabla", tabla}, {u"marca", marcaDe(tipo)}}),
                                   c.periodo.desde, c.periodo.hasta),
-                    periodo));
-    std::ranges::copy_if(dentro, std::back_inserter(v),
-                         [&](const Periodo& p) { return Periodos::mayorDe(tipo, p) == c.periodo; });
-  }
+                              periodoDe));
+      std::ranges::copy_if(dentro, std::back_inserter(v), [&](const Periodo& p) {
+        return Periodos::mayorDe(tipo, p) == c.periodo;
+      });
+    }
+  std::ranges::stable_sort(v, {}, &Periodo::desde);
   return v;
 }
 
@@ -135,9 +141,7 @@ Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
   return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? AND "
                                    u"SOLAPA<>0 ORDER BY FECHA1, FECHAF",
                                    destino),
-                     [](const dao::Recordset& f) {
-                       return Periodo{static_cast<int>(f.entero(0)), f.fecha(1), f.fecha(2)};
-                     });
+                     periodoDe);
 }
 
 }  // namespace tarvo::totals

@@ -21,6 +21,9 @@ class Sumas {
   Resultado<> deshacer(qint64 destino, qint64 lote, bool nuevo = false);
   // Whether a period with these dates was added to `destino`.
   Resultado<bool> tiene(qint64 destino, const Periodo& p);
+  // The periods summed or accumulated into this one, by their dates; a replaced version counts as
+  // long as the larger period holds it.
+  Resultado<std::vector<Periodo>> directos(const Columna& c);
   // What a period holds by what is noted: the periods summed or accumulated into it, those in
   // these, and so on. Each once.
   Resultado<std::vector<Periodo>> contenido(const Columna& c);
@@ -28,7 +31,6 @@ class Sumas {
   Resultado<std::vector<Periodo>> repetidos(qint64 destino);
 
  private:
-  Resultado<std::vector<Periodo>> directos(const Columna& c);
   Resultado<> guardar(qint64 origen, qint64 lote);
   Resultado<bool> vacio(qint64 link);
   Resultado<> quitarFilas(qint64 destino, qint64 lote);

@@ -14,6 +14,19 @@ Fecha hastaElFinal(int tipo, Fecha hasta) {
   return tipo == kOtros ? hasta : hasta.dia() + Fecha::kUltimoSegundo;
 }
 
+// The first of those accumulated to `tipo` that is where `c` would be, with sales in common.
+const Columna* relacionado(const Columna& c, const std::vector<Columna>& dentro, int tipo) {
+  const Periodo mayor = LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde);
+  for (const Columna& otro : dentro) {
+    const int k = otro.periodo.tipo;
+    const bool seMira = (k >= kDiario && k < tipo) || k == kOtros;
+    if (seMira && otro.periodo.desde >= mayor.desde && otro.periodo.desde < mayor.hasta &&
+        otro.periodo.solapa(c.periodo))
+      return &otro;
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 VerTot::VerTot(Periodos& periodos) : p_(periodos), db_(periodos.base()), a_(periodos.ajustes()) {}
@@ -36,18 +49,33 @@ Resultado<bool> VerTot::conSeleccion(
   return ok;
 }
 
+Resultado<std::vector<Columna>> VerTot::acumulados(int tipo) {
+  TARVO_TOMAR(auto todos, p_.lista());
+  std::erase_if(todos, [tipo](const Columna& c) { return !c.acumulado(tipo); });
+  return todos;
+}
+
 Resultado<int> VerTot::ChequeoAcumulado(const Columna& c, int tipo) {
   if (c.acumulado(tipo)) return 2;
-  const Periodo mayor = LimitesPeriodo(tipo, c.periodo.desde, c.periodo.desde);
-  TARVO_TOMAR(const auto todos, p_.lista());
-  for (const Columna& otro : todos) {
-    const int k = otro.periodo.tipo;
-    const bool seMira = (k >= kDiario && k < tipo) || k == kOtros;
-    if (seMira && otro.periodo.desde >= mayor.desde && otro.periodo.desde < mayor.hasta &&
-        otro.acumulado(tipo) && otro.periodo.solapa(c.periodo))
-      return otro.LINK == c.LINK ? 2 : 1;
+  TARVO_TOMAR(const auto dentro, acumulados(tipo));
+  return relacionado(c, dentro, tipo) ? 1 : 0;
+}
+
+Resultado<VerTot::Prevision> VerTot::preverAcumular(const std::vector<qint64>& links, int tipo) {
+  Prevision p;
+  TARVO_TOMAR(auto dentro, acumulados(tipo));
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    if (!c || !Periodos::mayorDe(tipo, c->periodo)) continue;
+    if (c->acumulado(tipo)) {
+      p.ya.push_back(c->periodo);
+      continue;
+    }
+    if (const Columna* otro = relacionado(*c, dentro, tipo))
+      p.relacionados.push_back({c->periodo, otro->periodo});
+    dentro.push_back(*c);
   }
-  return 0;
+  return p;
 }
 
 Resultado<bool> VerTot::AcumularEn(int tipo) {

@@ -59,6 +59,13 @@ class VerTot {
   void ponerSeleccion(const std::vector<qint64>& links);
   // 0 free, 1 a related period is accumulated there, 2 this very one is.
   Resultado<int> ChequeoAcumulado(const Columna& c, int tipo);
+  // What accumulating these would meet, known before any is: a later one may repeat the sales of an
+  // earlier one.
+  struct Prevision {
+    std::vector<Periodo> ya;           // accumulated there before
+    std::vector<Solape> relacionados;  // `uno` repeats sales of `otro`, there or before it
+  };
+  Resultado<Prevision> preverAcumular(const std::vector<qint64>& links, int tipo);
 
  private:
   Resultado<bool> conSeleccion(
@@ -66,6 +73,7 @@ class VerTot {
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
   void anadir(qint64 link);
   Resultado<std::vector<Columna>> elegidas();
+  Resultado<std::vector<Columna>> acumulados(int tipo);
   Resultado<bool> tieneDentro(const Columna& destino, const Columna& c);
   Resultado<std::vector<Periodo>> comunes(const std::vector<Periodo>& enDestino, const Columna& c);
   Resultado<> ponerSolapes(const std::vector<Columna>& elegidas, Suma& suma);

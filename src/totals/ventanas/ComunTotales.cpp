@@ -5,6 +5,7 @@
 #include "core/dinero/Dinero.h"
 #include "core/textos/Textos.h"
 #include "core/ventanas/TextosVentanas.h"
+#include "totals/periodos/Sumas.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {
@@ -29,15 +30,15 @@ QString lineaProcedencia(ventanas::Ventana& v, const Procedencia& p) {
   return texto;
 }
 
-QString lineaSumandos(ventanas::Ventana& v, const std::vector<Columna>& partes) {
+QString lineaSumandos(ventanas::Ventana& v, const std::vector<Periodo>& partes) {
   if (partes.empty()) return v.t(kTxSinLectura);
   QStringList nombres;
-  for (const Columna& c : partes) {
+  for (const Periodo& p : partes) {
     if (nombres.size() == kPartesNombradas) {
       nombres << v.t(kTxYMas).arg(static_cast<int>(partes.size()) - kPartesNombradas);
       break;
     }
-    nombres << FormatoPeriodo(c.periodo.tipo, c.periodo.desde);
+    nombres << (p.tipo == kOtros ? TextoPeriodo(p).simplified() : FormatoPeriodo(p.tipo, p.desde));
   }
   return v.t(kTxSumaDe).arg(nombres.join(u", "_s));
 }
@@ -128,7 +129,7 @@ Resultado<QString> textoProcedencia(ventanas::Ventana& v, Periodos& periodos, qi
   if (!lineas.isEmpty()) return lineas.join(u'\n');
   TARVO_TOMAR(const auto c, periodos.columna(link));
   if (!c) return QString();
-  TARVO_TOMAR(const auto partes, sumandos(periodos, *c));
+  TARVO_TOMAR(const auto partes, Sumas(periodos).directos(*c));
   return lineaSumandos(v, partes);
 }
 

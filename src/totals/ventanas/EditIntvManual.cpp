@@ -31,7 +31,7 @@ void EditIntvVentana::montarManuales() {
   const auto cantidad = [this](int cada) {
     return [this, cada](const QString& texto) -> Leido {
       TARVO_INTENTAR(ventanas::cantidadClara(contexto(), texto, cada));
-      return LeerCantidad(texto, cada);
+      return LeerCantidad(contexto().ajustes.idioma, texto, cada);
     };
   };
   apartar(enlazarCampo(*ui_.txPLU, codigo(plu_, kCifrasPLU, 0, kMayorPLU)), renglon_);
@@ -168,8 +168,10 @@ bool EditIntvVentana::anadir() {
                                  ventanas::kSoloAcepto | ventanas::kExclamacion);
     else
       decirDuda(leida.error().texto);
+    aviso_ = tira().veces();
     return false;
   }
+  if (aviso_ == tira().veces()) tira().quitar();  // it referred to what has been corrected
   if (ui_.SubsTot->isChecked()) entrada_.c = -entrada_.c;
   r.entradas.push_back(entrada_);
   vaciarEntrada();

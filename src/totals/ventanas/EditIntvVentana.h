@@ -65,6 +65,7 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   qint64 plu_ = 0;
   ventanas::Renglon renglon_;
   ventanas::Deshacer* deshacer_ = nullptr;
+  int aviso_ = -1;  // the strip's, when the last line was refused
 };
 
 }  // namespace tarvo::totals

@@ -2,6 +2,7 @@
 #include <QMenu>
 #include <QToolButton>
 #include <algorithm>
+#include <ranges>
 
 #include "core/textos/Textos.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -26,6 +27,7 @@ using ventanas::MyMsgBox;
 namespace {
 
 constexpr qsizetype kDebidosALaVista = 6;
+constexpr size_t kParesNombrados = 8;  // in a question
 
 // Each larger period once.
 QString textoMayores(const std::vector<Acumulacion>& hechas) {
@@ -252,18 +254,38 @@ void VerTotVentana::borrar(bool soloFilas) {
 
 // --- sums
 
+// All is asked before anything is done; false to leave everything as it was.
+bool VerTotVentana::acumularConformes(const std::vector<qint64>& links, int tipo) {
+  const auto prevision = motor_.preverAcumular(links, tipo);
+  if (!haIdoBien(prevision)) return false;
+  if (!prevision->ya.empty()) {
+    const bool todos = prevision->ya.size() == links.size();
+    MyMsgBox::Decide(this, contexto().textos,
+                     t(kTxYaSeAcumulo) +
+                         (links.size() > 1 ? u"\n\n"_s + TextoPeriodos(prevision->ya) : QString()),
+                     kSoloAcepto | kExclamacion);
+    if (todos) return false;
+  }
+  if (prevision->relacionados.empty()) return true;
+  QStringList pares;
+  for (const VerTot::Solape& s : prevision->relacionados | std::views::take(kParesNombrados))
+    pares << t(kTxRepiteVentas)
+                 .arg(TextoPeriodo(s.uno).simplified(), TextoPeriodo(s.otro).simplified());
+  if (const size_t n = prevision->relacionados.size(); n > kParesNombrados)
+    pares << t(kTxYMas).arg(static_cast<int>(n - kParesNombrados));
+  const bool sigue = MyMsgBox::Decide(this, contexto().textos,
+                                      t(kTxExisteRelacionado) + u"\n\n"_s + pares.join(u'\n'),
+                                      kAceptoCancelo | kExclamacion);
+  if (!sigue) decirPista(t(kTxNadaAcumulado));
+  return sigue;
+}
+
 Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo,
                                            std::vector<Acumulacion>& hechas) {
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   TARVO_TOMAR(const auto chequeo, motor_.ChequeoAcumulado(*c, tipo));
-  if (chequeo == 2) {
-    MyMsgBox::Decide(this, contexto().textos, t(kTxYaSeAcumulo), kSoloAcepto | kExclamacion);
-    return false;
-  }
-  if (chequeo == 1 && !MyMsgBox::Decide(this, contexto().textos, t(kTxExisteRelacionado),
-                                        kAceptoCancelo | kExclamacion))
-    return false;
+  if (chequeo == 2) return false;
   TARVO_TOMAR(const auto hecha, Acumulaciones(p_).acumular(tipo, *c));
   if (hecha) hechas.push_back(*hecha);
   return hecha.has_value();
@@ -271,7 +293,7 @@ Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo,
 
 void VerTotVentana::acumular(int tipo) {
   const auto links = elegidos();
-  if (links.empty()) return;
+  if (links.empty() || !acumularConformes(links, tipo)) return;
   const auto hechas = std::make_shared<std::vector<Acumulacion>>();
   porPasos(
       t(kTxAcumulando), links, [=, this](qint64 link) { return acumularUno(link, tipo, *hechas); },

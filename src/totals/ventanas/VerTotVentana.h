@@ -62,6 +62,7 @@ class VerTotVentana final : public ventanas::Ventana {
   std::optional<QString> loQueSeDebe(const std::vector<qint64>& links);
   void borrar(bool soloFilas);
   void acumular(int tipo);
+  bool acumularConformes(const std::vector<qint64>& links, int tipo);
   Resultado<bool> acumularUno(qint64 link, int tipo, std::vector<Acumulacion>& hechas);
   void acumulados(const std::vector<Acumulacion>& hechas, Cuentas cuentas);
   void desacumular(int tipo);

@@ -13,6 +13,12 @@ namespace tarvo::totals {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr size_t kPeriodosNombrados = 8;  // in the question before they are deleted
+
+}  // namespace
+
 XporTotVentana::XporTotVentana(ventanas::Contexto& contexto, const QString& nombre,
                                Periodos& periodos)
     : Ventana(contexto, nombre), p_(periodos), motor_(periodos) {
@@ -28,6 +34,10 @@ void XporTotVentana::montar() {
   // The name that a process gives to its file as well.
   ui_.destino->setCurrentText(
       u"EX%1.EXP"_s.arg(contexto().reloj.ahora().qdate().toString(u"yyMMdd"_s)));
+  // A completed name would be another file than the typed one, and its Return would do nothing
+  // else.
+  ui_.destino->setCompleter(nullptr);
+  ui_.destino->setInsertPolicy(QComboBox::NoInsert);
   connect(ui_.XporYA, &QPushButton::clicked, this, [this] { exportar(false); });
   connect(ui_.TodosOK, &QPushButton::clicked, this, [this] { exportar(true); });
   connect(ui_.Cancelar, &QPushButton::clicked, this, &XporTotVentana::saltar);
@@ -90,13 +100,36 @@ QString XporTotVentana::textoCuentas(qint64 link) {
   return texto + u'\n' + t(kTxSeExportaranN).replace(u"#N"_s, QString::number(total));
 }
 
+// Whether the first ones of the queue may be deleted after their export, which Ctrl+Z doesn't undo.
+bool XporTotVentana::fueraConformes(size_t cuantos) {
+  QStringList lineas;
+  for (size_t i = 0; i < cuantos && i < kPeriodosNombrados; ++i) {
+    const auto c = p_.columna(cola_[i]);
+    if (!haIdoBien(c)) return false;
+    if (!*c) continue;
+    const auto suyo = resumir(p_, {cola_[i]});
+    if (!haIdoBien(suyo)) return false;
+    lineas << TextoPeriodo((*c)->periodo).simplified() + u": "_s + textoResumen(*this, *suyo);
+  }
+  if (cuantos > kPeriodosNombrados)
+    lineas << t(kTxYMas).arg(static_cast<int>(cuantos - kPeriodosNombrados));
+  const QString pregunta =
+      t(kTxExportarYBorrar, static_cast<int>(cuantos)) + u'\n' + t(kTxSonValiosos) + u"\n\n"_s +
+      lineas.join(u'\n') + u"\n\n"_s +
+      t(kTxSoloEnFichero).arg(NombreFichero(motor_.rutaDestino(ui_.destino->currentText())));
+  return ventanas::MyMsgBox::Decide(this, contexto().textos, pregunta,
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
 // One block in one go: it is in the file whole or not at all.
 Resultado<> XporTotVentana::exportarUno() {
   const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
+  TARVO_TOMAR(const auto c, p_.columna(cola_.front()));
   TARVO_TOMAR(const auto hecho,
               motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {}));
   cola_.erase(cola_.begin());
   hechos_ += hecho ? 1 : 0;
+  if (hecho && como.borrar && c) borrados_.push_back(c->periodo);
   mostrarPrimero();
   return {};
 }
@@ -107,14 +140,26 @@ void XporTotVentana::exportar(bool todos) {
                                ventanas::kSoloAcepto | ventanas::kCritico);
     return ui_.destino->setFocus();
   }
+  const size_t cuantos = todos ? cola_.size() : 1;
+  if (ui_.borrar->isChecked() && !fueraConformes(cuantos)) return ui_.destino->setFocus();
   ventanas::trabajar(
       *this, nullptr,
       {.que = t(kTxExportandoPeriodos),
-       .total = todos ? static_cast<qint64>(cola_.size()) : 1,
+       .total = static_cast<qint64>(cuantos),
        .paso = [this](qint64) { return exportarUno(); },
        .acabar = [this](const ventanas::Faena::Fin& fin) { acabar(fin); },
-       .parado = [this] { return t(kTxExportacionRetenida); },
+       .parado =
+           [this] {
+             const QString fuera = textoBorrados();
+             return t(kTxExportacionRetenida) + (fuera.isEmpty() ? fuera : u". "_s + fuera);
+           },
        .quietos = {ui_.XporYA, ui_.TodosOK, ui_.destino, ui_.marcoFormato, ui_.borrar}});
+}
+
+// What this window has deleted; empty if nothing.
+QString XporTotVentana::textoBorrados() const {
+  if (borrados_.empty()) return {};
+  return t(kTxQueSeBorro, static_cast<int>(borrados_.size())).arg(TextoPeriodos(borrados_));
 }
 
 void XporTotVentana::acabar(const ventanas::Faena::Fin& fin) {
@@ -122,8 +167,10 @@ void XporTotVentana::acabar(const ventanas::Faena::Fin& fin) {
   mostrarPrimero();
   if (fin.error) return ui_.destino->setFocus();
   if (fin.parado) return;
+  const QString fuera = textoBorrados();
   decirBien(t(kTxExportacionRealizada) + u": "_s + t(kTxNPeriodos, hechos_) + u", "_s +
-            motor_.rutaDestino(ui_.destino->currentText()));
+            motor_.rutaDestino(ui_.destino->currentText()) +
+            (fuera.isEmpty() ? fuera : u". "_s + fuera));
   (cola_.empty() ? ui_.Cancelar : ui_.XporYA)->setFocus();
 }
 

@@ -21,8 +21,10 @@ class XporTotVentana final : public ventanas::Ventana {
   void LinkHandle(std::vector<qint64> links);
   void mostrarPrimero();
   QString textoCuentas(qint64 link);
+  bool fueraConformes(size_t cuantos);
   void exportar(bool todos);
   Resultado<> exportarUno();
+  QString textoBorrados() const;
   void acabar(const ventanas::Faena::Fin& fin);
   void saltar();
 
@@ -31,6 +33,7 @@ class XporTotVentana final : public ventanas::Ventana {
   XporTot motor_;
   std::vector<qint64> cola_;
   int hechos_ = 0;
+  std::vector<Periodo> borrados_;
 };
 
 }  // namespace tarvo::totals

@@ -1,5 +1,7 @@
 // Jobs in the window of the send state: see what a group lacks, send just that, ask the scales for
 // an article and see where it differs.
+#include <QTableView>
+
 #include "MesaDeComm.h"
 
 namespace tarvo::prueba {
@@ -120,9 +122,22 @@ TEST_F(VentanaEstado, LoQueNoSeEnvioSeQuedaALaVista) {
   ASSERT_TRUE(correr());
   pasar(3000);
   ASSERT_EQ(cola()->filas(), 1);
-  EXPECT_EQ(celda(0, u"Problema"),
-            u"Artículos sin enviar: retenidos 1, rechazados 0. Vea el estado de envío (F12).");
+  EXPECT_EQ(celda(0, u"Problema"), u"Sin enviar (F12): retenidos 1, rechazados 0");
+  // It isn't shown as a plain success, and its diagnosis names it though it has left the queue.
+  EXPECT_EQ(celda(0, u"Estado"), u"Terminado, pero falta algo");
   cola()->irA(0);
+  QString tarea, detalle, foco;
+  luego([&](QWidget* d) {
+    tarea = d->findChild<QLabel*>(u"LblTarea"_s)->text();
+    detalle = d->findChild<QPlainTextEdit*>(u"TxtDetalle"_s)->toPlainText();
+    foco = d->focusWidget()->objectName();
+    EXPECT_TRUE(d->findChild<QPushButton*>(u"Tramas"_s)->isVisible());
+    QTest::keyClick(d, Qt::Key_Escape);
+  });
+  QTest::keyClick(cola()->vista(), Qt::Key_Return);
+  EXPECT_TRUE(tarea.startsWith(u"Tarea 001: Tx Artículos"_s)) << tarea.toStdString();
+  EXPECT_EQ(detalle, celda(0, u"Problema"));
+  EXPECT_EQ(foco, u"Acepto");
   QTest::keyClick(cola(), Qt::Key_F12);
   EXPECT_EQ(control<QComboBox>(u"Grupo"_s, u"EstadoEnvio"_s)->currentData().toInt(), 2);
   // Once corrected and sent again, nothing more is reported.

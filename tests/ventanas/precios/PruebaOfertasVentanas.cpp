@@ -114,6 +114,30 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first from there on, ignoring accents";
 }
 
+// Return doesn't pass in silence over what is missing or refused: the reason is beside the field.
+TEST(VentanaOfertas, IntroNoPasaDeLoQueNoVale) {
+  MesaDePrecios m;
+  auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
+  const auto falta = [&](const QString& campo) {
+    return v->findChild<QLabel*>(u"falta"_s + campo)->text();
+  };
+  m.campo(v, u"Entra"_s).setFocus();
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(falta(u"Entra"_s), u"No se ha entrado un código de artículo");
+  m.campo(v, u"Entra"_s).setFocus();
+  m.teclear(u"12"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(falta(u"Entra"_s), u"");
+  EXPECT_EQ(m.enFoco(), u"Precio_0");
+  m.teclear(u"9,999"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(m.enFoco(), u"Precio_0");
+  EXPECT_NE(falta(u"Precio_0"_s), u"");
+  m.teclear(u"9,99"_s);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(m.enFoco(), u"Precio_1");
+}
+
 // However many faults there are, their words stand apart, and whole.
 TEST(VentanaOfertas, LasFaltasNoSeTapan) {
   MesaDePrecios m;
@@ -129,7 +153,11 @@ TEST(VentanaOfertas, LasFaltasNoSeTapan) {
   for (QWidget* w : v->findChildren<QWidget*>())
     if (w->isVisible() && (qobject_cast<QLabel*>(w) || qobject_cast<QLineEdit*>(w))) vistos << w;
   int faltas = 0;
-  const auto sitio = [v](const QWidget* w) { return QRect(w->mapTo(v, QPoint()), w->size()); };
+  // With the frame of a wrong field, which is wider than the field.
+  const auto sitio = [v](const QWidget* w) {
+    return QRect(w->mapTo(v, QPoint()), w->size()) +
+           (qobject_cast<const QLineEdit*>(w) ? QMargins(1, 1, 1, 1) : QMargins());
+  };
   for (const QWidget* w : vistos) {
     const auto* falta = qobject_cast<const QLabel*>(w);
     if (!falta || !falta->objectName().startsWith(u"falta")) continue;

@@ -223,6 +223,11 @@ TEST(VentanasPrecios, NoSePierdeLoEscritoSinPreguntar) {
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
   MesaDePrecios::escribir(v, u"Precio_0"_s, u"1,11"_s);
   m.campo(v, u"Entra"_s).setFocus();
+  m.responder(u"Cancelo"_s);
+  m.pulsar(Qt::Key_Escape);
+  ASSERT_TRUE(v->isVisible()) << "there is a price";
+  m.campo(v, u"Precio_0"_s).clear();
+  m.campo(v, u"Entra"_s).setFocus();
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(v->isVisible()) << "Escape in the empty field closes";
 }
@@ -386,6 +391,7 @@ TEST(VentanaLote, DiceQueCifraNoVale) {
     QString campo, texto, dicho;
   } casos[] = {{u"txPc"_s, u"-100"_s, u"La subida debe ser un número de -99,99 a 999,99"_s},
                {u"txPc"_s, u"abc"_s, u"La subida debe ser"_s},
+               {u"txPc"_s, u"1.234"_s, u"«1.234» tiene más decimales de los que caben (2)"_s},
                {u"txPc"_s, u"5"_s, {}},
                {u"txPaso"_s, u"0"_s, u"El redondeo debe ser un importe de 0,01 a 9.999,99"_s},
                {u"txPaso"_s, u"10000"_s, u"El redondeo debe ser"_s}};

@@ -158,10 +158,13 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
             u"EX%1.EXP"_s.arg(t.reloj.ahora().qdate().toString(u"yyMMdd"_s)));
   destino->setCurrentText(u"VENTAS"_s);
   x->findChild<QAbstractButton*>(u"borrar"_s)->click();
+  t.responder(u"Acepto"_s);
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 0; }));
   ASSERT_TRUE(QFile::exists(t.ruta(u"VENTAS.EXP"_s)));
   EXPECT_EQ(salida->text(), u"&Cerrar") << "nothing is left to cancel";
+  const QString fin = u"Borrados: 4 junio 2018 (DIARIO), 5 junio 2018 (DIARIO)."_s;
+  EXPECT_TRUE(esperar([&] { return x->tira().texto().endsWith(fin); }, 5'000));
   x->descargar();
   i = t.abrir(u"ImpTot"_s);
   auto* ficheros = i->findChild<QListWidget*>(u"LstFich"_s);

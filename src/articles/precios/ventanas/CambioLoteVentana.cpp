@@ -9,6 +9,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/edicion/Opciones.h"
+#include "core/ventanas/edicion/Tecleado.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -180,6 +181,9 @@ std::expected<OrdenLote, QString> CambioLoteVentana::ordenPrecios() {
   if (orden) return *orden;
   if (sinPc) return std::unexpected(t(kTxOrdenMala));
   const Textos& textos = contexto().textos;
+  if (malPc)
+    if (const auto claro = ventanas::centesimasClaras(contexto(), ui_.txPc->text()); !claro)
+      return std::unexpected(claro.error().texto);
   if (malPc)
     return std::unexpected(textos(kTxSubidaMala, {conDosDecimales(SubePrecios::kMenor / 100.0),
                                                   conDosDecimales(SubePrecios::kMayor / 100.0)}));

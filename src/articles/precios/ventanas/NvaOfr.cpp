@@ -130,6 +130,7 @@ void NvaOfr::buscar() {
   const QString texto = qobject_cast<QLineEdit*>(&entra_->control())->text().trimmed();
   const auto hallado = motor_.buscar(de_.seccion, texto, porCodigo_->isChecked());
   articulo_ = haIdoBien(hallado) ? *hallado : std::nullopt;
+  if (articulo_) entra_->marcar({});
   codigo_->setText(articulo_ ? Ceros(articulo_->codigo, 7) : QString());
   nombre_->setText(articulo_ ? articulo_->nombre : QString());
   normal_->setText(articulo_         ? preciosNormales(articulo_->codigo)
@@ -145,13 +146,24 @@ QString NvaOfr::preciosNormales(qint64 codigo) {
   return t(kTxPreciosNormales).arg(precios.join(u"   "_s));
 }
 
+// Whether the price may be left with Enter; otherwise its fault is shown beside it.
+bool NvaOfr::vale(const QLineEdit& linea) {
+  for (ventanas::Campo* precio : precios_)
+    if (&linea == &precio->control() && !precio->leer()) return precio->enfocar(), false;
+  return true;
+}
+
 // Enter moves from field to field; Escape clears the article field before it closes the window.
 void NvaOfr::keyPressEvent(QKeyEvent* evento) {
   auto* foco = qobject_cast<QLineEdit*>(focusWidget());
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   if (intro && foco) {
     evento->accept();
-    if (foco == &entra_->control()) return precios_[0]->control().setFocus(Qt::TabFocusReason);
+    if (!vale(*foco)) return;
+    if (foco == &entra_->control()) {
+      if (!articulo_) entra_->marcar(t(kTxSinCodigo));
+      return precios_[0]->control().setFocus(Qt::TabFocusReason);
+    }
     if (foco == &hasta_->control()) return acepto()->setFocus(Qt::TabFocusReason);
     focusNextChild();
     return;
@@ -159,7 +171,10 @@ void NvaOfr::keyPressEvent(QKeyEvent* evento) {
   if (evento->key() == Qt::Key_Escape && foco == &entra_->control()) {
     evento->accept();
     if (!foco->text().isEmpty()) return foco->clear();
-    dejado_ = true;  // Escape in the empty field: the user doesn't want another offer
+    // Escape in the empty field: the user doesn't want another offer, unless there are prices.
+    dejado_ = std::ranges::all_of(precios_, [](const ventanas::Campo* precio) {
+      return qobject_cast<QLineEdit*>(&precio->control())->text().isEmpty();
+    });
   }
   FichaDe::keyPressEvent(evento);
 }

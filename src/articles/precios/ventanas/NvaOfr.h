@@ -29,6 +29,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   ventanas::Modo precio(std::size_t nivel);
   ventanas::Modo dia(Dia& donde);
   ventanas::Modo fin();
+  bool vale(const QLineEdit& linea);
   void pintarGrupo();
   void buscar();
   QString preciosNormales(qint64 codigo);

@@ -12,8 +12,15 @@ using ventanas::Estado;
 namespace {
 
 // The number and the state of a task share a cell: an icon before the number.
-constexpr qint64 kEstados = 16;
-constexpr int kReteniendo = 32;  // added to the state: to be held after the current frame
+constexpr int kEstados = 64;
+// Added to the state: to be held after the current frame; ended, but something was left out.
+constexpr int kReteniendo = 32, kIncompleta = 16;
+
+int estadoVisto(const motor::VistaTarea& t) {
+  if (t.Estado == motor::kTransfiriendo && t.Retenida) return t.Estado + kReteniendo;
+  if (t.Estado == motor::kTerminado && !t.textoError.isEmpty()) return t.Estado + kIncompleta;
+  return t.Estado;
+}
 
 }  // namespace
 
@@ -21,11 +28,14 @@ QString imagenDeEstado(int estado) {
   static const QString kImagenes[] = {u"esperando"_s,     u"enviar"_s, u"duda"_s,
                                       u"transfiriendo"_s, u"bien"_s,   u"mal"_s,
                                       u"mal"_s,           u"pausa"_s,  u"parar"_s};
+  if (estado == motor::kTerminado + kIncompleta) return u"duda"_s;
+  estado %= kIncompleta;
   return estado >= 0 && estado < std::ssize(kImagenes) ? kImagenes[estado] : QString();
 }
 
 Estado tonoDeEstado(int estado) {
-  switch (estado) {
+  if (estado == motor::kTerminado + kIncompleta) return Estado::Duda;
+  switch (estado % kIncompleta) {
     case motor::kTerminado:
       return Estado::Bien;
     case motor::kAperturaFallida:
@@ -48,7 +58,7 @@ QString textoProblema(const motor::VistaTarea& t, const Textos& textos) {
 }
 
 std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
-  const QString reteniendo = textos(kTxReteniendo);
+  const QString reteniendo = textos(kTxReteniendo), incompleta = textos(kTxTerminadoIncompleto);
   return {
       {.titulo = kTxColTarea,
        .campo = u"Tarea"_s,
@@ -67,14 +77,12 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
        .campo = u"Estado"_s,
        .ancho = 220,
        .ver =
-           [reteniendo, &textos](const dao::Valor& v) {
+           [reteniendo, incompleta, &textos](const dao::Valor& v) {
              const int e = static_cast<int>(v.entero());
-             return e >= kReteniendo ? reteniendo : motor::TextoEstado(e, textos);
+             if (e >= kReteniendo) return reteniendo;
+             return e >= kIncompleta ? incompleta : motor::TextoEstado(e, textos);
            },
-       .estado =
-           [](const dao::Valor& v) {
-             return tonoDeEstado(static_cast<int>(v.entero() % kReteniendo));
-           }},
+       .estado = [](const dao::Valor& v) { return tonoDeEstado(static_cast<int>(v.entero())); }},
       {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 260}};
 }
 
@@ -82,13 +90,11 @@ ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea
                              const Textos& textos) {
   const QString nombre = clase ? textos(clase->nombre) : QString();
   const auto oNada = [](int n) { return n < 0 ? dao::Valor() : dao::Valor(n); };
-  return {
-      t.datos.Id,
-      {dao::Valor(t.datos.Id * kEstados + t.Estado),
-       dao::Valor(textos(kTxDestino).arg(nombre, Ceros(t.datos.Grupo, 4))), oNada(t.Addr),
-       dao::Valor(t.paso), oNada(t.Traza),
-       dao::Valor(t.Estado + (t.Retenida && t.Estado == motor::kTransfiriendo ? kReteniendo : 0)),
-       dao::Valor(textoProblema(t, textos))}};
+  return {t.datos.Id,
+          {dao::Valor(qint64{t.datos.Id} * kEstados + estadoVisto(t)),
+           dao::Valor(textos(kTxDestino).arg(nombre, Ceros(t.datos.Grupo, 4))), oNada(t.Addr),
+           dao::Valor(t.paso), oNada(t.Traza), dao::Valor(estadoVisto(t)),
+           dao::Valor(textoProblema(t, textos))}};
 }
 
 }  // namespace tarvo::comm

@@ -172,7 +172,7 @@ void gestcommVentana::cambiarModo(bool automatico) {
 
 void gestcommVentana::diagnosticar() {
   if (const int id = tareaElegida(); id != 0)
-    static_cast<void>(preguntar(PuertaDiagnostico{.tarea = id}));
+    static_cast<void>(preguntar(PuertaDiagnostico{.tarea = id, .acabada = tareaVista(id)}));
 }
 
 // Opens the state of the articles for the selected task's group.

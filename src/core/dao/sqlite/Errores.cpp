@@ -40,6 +40,11 @@ Error deApertura(int extendido, int sistema, const QString& que) {
               .arg(que)};
 }
 
+// An error without a message of its own: its number, the engine's text, and what it means here.
+Error delMotor(Fallo clase, int numero, const QString& motor, const QString& aqui) {
+  return {clase, numero, QStringLiteral("(%1)-%2. %3").arg(QString::number(numero), motor, aqui)};
+}
+
 Error deRegla(int extendido, const QString& motor) {
   switch (extendido) {
     case SQLITE_CONSTRAINT_UNIQUE:
@@ -53,9 +58,8 @@ Error deRegla(int extendido, const QString& motor) {
                   "El registro depende de otro que no existe, o hay otros que dependen de él: "
                   "revise los códigos.")};
     default:
-      return {
-          Fallo::Restriccion, extendido,
-          QStringLiteral("Un valor no es válido para la base de datos: corríjalo (%1)").arg(motor)};
+      return delMotor(Fallo::Restriccion, extendido, motor,
+                      QStringLiteral("Un valor no es válido para la base de datos: corríjalo."));
   }
 }
 
@@ -80,8 +84,8 @@ Error errorDe(sqlite3* db, int codigo, const QString& que) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
       return {Fallo::Ocupado, kJetBloqueado,
-              QStringLiteral("La base de datos está bloqueada por otro programa u otra máquina: "
-                             "ciérrelo o repita más tarde.")};
+              QStringLiteral("La página de datos está bloqueada por otra máquina. Cierre el otro "
+                             "programa o repita más tarde.")};
     case SQLITE_READONLY:
       return {Fallo::SoloLectura, extendido,
               QStringLiteral("La base de datos es de solo lectura: quite la protección del fichero "
@@ -104,11 +108,12 @@ Error errorDe(sqlite3* db, int codigo, const QString& que) {
       return {Fallo::Interno, kJetSinMemoria,
               QStringLiteral("Memoria insuficiente: Debe cerrar ventanas")};
     case SQLITE_ERROR:
-      return {Fallo::Formato, extendido,
-              QStringLiteral("La base de datos no entiende la consulta: %1. %2").arg(motor, que)};
+      return delMotor(
+          Fallo::Formato, extendido, motor,
+          QStringLiteral("La base de datos no entiende la consulta: %1").arg(que).trimmed());
     default:
-      return {Fallo::Interno, extendido,
-              QStringLiteral("La base de datos ha fallado: %1").arg(motor)};
+      return delMotor(Fallo::Interno, extendido, motor,
+                      QStringLiteral("La base de datos ha fallado."));
   }
 }
 

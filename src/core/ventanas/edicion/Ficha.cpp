@@ -68,7 +68,7 @@ QLabel* faltaBajo(QWidget& control, QWidget& cuerpo) {
   auto* caja = new QWidget(control.parentWidget());
   auto* pila = new QVBoxLayout(caja);
   pila->setContentsMargins(0, 0, 0, 0);
-  pila->setSpacing(0);
+  pila->setSpacing(escalar(kHueco / 2));  // the frame of a wrong field is wider than the field's
   QLayout* sitio = control.parentWidget()->layout();
   delete sitio->replaceWidget(&control, caja);
   auto* falta = new QLabel(caja);

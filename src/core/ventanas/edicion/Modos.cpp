@@ -128,16 +128,16 @@ Modo Ficha::dinero(qint64& donde, std::function<int()> moneda, qint64 mayor) con
 }
 
 Modo Ficha::cantidad(qint64& donde, std::function<int()> cada) const {
-  return {.ver = [&donde, cada] { return VerCantidad(donde, cada()); },
-          .poner = [this, &donde, cada](const QString& s) -> Resultado<> {
-            const auto n = LeerCantidad(s, cada());
-            if (!n || std::abs(*n) > kImporteMayor)
-              return fallo(Fallo::Formato, t(kTxEscribaCantidad));
-            TARVO_INTENTAR(cantidadClara(contexto(), s, cada()));
-            donde = *n;
-            return {};
-          },
-          .letras = 12};
+  return {
+      .ver = [this, &donde, cada] { return VerCantidad(contexto().ajustes.idioma, donde, cada()); },
+      .poner = [this, &donde, cada](const QString& s) -> Resultado<> {
+        const auto n = LeerCantidad(contexto().ajustes.idioma, s, cada());
+        if (!n || std::abs(*n) > kImporteMayor) return fallo(Fallo::Formato, t(kTxEscribaCantidad));
+        TARVO_INTENTAR(cantidadClara(contexto(), s, cada()));
+        donde = *n;
+        return {};
+      },
+      .letras = 12};
 }
 
 Modo Ficha::fecha(std::optional<Fecha>& donde, bool obligatoria) const {

@@ -8,6 +8,7 @@ namespace tarvo::ventanas {
 namespace {
 
 constexpr int kPorPeso = 0;  // the kind of quantity with decimals
+constexpr int kDecimalesTanto = 2;
 
 Resultado<> claro(const Contexto& c, const QString& texto, const std::optional<DosLecturas>& dos,
                   bool sobran, int caben) {
@@ -26,12 +27,16 @@ Resultado<> importeClaro(const Contexto& c, const QString& texto, int moneda) {
 }
 
 Resultado<> tantoClaro(const Contexto& c, const QString& texto) {
-  return claro(c, texto, LeidoDeDosModos(texto, kPorPeso), false, 0);
+  return claro(c, texto, LeidoDeDosModos(Idioma::Espanol, texto, kPorPeso), false, 0);
+}
+
+Resultado<> centesimasClaras(const Contexto& c, const QString& texto) {
+  return claro(c, texto, std::nullopt, SobranCentesimas(texto), kDecimalesTanto);
 }
 
 Resultado<> cantidadClara(const Contexto& c, const QString& texto, int cada) {
-  return claro(c, texto, LeidoDeDosModos(texto, cada), SobranDecimales(texto, cada),
-               DecimalesCantidad(cada));
+  return claro(c, texto, LeidoDeDosModos(c.ajustes.idioma, texto, cada),
+               SobranDecimales(c.ajustes.idioma, texto, cada), DecimalesCantidad(cada));
 }
 
 }  // namespace tarvo::ventanas

@@ -12,6 +12,8 @@ namespace tarvo::ventanas {
 Resultado<> importeClaro(const Contexto& c, const QString& texto, int moneda);
 // A per cent, kept with all its decimals.
 Resultado<> tantoClaro(const Contexto& c, const QString& texto);
+// A per cent with two decimals, with either sign for them.
+Resultado<> centesimasClaras(const Contexto& c, const QString& texto);
 // A quantity of a kind, in grams or units.
 Resultado<> cantidadClara(const Contexto& c, const QString& texto, int cada);
 

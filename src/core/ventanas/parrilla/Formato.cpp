@@ -55,11 +55,11 @@ QString Formato::ver(const Columna& columna, const dao::Valor& valor, int cada) 
     case Clase::Codigo:
       return columna.cifras > 0 ? Ceros(valor.entero(), columna.cifras) : valor.texto();
     case Clase::Entero:
-      return VerCantidad(valor.entero(), 2);
+      return VerCantidad(ajustes_->idioma, valor.entero(), 2);
     case Clase::Importe:
       return VerImporte(*ajustes_, valor.entero(), moneda_);
     case Clase::Cantidad:
-      return VerCantidad(valor.entero(), cada);
+      return VerCantidad(ajustes_->idioma, valor.entero(), cada);
     case Clase::Fecha:
       return valor.fecha().corta();
     case Clase::Hora:
