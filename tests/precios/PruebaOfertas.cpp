@@ -13,6 +13,9 @@ Dia dia(const char* texto) {
   return *texto ? Dia(momento(texto)) : Dia();
 }
 
+const QString kSinEnviado =
+    u"select GRUPO, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, borrado from OFERTAS order by GRUPO"_s;
+
 struct PruebaOfertas : testing::Test, prueba::TiendaDePrecios {
   Ofertas ofertas{*db, textosDePrueba(), reloj};
 
@@ -65,10 +68,26 @@ TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
       for (const int otro : {g, 2}) cruce(otro, {10});
     if (c.precio > 0) poner(1, 10, c.precio, "01/06/2018", "", c.enviado, c.borrado);
     EXPECT_EQ(bien(ofertas.ocupados(1, 10, grupos)).size(), c.pregunta ? 1U : 0U);
-    bien(ofertas.guardar(nueva(10, 800, c.desde, "10/06/2018"), grupos));
+    const QString antes = leer(kSinEnviado);
+    const auto alta = bien(ofertas.guardar(nueva(10, 800, c.desde, "10/06/2018"), grupos));
     EXPECT_EQ(filas(), QString::fromLatin1(c.fila));
     EXPECT_EQ(loTienen(10), QString::fromLatin1(c.loTienen));
+    // Taken back; the scales that held one that waited to go are still to forget it.
+    EXPECT_EQ(bien(ofertas.deshacer(alta)), 0);
+    EXPECT_EQ(leer(kSinEnviado), antes);
+    EXPECT_EQ(leer(u"select count(*) from OFERTAS where borrado and not enviado"_s), u"0");
   }
+}
+
+// One that was changed afterwards stays; one that the scales hold by now waits to be removed.
+TEST_F(PruebaOfertas, ANewOfferIsTakenBackWhereItIsAsItWas) {
+  const std::array grupos{1, 2, 3};
+  const auto alta = bien(ofertas.guardar(nueva(10, 800, "", "10/06/2018"), grupos));
+  sql(u"update OFERTAS set enviado=1 where GRUPO=2"_s);
+  sql(u"update OFERTAS set PRECIO_0=1 where GRUPO=3"_s);
+  EXPECT_EQ(bien(ofertas.deshacer(alta)), 1);
+  EXPECT_EQ(filas(), u"2 10 800 - 43261 1 1 | 3 10 1 - 43261 0 0");
+  EXPECT_EQ(ofertas.deshacer(alta).error().clase, Fallo::Restriccion);
 }
 
 TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {

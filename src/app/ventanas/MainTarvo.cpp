@@ -136,13 +136,18 @@ void MainTarvo::ir(const Lleva& adonde) {
 }
 
 void MainTarvo::mostrarPanel(Panel panel) {
-  const bool cambia = ui_.Paneles->currentIndex() != panel;
+  const int antes = ui_.Paneles->currentIndex();
   ui_.Paneles->setCurrentIndex(panel);
   ui_.Salir->setText(t(panel == kPrincipal ? ventanas::kTxSalir : ventanas::kTxManualAtras));
   ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
-  if (!cambia || !isActiveWindow()) return;
+  if (antes == panel || !isActiveWindow()) return;
+  // Back on the main panel: the entry whose panel has been left.
+  if (panel == kPrincipal) {
+    Entrada* de[] = {ui_.Balanzas, ui_.Almacen, ui_.Avanzados, ui_.Personalizado};
+    return de[antes]->setFocus(Qt::TabFocusReason);
+  }
   for (auto* b : ui_.Paneles->currentWidget()->findChildren<Entrada*>())
-    if (b->isEnabled() && !b->sinVentana()) return b->setFocus(Qt::TabFocusReason);
+    if (b->isEnabled()) return b->setFocus(Qt::TabFocusReason);
   ui_.Salir->setFocus(Qt::TabFocusReason);
 }
 

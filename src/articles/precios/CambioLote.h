@@ -135,6 +135,14 @@ class CambioLote {
                                   const OrdenLote& orden, const QString& ventana) {
     return std::unique_ptr<Marcha>(new Marcha(*this, std::move(claves), orden, ventana));
   }
+  // The first article of a finished batch, and the first value of it that changed.
+  struct Ejemplo {
+    enum class Que { Precio, Departamento, Formato } que = Que::Precio;
+    QString nombre;
+    qint64 antes = 0, despues = 0;
+  };
+  // Nothing if the batch is forgotten, or changed none of these values.
+  Resultado<std::optional<Ejemplo>> ejemplo(qint64 lote);
   // The rest of an interrupted batch, into the same batch. NoExiste when it can't be resumed.
   Resultado<std::unique_ptr<Marcha>> seguir(qint64 lote, const QString& ventana);
 

@@ -130,4 +130,32 @@ Resultado<> CambioLote::Marcha::acabar() {
   return hecho_.lote > 0 ? motor_.lotes_.acabar(lote_) : motor_.lotes_.olvidar(lote_);
 }
 
+Resultado<std::optional<CambioLote::Ejemplo>> CambioLote::ejemplo(qint64 lote) {
+  const auto leer = [](const dao::Recordset& fila) {
+    return articles::ColumnasArticulo(fila).leer(fila);
+  };
+  TARVO_TOMAR(
+      const auto antes,
+      dao::reunir(db_.consultar(u"SELECT * FROM LoteAntes WHERE LOTE=? AND HABIA=1 ORDER BY "
+                                u"SECCION, CODPLU LIMIT 1",
+                                lote),
+                  leer));
+  if (antes.empty()) return std::nullopt;
+  const Articulo& a = antes.front();
+  TARVO_TOMAR(const auto despues,
+              dao::reunir(db_.consultar(u"SELECT * FROM LoteDespues WHERE LOTE=? AND SECCION=? AND "
+                                        u"CODPLU=? AND HABIA=1",
+                                        lote, a.clave.seccion, a.clave.codigo),
+                          leer));
+  if (despues.empty()) return std::nullopt;
+  const Articulo& d = despues.front();
+  for (size_t n = 0; n < a.precios.size(); ++n)
+    for (size_t t = 0; t < a.precios[n].size(); ++t)
+      if (a.precios[n][t] != d.precios[n][t])
+        return Ejemplo{Ejemplo::Que::Precio, d.nombre, a.precios[n][t], d.precios[n][t]};
+  if (a.depto != d.depto) return Ejemplo{Ejemplo::Que::Departamento, d.nombre, a.depto, d.depto};
+  if (a.formato != d.formato) return Ejemplo{Ejemplo::Que::Formato, d.nombre, a.formato, d.formato};
+  return std::nullopt;
+}
+
 }  // namespace tarvo::precios

@@ -93,27 +93,67 @@ Resultado<std::vector<int>> Ofertas::ocupados(int seccion, qint64 codigo,
   return salida;
 }
 
-Resultado<> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> grupos) {
+Resultado<Ofertas::Alta> Ofertas::guardar(const OfertaNueva& oferta, std::span<const int> grupos) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  for (const int grupo : grupos) TARVO_INTENTAR(escribir(oferta, grupo));
-  return t.confirmar();
+  Alta alta{oferta, {}};
+  alta.grupos.reserve(grupos.size());
+  for (const int grupo : grupos) {
+    TARVO_TOMAR(auto antes, escribir(oferta, grupo));
+    alta.grupos.push_back(std::move(antes));
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return alta;
 }
 
 // Also over a row waiting to be removed from the scales: it becomes visible again.
-Resultado<> Ofertas::escribir(const OfertaNueva& n, int grupo) {
-  const auto antes = leerVarias({QString::fromUtf16(kDeClave), {grupo, n.seccion, n.codigo}});
-  if (!antes) return std::unexpected(antes.error());
-  if (!antes->empty()) {
-    TARVO_INTENTAR(
-        db_.ejecutar(u"UPDATE OFERTAS SET borrado=0 WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
-                     grupo, n.seccion, n.codigo));
-    return cambiar(antes->front(), n.precios, n.vigencia.desde(), n.vigencia.hasta());
+Resultado<Ofertas::Alta::Antes> Ofertas::escribir(const OfertaNueva& n, int grupo) {
+  TARVO_TOMAR(const auto antes,
+              leerVarias({QString::fromUtf16(kDeClave), {grupo, n.seccion, n.codigo}}));
+  if (!antes.empty()) {
+    TARVO_TOMAR(const auto ocultas,
+                db_.ejecutar(u"UPDATE OFERTAS SET borrado=0 WHERE GRUPO=? AND SECCION=? AND "
+                             u"CODIGO=? AND borrado",
+                             grupo, n.seccion, n.codigo));
+    TARVO_INTENTAR(cambiar(antes.front(), n.precios, n.vigencia.desde(), n.vigencia.hasta()));
+    return Alta::Antes{grupo, antes.front(), ocultas > 0};
   }
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO OFERTAS (GRUPO, SECCION, CODIGO, PRECIO_0, PRECIO_1, PRECIO_2, FECHA_INI, "
       u"FECHA_FIN, enviado, borrado) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 0, 0)",
       grupo, n.seccion, n.codigo, n.precios[0], n.precios[1], n.precios[2],
       comoValor(n.vigencia.desde()), comoValor(n.vigencia.hasta())));
+  return Alta::Antes{grupo};
+}
+
+Resultado<int> Ofertas::deshacer(const Alta& alta) {
+  const OfertaNueva& n = alta.oferta;
+  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  int fuera = 0;
+  for (const Alta::Antes& antes : alta.grupos) {
+    TARVO_TOMAR(const auto hoy, leer({antes.grupo, n.seccion, n.codigo}));
+    const bool igual = hoy && hoy->precios == n.precios && hoy->desde == n.vigencia.desde() &&
+                       hoy->hasta == n.vigencia.hasta();
+    if (igual)
+      TARVO_INTENTAR(volver(antes, *hoy));
+    else
+      ++fuera;
+  }
+  if (fuera == static_cast<int>(alta.grupos.size()))
+    return fallo(Fallo::Restriccion, textos_(kTxOfertaCambiada));
+  TARVO_INTENTAR(t.confirmar());
+  return fuera;
+}
+
+// The scales may hold one that was hidden: it waits to be removed from them, as before.
+Resultado<> Ofertas::volver(const Alta::Antes& antes, const Oferta& hoy) {
+  if (!antes.fila)
+    return quitar(
+        {QString::fromUtf16(kDeClave), {hoy.clave.grupo, hoy.clave.seccion, hoy.clave.codigo}});
+  TARVO_INTENTAR(cambiar(hoy, antes.fila->precios, antes.fila->desde, antes.fila->hasta));
+  if (antes.oculta)
+    TARVO_INTENTAR(db_.ejecutar(
+        u"UPDATE OFERTAS SET borrado=1, enviado=1 WHERE GRUPO=? AND SECCION=? AND CODIGO=?",
+        hoy.clave.grupo, hoy.clave.seccion, hoy.clave.codigo));
   return {};
 }
 
@@ -240,6 +280,14 @@ Resultado<int> Ofertas::contarIguales(std::span<const ClaveOferta> claves) {
   return suma;
 }
 
+// Those that the scales hold are hidden, the others go.
+Resultado<> Ofertas::quitar(const Condicion& c) {
+  for (const char16_t* orden : {u"DELETE FROM OFERTAS WHERE not enviado AND not borrado AND ",
+                                u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "})
+    TARVO_INTENTAR(db_.Execute(QString::fromUtf16(orden) + c.sql, c.parametros));
+  return {};
+}
+
 Resultado<std::vector<Oferta>> Ofertas::borrar(std::span<const ClaveOferta> claves,
                                                bool todosLosGrupos) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
@@ -249,10 +297,7 @@ Resultado<std::vector<Oferta>> Ofertas::borrar(std::span<const ClaveOferta> clav
     TARVO_TOMAR(const auto suyas,
                 leerVarias({QStringLiteral("not borrado AND ") + c.sql, c.parametros}));
     idas.insert(idas.end(), suyas.begin(), suyas.end());
-    for (const char16_t* orden :
-         {u"DELETE FROM OFERTAS WHERE not enviado AND not borrado AND ",
-          u"UPDATE OFERTAS SET borrado=1 WHERE enviado AND not borrado AND "})
-      TARVO_INTENTAR(db_.Execute(QString::fromUtf16(orden) + c.sql, c.parametros));
+    TARVO_INTENTAR(quitar(c));
   }
   TARVO_INTENTAR(t.confirmar());
   return idas;

@@ -85,8 +85,22 @@ class Ofertas {
 
   // Those of the groups that already have an offer of the article: to ask before it is overwritten.
   Resultado<std::vector<int>> ocupados(int seccion, qint64 codigo, std::span<const int> grupos);
+  // An offer that was written, and each of its groups as it was before, to undo it.
+  struct Alta {
+    struct Antes {
+      int grupo = 0;
+      std::optional<Oferta> fila = {};
+      bool oculta = false;  // deleted, and waiting to be removed from the scales
+    };
+    OfertaNueva oferta;
+    std::vector<Antes> grupos;
+  };
   // Writes the offer in each of the groups, over existing ones. One transaction.
-  Resultado<> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
+  Resultado<Alta> guardar(const OfertaNueva& oferta, std::span<const int> grupos);
+  // Takes it away again, or restores what it was written over, in the groups where it is as it was
+  // written; returns how many others stay as they are. Restriccion, with nothing changed, when all
+  // do.
+  Resultado<int> deshacer(const Alta& alta);
 
   // The offers changed by a change of prices, in their former state, to undo it.
   struct CambioPrecios {
@@ -133,7 +147,9 @@ class Ofertas {
   Resultado<int> reponer(std::span<const Oferta> borradas);
 
  private:
-  Resultado<> escribir(const OfertaNueva& nueva, int grupo);
+  Resultado<Alta::Antes> escribir(const OfertaNueva& nueva, int grupo);
+  Resultado<> quitar(const Condicion& condicion);
+  Resultado<> volver(const Alta::Antes& antes, const Oferta& hoy);
   Resultado<> cambiar(const Oferta& antes, const PreciosOferta& precios, const Dia& desde,
                       const Dia& hasta);
   Resultado<std::vector<Oferta>> leerVarias(const Condicion& condicion);

@@ -101,6 +101,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Resultado<bool> conformeConVolver(qint64 lote);
   Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   void mirarLotes();
+  QString nadaQueDeshacer();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
   void volverDeCortado(const Lotes::Lote& lote, const QString& que);
   Vuelto vueltaDe(const QString& bien, const Lotes::Deshecho& hecho) const;

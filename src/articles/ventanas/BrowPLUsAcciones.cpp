@@ -99,6 +99,7 @@ void BrowPLUs::habilitar() {
   ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce(u"CalcPre"_s));
   ui_.Nuevo->setEnabled(!trabajando_);
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !trabajando_);
+  if (deshacer_->vacia()) ui_.Deshacer->setProperty(ventanas::kPorQueNo, nadaQueDeshacer());
 }
 
 void BrowPLUs::editarCompleto(bool nuevo) {

@@ -1,6 +1,7 @@
 // Undo of operations on many articles, and reports of interrupted ones.
 #include "articles/LotesAMedias.h"
 #include "articles/Vuelta.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -97,6 +98,13 @@ void BrowPLUs::volverDeCortado(const Lotes::Lote& lote, const QString& que) {
         const Vuelto v = vueltaDe(t(ventanas::kTxDeshecho).arg(que), vuelta->hecho());
         v.duda ? decirDuda(v.texto) : decirBien(v.texto);
       });
+}
+
+// The change of many articles is undone in its own window.
+QString BrowPLUs::nadaQueDeshacer() {
+  const auto lote = lotes_.ultimo(precios::PuertaCambioLote::kNombre.toString());
+  if (!haIdoBien(lote) || !*lote) return t(ventanas::kTxNadaQueDeshacer);
+  return t(kTxSeDeshaceEnSuVentana).arg((*lote)->cuando.general());
 }
 
 }  // namespace tarvo::articles

@@ -261,9 +261,18 @@ void EdiCron::keyPressEvent(QKeyEvent* evento) {
     FichaDe::keyPressEvent(evento);
 }
 
+// An hour typed on the list is that of its current line.
+bool EdiCron::teclearHora(QEvent& cifra) {
+  ui_.Hora->setFocus();
+  ui_.Hora->selectAll();
+  QCoreApplication::sendEvent(ui_.Hora, &cifra);
+  return true;
+}
+
 bool EdiCron::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() == QEvent::KeyPress) {
     const int tecla = static_cast<QKeyEvent*>(evento)->key();
+    if (tecla >= Qt::Key_0 && tecla <= Qt::Key_9) return teclearHora(*evento);
     if (tecla == Qt::Key_Insert) insertar();
     if (tecla == Qt::Key_Delete) borrar();
     if (tecla == Qt::Key_Insert || tecla == Qt::Key_Delete) return true;

@@ -22,6 +22,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   void conectarLinea();
   void keyPressEvent(QKeyEvent* evento) override;
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+  bool teclearHora(QEvent& cifra);
 
   void pedirNombre();
   void aceptarNombre();

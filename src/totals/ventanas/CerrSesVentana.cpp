@@ -1,9 +1,11 @@
 #include "totals/ventanas/CerrSesVentana.h"
 #include "totals/ventanas/Puertas.h"
 
+#include <QKeyEvent>
 #include <set>
 
 #include "core/textos/Textos.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
@@ -168,6 +170,7 @@ void CerrSesVentana::guardar() {
   const auto links =
       mientras(kTxIncorporandoTotales, [this] { return motor_.LaSesion(true, 0, avisos_); });
   if (!haIdoBien(links) || !haIdoBien(s_.reflejar())) return pintarCara();
+  memorizado_ = true;
   pintarCara();
   ui_.Descrip->clear();
   std::set<qint64> distintos(links->begin(), links->end());
@@ -224,6 +227,13 @@ void CerrSesVentana::detalles() {
   motor_.elegir(d->elegido);
   pintarPeriodo();
   guardar();
+}
+
+// Undo while there is nothing that it could bring back.
+void CerrSesVentana::keyPressEvent(QKeyEvent* evento) {
+  if (!evento->matches(QKeySequence::Undo)) return Ventana::keyPressEvent(evento);
+  evento->accept();
+  decirPista(memorizado_ ? t(kTxMemorizadoQueda) : t(ventanas::kTxNadaQueDeshacer));
 }
 
 void CerrSesVentana::empezarCuenta() {

@@ -18,6 +18,7 @@ class CerrSesVentana final : public ventanas::Ventana {
   Resultado<> entrar(const PuertaCerrSes& puerta);
 
  private:
+  void keyPressEvent(QKeyEvent* evento) override;
   void montar();
   Resultado<> analizar();
   void pintarCara();
@@ -43,6 +44,7 @@ class CerrSesVentana final : public ventanas::Ventana {
   CerrSes motor_;
   std::vector<Aviso> avisos_;
   bool alSalir_ = false;
+  bool memorizado_ = false;
   int cuenta_ = 0;  // ticks left until it closes, 0 if it isn't about to
   std::unique_ptr<Temporizador> reloj_;
 };

@@ -2,6 +2,7 @@
 #include <QClipboard>
 
 #include "MesaDeArticulos.h"
+#include "articles/Lotes.h"
 
 namespace tarvo::prueba {
 
@@ -58,6 +59,29 @@ TEST(DeshacerCeldas, VuelvenUnaAUna) {
   EXPECT_EQ(t.leer(kDiez), antes);
   EXPECT_FALSE(accion->isEnabled());
   EXPECT_EQ(t.cruces(), u"11 1 1 | 11 4 1 | 20 1 0") << "sent to the groups again";
+}
+
+// With nothing to undo here, it says where the change of many articles is undone. A window that is
+// opened next takes the hint away.
+TEST(DeshacerCeldas, DiceDondeSeDeshaceElCambioDeMuchos) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  deshacer(t, v);
+  EXPECT_EQ(v->tira().texto(), u"Nada que deshacer");
+  Lotes lotes(t.catalogo);
+  const qint64 lote = bien(lotes.empezar(u"CambioLote"_s));
+  bien(lotes.guardar(lote, {1, 10}));
+  t.sql(u"update PLUSES set PRECIO_00=110 where SECCION=1 and CODPLU=10"_s);
+  bien(lotes.acabar(lote));
+  v->recorrido()->refrescar();  // as the window of the change does
+  deshacer(t, v);
+  EXPECT_TRUE(v->tira().texto().contains(u"se deshace en su ventana (F12), con «Deshacer»"))
+      << v->tira().texto().toStdString();
+  t.lista(v).irA(2);
+  t.lista(v).vista()->setFocus();
+  t.tecla(Qt::Key_F4);
+  ASSERT_TRUE(t.cargada(u"xEditPLU#1.10"_s));
+  EXPECT_FALSE(v->tira().isVisible());
 }
 
 // A later change from elsewhere isn't overwritten, and that is reported. When it is of other

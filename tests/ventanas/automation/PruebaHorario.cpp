@@ -221,6 +221,18 @@ TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   EXPECT_EQ(s.lineas(u"T.CRO"_s), QStringList(u"07:45:00;"_s + kSiempre + u";BIEN"_s));
 }
 
+// Typed on the list, it is the hour of the current line.
+TEST(Horarios, LaHoraSeTecleaEnLaLista) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"22:05:30;"_s + kSiempre + u";BIEN\r\n"_s);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(e));
+  for (const QChar c : u"21:30"_s) QTest::keyClick(e->focusWidget(), c.toLatin1());
+  QTest::keyClick(e->focusWidget(), Qt::Key_Return);
+  pieza<QAction>(e, u"guardar"_s)->trigger();
+  EXPECT_EQ(s.lineas(u"T.CRO"_s), QStringList(u"21:30:00;"_s + kSiempre + u";BIEN"_s));
+}
+
 TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   Horarios s;
   s.fichero(u"ROTO.AUT"_s, u"T:NADA,1\r\n"_s);

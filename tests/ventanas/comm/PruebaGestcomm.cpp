@@ -396,6 +396,11 @@ TEST_F(Gestcomm, LasSesiones) {
   accion(u"MnCanSs"_s)->trigger();
   EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{}, {.olvidar = true}}));
   EXPECT_EQ(sesion->estado(), 2);
+  // Memorised or forgotten there, the light goes out behind that window.
+  ASSERT_TRUE(llena->isVisible());
+  bien(sesion->cerrarSinMemorizar());
+  pasar(1000);
+  EXPECT_FALSE(llena->isVisible());
 }
 
 // Sales that are forgotten are no more in any period than before: their group isn't zeroed for it.

@@ -17,7 +17,7 @@ using namespace ventanas;
 
 namespace {
 
-const QString kPropios = u"9900\tUno\n9901\tDos con blanco: '\n9902\t&Nombre:\n15900\tCinco\n"_s;
+const QString kPropios = u"9900\tUno\n9901\tDos con blanco: '\n9902\t&Nombre:\n19900\tCinco\n"_s;
 
 }  // namespace
 
@@ -34,8 +34,8 @@ TEST(TraducirForm, ClavesYReglas) {
       {u"TXT9901", Idioma::Espanol, u"Dos con blanco: ", -1},
       {u"TXT9990", Idioma::Espanol, u"", -1},
       {u"TXT990", Idioma::Espanol, u"TXT990", -1},
-      {u"TXT15900", Idioma::Espanol, u"Cinco", -1},
-      {u"TXT159000", Idioma::Espanol, u"TXT159000", -1},
+      {u"TXT19900", Idioma::Espanol, u"Cinco", -1},
+      {u"TXT199000", Idioma::Espanol, u"TXT199000", -1},
       {u"TXT99x0", Idioma::Espanol, u"TXT99x0", -1},
       {u"Suelto", Idioma::Espanol, u"Suelto", -1},
       {u"", Idioma::Espanol, u"", -1},

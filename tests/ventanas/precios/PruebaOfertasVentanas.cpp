@@ -58,6 +58,11 @@ TEST(VentanaOfertas, UnaOfertaParaDosGruposHastaElDomingo) {
   ASSERT_TRUE(nueva->isVisible()) << "the first Escape clears the field";
   m.pulsar(Qt::Key_Escape);
   EXPECT_FALSE(nueva->isVisible());
+  lista->activateWindow();
+  ASSERT_TRUE(esperar([&] { return lista->isActiveWindow(); }));
+  QTest::keyClick(lista, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(m.leer(kOfertas), u"");
+  EXPECT_EQ(lista->tira().texto(), u"Deshecho: Oferta de Artículo 12.");
 }
 
 TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {

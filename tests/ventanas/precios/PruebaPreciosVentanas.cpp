@@ -97,6 +97,35 @@ TEST(VentanaLote, SubeUnDepartamentoYSeDeshace) {
   EXPECT_FALSE(deshacer->isEnabled());
 }
 
+// What was changed before the window was opened is undone after a question that tells what it was.
+TEST(VentanaLote, UnCambioDeAntesSePregunta) {
+  MesaDePrecios m;
+  const QString precios = u"select sum(PRECIO_00) from PLUSES"_s;
+  const QString antes = m.leer(precios);
+  const precios::PuertaCambioLote puerta{.seccion = 1};
+  auto* v = m.abrir(puerta);
+  MesaDePrecios::escribir(v, u"txPc"_s, u"10"_s);
+  auto* aplicar = v->findChild<QPushButton*>(u"Aplicar"_s);
+  ASSERT_TRUE(esperar([&] { return aplicar->isEnabled(); }));
+  m.responder(u"Acepto"_s);
+  m.boton(v, u"Aplicar"_s);
+  ASSERT_TRUE(esperar([&] { return m.leer(precios) != antes && !v->trabajo().enMarcha(); }));
+  const QString despues = m.leer(precios);
+  ASSERT_TRUE(v->descargar());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  v = m.abrir(puerta);
+  m.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  m.boton(v, u"Deshacer"_s);
+  EXPECT_TRUE(m.textoModal.contains(u"40 artículos: «Artículo 3» pasó de 3,00 a 3,30"))
+      << m.textoModal.toStdString();
+  EXPECT_TRUE(m.textoModal.contains(m.reloj.ahora().corta())) << m.textoModal.toStdString();
+  ASSERT_TRUE(esperar([&] { return !v->trabajo().enMarcha(); }));
+  EXPECT_EQ(m.leer(precios), despues) << "Cancelar is the default";
+  m.responder(u"Acepto"_s);
+  m.boton(v, u"Deshacer"_s);
+  EXPECT_TRUE(esperar([&] { return m.leer(precios) == antes && !v->trabajo().enMarcha(); }));
+}
+
 // Stopped or closed in the middle, no price has changed. If the undoing is stopped, the rest stays
 // pending.
 TEST(VentanaLote, ParadoNoDejaNada) {

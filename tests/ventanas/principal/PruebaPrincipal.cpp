@@ -292,6 +292,22 @@ TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
   EXPECT_TRUE(pieza(*v, u"«TimeACK= 0»; vale 2000"_s));
 }
 
+// A panel opens on its first entry, and goes back to its own.
+TEST(Principal, ElFocoEntraYVuelveConElPanel) {
+  MesaPrincipal t;
+  auto* v = t.principal();
+  static constexpr struct {
+    const char16_t *entrada, *primera;
+  } kPaneles[] = {{u"Avanzados", u"Automaticos"}, {u"Almacen", u"Ofertas"}};
+  for (const auto& c : kPaneles) {
+    auto* entrada = v->findChild<QToolButton*>(QString::fromUtf16(c.entrada));
+    entrada->click();
+    EXPECT_EQ(v->focusWidget()->objectName(), QString::fromUtf16(c.primera));
+    v->findChild<QToolButton*>(u"Salir"_s)->click();
+    EXPECT_EQ(v->focusWidget(), entrada);
+  }
+}
+
 TEST(Principal, NoSeCierraMientrasTransfiere) {
   MesaPrincipal t;
   auto* v = t.principal();

@@ -285,6 +285,35 @@ TEST(VentanaAcciones, LasFechasCambiadasVuelven) {
   }
 }
 
+// A period whose new date puts it at the end of a long list is shown there, above the strip's
+// report.
+TEST(VentanaAcciones, ElPeriodoCambiadoSeVe) {
+  Lista t;
+  qint64 ultimo = 0;
+  for (int i = 1; i <= 28; ++i) {
+    ultimo = t.dia(u"%1/06/2018"_s.arg(i, 2, 10, QChar(u'0')).toLatin1().constData(), i);
+  }
+  auto* v = t.abrirLista();
+  v->resize(900, 480);
+  QTest::qWait(20);
+  for (const char* fecha : {"01/01/2017", "01/01/2019"}) {
+    t.grid->irA(t.grid->filaDe(ultimo));
+    t.alAbrirse([&](QWidget* w) {
+      w->findChild<QLineEdit*>(u"Fecha1"_s)->setText(QString::fromLatin1(fecha));
+      QTest::mouseClick(w->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+    });
+    t.tecla(Qt::Key_F2);
+    ASSERT_EQ(v->tira().texto(), u"Periodo modificado");
+    QTest::qWait(20);  // for the layout
+    const auto& vista = *t.grid->vista();
+    EXPECT_EQ(t.grid->clave(t.grid->filaActual()), ultimo);
+    EXPECT_TRUE(vista.viewport()->rect().contains(vista.visualRect(vista.currentIndex()).center()))
+        << fecha;
+    v->tira().quitar();
+    QTest::qWait(20);
+  }
+}
+
 // Another period has the former dates: the step stays until they are free again.
 TEST(VentanaAcciones, LasFechasVuelvenCuandoEstanLibres) {
   Lista t;

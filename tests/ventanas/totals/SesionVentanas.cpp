@@ -213,6 +213,9 @@ TEST(VentanaSesion, DiceEnQueEsta) {
                                           u"Incorporando totales a periodos..."_s}));
   EXPECT_FALSE(estado->isVisible());
   EXPECT_TRUE(v->tira().texto().startsWith(u"Totales incorporados con éxito"));
+  QTest::keyClick(v->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Lo memorizado no se deshace aquí"))
+      << v->tira().texto().toStdString();
 }
 
 TEST(VentanaSesion, BandejaVacia) {
@@ -221,6 +224,8 @@ TEST(VentanaSesion, BandejaVacia) {
   for (const char16_t* b : {u"Guardar", u"Olvidar", u"detalles"})
     EXPECT_FALSE(v->findChild<QPushButton*>(QString::fromUtf16(b))->isEnabled());
   EXPECT_TRUE(v->findChild<QLabel*>(u"LbVacia"_s)->isVisible());
+  QTest::keyClick(v->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(v->tira().texto(), u"Nada que deshacer");
 }
 
 }  // namespace tarvo::prueba

@@ -18,6 +18,8 @@ class BrowOfer final : public ventanas::Ventana {
 
   // Reads the list again; the selection is kept.
   void RefrescoRemoto();
+  // Notes an offer that another window has written, to be undone here.
+  void apuntarAlta(const QString& articulo, const Ofertas::Alta& alta);
 
  private:
   void montar();

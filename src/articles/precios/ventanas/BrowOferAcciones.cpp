@@ -109,6 +109,17 @@ void BrowOfer::nueva() {
                      .grupo = ui_.dbG->currentData().toInt()});
 }
 
+void BrowOfer::apuntarAlta(const QString& articulo, const Ofertas::Alta& alta) {
+  deshacer_->apuntar(t(kTxOfertaDe).arg(articulo),
+                     [this, alta]() -> Resultado<ventanas::Deshacer::Vuelto> {
+                       TARVO_TOMAR(const auto fuera, motor_.deshacer(alta));
+                       RefrescoRemoto();
+                       if (fuera == 0) return ventanas::Deshacer::Vuelto();
+                       return ventanas::Deshacer::Vuelto{t(kTxAltaSinVolver, fuera), true};
+                     });
+  RefrescoRemoto();
+}
+
 void BrowOfer::borrar() {
   std::vector<ClaveOferta> claves;
   for (const int fila : ui_.Grid->filasParaActuar())

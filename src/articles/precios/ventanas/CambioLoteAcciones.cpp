@@ -9,6 +9,7 @@
 
 namespace tarvo::precios {
 
+using namespace Qt::StringLiterals;
 using articles::ClaveArticulo;
 
 void CambioLoteVentana::aplicar() {
@@ -60,6 +61,7 @@ void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   const bool entero = fin && *fin == Trabajo::Fin::Acabado;
   const auto cerrado = entero ? marcha_->acabar() : Resultado<>{};
   marcha_.reset();
+  suyos_.insert(hecho.lote);
   if (!entero || !cerrado) {
     const auto alAcabar = [this, error = !fin       ? std::optional(fin.error())
                                          : !cerrado ? std::optional(cerrado.error())
@@ -103,12 +105,39 @@ void CambioLoteVentana::pintarDeshacer() {
                          ? lotes_.porHacer((*ultimo)->numero)
                          : Resultado<std::optional<articles::Lotes::PorHacer>>{};
   ui_.Terminar->setVisible(haIdoBien(queda) && queda->has_value());
-  ui_.Deshacer->setToolTip(hay ? t(kTxDeshacerLote).arg((*ultimo)->cuando.general()) : QString());
+  ui_.Deshacer->setToolTip(hay ? textoCambio(**ultimo) : QString());
+}
+
+// When it was made, of how many articles, and what became of the first.
+QString CambioLoteVentana::textoCambio(const articles::Lotes::Lote& lote) {
+  using Que = CambioLote::Ejemplo::Que;
+  const QString cuando = t(kTxDeshacerLote).arg(lote.cuando.general());
+  const auto ejemplo = motor_.ejemplo(lote.numero);
+  if (!haIdoBien(ejemplo) || !*ejemplo) return cuando;
+  const auto valor = [&](qint64 v) {
+    const Que que = (*ejemplo)->que;
+    return que == Que::Precio ? precioEnTexto(contexto(), v)
+                              : t(que == Que::Formato ? kTxDelFormato : kTxDelDepartamento).arg(v);
+  };
+  return cuando + u'\n' +
+         t(kTxCambioEjemplo, static_cast<int>(lote.articulos))
+             .arg((*ejemplo)->nombre.trimmed(), valor((*ejemplo)->antes),
+                  valor((*ejemplo)->despues));
+}
+
+// A change made before this window was opened isn't the one that comes to mind. One that was cut
+// off is on the strip.
+bool CambioLoteVentana::conformeConDeAntes(const articles::Lotes::Lote& lote) {
+  if (!lote.acabado || suyos_.contains(lote.numero)) return true;
+  return ventanas::MyMsgBox::Decide(
+      this, contexto().textos,
+      t(kTxCambioDeAntes) + u'\n' + textoCambio(lote) + u"\n\n"_s + t(kTxDeshacerEse),
+      ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
 }
 
 void CambioLoteVentana::deshacer() {
   const auto ultimo = lotes_.ultimo(nombre());
-  if (!haIdoBien(ultimo) || !*ultimo) return;
+  if (!haIdoBien(ultimo) || !*ultimo || !conformeConDeAntes(**ultimo)) return;
   const auto aviso = lotes_.avisoDeVuelta((*ultimo)->numero);
   if (!haIdoBien(aviso)) return;
   if (*aviso && !ventanas::MyMsgBox::Decide(

@@ -2,6 +2,8 @@
 // applied as a whole: stopping it undoes the changes so far, and it can be undone later too.
 #pragma once
 
+#include <set>
+
 #include "articles/Vuelta.h"
 #include "articles/precios/CambioLote.h"
 #include "articles/precios/ventanas/Comun.h"
@@ -39,6 +41,8 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void aplicarYa(std::vector<articles::ClaveArticulo> claves, const OrdenLote& orden);
   void aplicado(const Resultado<Trabajo::Fin>& fin);
   void deshacer();
+  QString textoCambio(const articles::Lotes::Lote& lote);
+  bool conformeConDeAntes(const articles::Lotes::Lote& lote);
   void volver(qint64 lote, qint64 articulos, const std::function<void()>& alAcabar);
   void vuelto(const Resultado<Trabajo::Fin>& fin, const std::function<void()>& alAcabar);
   void decirVuelta(const QString& dicho);
@@ -56,6 +60,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   std::unique_ptr<CambioLote::Marcha> marcha_;
   std::unique_ptr<articles::Vuelta> vuelta_;
   std::unique_ptr<Temporizador> luego_;
+  std::set<qint64> suyos_;   // the batches made since the window was opened
   QWidget* foco_ = nullptr;  // where the focus was before the window was disabled
 };
 

@@ -208,19 +208,19 @@ Resultado<> NvaOfr::aplicar() {
   if (todos_->isChecked()) {
     TARVO_TOMAR(grupos, motor_.gruposDe(de_.seccion));
   }
-  TARVO_TOMAR(escritos_, preguntarPorLas(grupos));
-  TARVO_INTENTAR(motor_.guardar(oferta_, escritos_));
+  TARVO_TOMAR(const auto escritos, preguntarPorLas(grupos));
+  TARVO_TOMAR(alta_, motor_.guardar(oferta_, escritos));
   return {};
 }
 
 // The dates are kept for the next one.
 void NvaOfr::aplicada() {
-  if (auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s)))
-    lista->RefrescoRemoto();
   const QString nombre = articulo_->nombre;
+  auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s));
+  if (lista && !alta_.grupos.empty()) lista->apuntarAlta(nombre, alta_);
   haIdoBien(editar({.articulo = {}, .precios = {}, .desde = r.desde, .hasta = r.hasta}));
-  if (escritos_.empty()) return decirDuda(t(kTxOfertaEnNinguno));
-  const QString bien = t(kTxOfertaGuardada, static_cast<int>(escritos_.size())).arg(nombre);
+  if (alta_.grupos.empty()) return decirDuda(t(kTxOfertaEnNinguno));
+  const QString bien = t(kTxOfertaGuardada, static_cast<int>(alta_.grupos.size())).arg(nombre);
   const auto aviso =
       avisoPrecio(std::ranges::max(oferta_.precios), contexto().ajustes, contexto().textos);
   aviso ? decirDuda(bien + u' ' + *aviso) : decirBien(bien);

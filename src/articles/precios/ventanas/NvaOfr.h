@@ -49,8 +49,8 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   std::optional<Ofertas::Hallado> articulo_;
   PuertaNvaOfr de_;
   OfertaNueva oferta_;
-  std::vector<int> escritos_;  // groups that received the last offer
-  bool dejado_ = false;        // by Escape in the empty article field
+  Ofertas::Alta alta_;   // the last offer, with the groups that received it
+  bool dejado_ = false;  // by Escape in the empty article field
 };
 
 }  // namespace tarvo::precios

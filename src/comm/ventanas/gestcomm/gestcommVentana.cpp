@@ -22,6 +22,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kRefrescoMs = 100;
+constexpr int kMirarSesionMs = 500;
 constexpr int kParpadeoMs = 500;
 constexpr size_t kAcabadasMax = 500;  // ended tasks that remain visible
 
@@ -34,8 +35,10 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
       refresco_(c.reloj.temporizador([this] { refrescar(); })),
       parpadeo_(c.reloj.temporizador([this] {
         if (!paneles_->parpadear()) parpadeo_->parar();
-      })) {
+      })),
+      mirarSesion_(c.reloj.temporizador([this] { ponerSesion(); })) {
   ui_.setupUi(cuerpo());
+  mirarSesion_->cada(kMirarSesionMs);
   ui_.division->setStretchFactor(0, 1);
   ui_.division->setSizes({escalar(1040), PanelCanal::anchoPreferido() + escalar(kSeparacion)});
   paneles_ = new PanelesCanales(c.textos, this);

@@ -81,6 +81,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   int ultimaVista_ = 0;  // the last task displayed
   bool terminarAlAcabar_ = false;
   std::unique_ptr<Temporizador> refresco_, parpadeo_;
+  std::unique_ptr<Temporizador> mirarSesion_;  // another window in front may close the session
 };
 
 }  // namespace tarvo::comm

@@ -178,6 +178,7 @@ void Ventana::colocar(const QWidget* dueno) {
 
 void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
+  if (auto* suya = qobject_cast<Ventana*>(dueno_)) suya->quitarPista();
   const bool primera = !std::exchange(alcanzada_, true);
   if (primera) {
     ponerAlAlcance(*cuerpo_);

@@ -44,4 +44,14 @@ QItemSelectionModel::SelectionFlags VistaParrilla::selectionCommand(const QModel
   return QTableView::selectionCommand(indice, evento);
 }
 
+// A strip that appears above the table makes it smaller.
+void VistaParrilla::resizeEvent(QResizeEvent* evento) {
+  const int faltan = evento->oldSize().height() - evento->size().height();
+  const QRect fila = visualRect(currentIndex());
+  const bool visible =
+      fila.isValid() && fila.top() >= 0 && fila.bottom() < evento->oldSize().height();
+  QTableView::resizeEvent(evento);
+  if (faltan > 0 && visible) scrollTo(currentIndex());
+}
+
 }  // namespace tarvo::ventanas

@@ -1,6 +1,6 @@
 // The table of a grid with the usual keys of a list: Home and End move to the first and last row,
 // Ctrl with the side arrows to the first and last column, Ctrl+Home and Ctrl+End to the corners.
-// The row reached is selected.
+// The row reached is selected. The current row stays in view when the table gets smaller.
 #pragma once
 
 #include <QTableView>
@@ -18,6 +18,7 @@ class VistaParrilla final : public QTableView {
   QModelIndex moveCursor(CursorAction accion, Qt::KeyboardModifiers mandos) override;
   QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& indice,
                                                        const QEvent* evento) const override;
+  void resizeEvent(QResizeEvent* evento) override;
 
  private:
   int columnaExtrema(bool ultima) const;
