@@ -98,6 +98,10 @@ CASOS = [
     ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "totals/ventanas/Puertas.h"\n'), r"tramas includes totals_ventanas"),
     ("datos", anade("src/comm/ventanas/Prueba.cpp", '#include "core/dao/Database.h"\n'), r"data work in a window"),
     ("manual", anade("src/comm/ventanas/Prueba.cpp", 'v.registrar<PuertaUnicornio, Unicornio>();\n'),
+    *[("listas", anade("src/comm/ventanas/Prueba.cpp", f"{linea}\n"), r"Prueba.cpp:1: a (piece of SQL|window makes)")
+      for linea in ("ventanas::Ori" + "gen o;", 'auto s = u"GRUPOS"_s;', 'auto s = u"t.CODI"_s;', 'auto s = u"sum(IMP)"_s;',
+                    'auto s = u"SITUACION=?"_s;', 'auto s = u"GRUPOS LEFT JOIN SECCS ON"_s;', 'auto s = u"FECHA1 DESC"_s;',
+                    'auto s = u"GRUPOS.rowid"_s;', 'auto s = u" AND TARIFA"_s;')],
      r"the window Unicornio has no page"),
     ("manual", anade("docs/manual/Unicornio.md", "# Unicornio\n"), r"there is no window Unicornio"),
     ("manual", cambia("docs/manual/VerTot.md", r"VerCols\.md", "Unicornio.md"), r"leads to Unicornio.md, which isn't there"),

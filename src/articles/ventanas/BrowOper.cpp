@@ -1,5 +1,6 @@
 #include "articles/ventanas/BrowOper.h"
 
+#include "articles/Listas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -57,8 +58,7 @@ void BrowOper::montar() {
 }
 
 Resultado<> BrowOper::preparar(const ventanas::Argumentos&) {
-  TARVO_INTENTAR(
-      ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
+  TARVO_INTENTAR(ui_.Grid->abrir(listaOperadores()));
   actualCambiada();
   ui_.Grid->setFocus();
   return {};

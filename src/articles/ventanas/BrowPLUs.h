@@ -3,7 +3,7 @@
 // can be restored.
 #pragma once
 
-#include "articles/Busqueda.h"
+#include "articles/Listas.h"
 #include "articles/Lotes.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ParrillaPrecios.h"

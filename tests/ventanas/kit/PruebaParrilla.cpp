@@ -27,7 +27,9 @@ struct Lista : Mesa {
     p.show();
     p.vista()->setFocus();
   }
-  void abrir(Origen o = {.desde = u"ART"_s, .clave = u"CODIGO"_s}) { bien(p.abrir(std::move(o))); }
+  void abrir(dao::Origen o = {.desde = u"ART"_s, .clave = u"CODIGO"_s}) {
+    bien(p.abrir(std::move(o)));
+  }
   bool contada() {
     return esperar([this] { return !p.contando(); });
   }
@@ -40,7 +42,7 @@ struct Lista : Mesa {
   Parrilla p;
 };
 
-Origen agrupados() {
+dao::Origen agrupados() {
   return {.desde = u"ART"_s,
           .filtro = u"CODIGO<=?"_s,
           .parametros = {dao::Valor(300)},

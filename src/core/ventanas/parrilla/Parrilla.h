@@ -3,8 +3,7 @@
 //
 //    parrilla->preparar(contexto(), u"VerTot"_s,
 //                       {{.titulo = kTxFecha, .campo = u"FECHA1"_s, .clase = Clase::Fecha}, ...});
-//    haIdoBien(parrilla->abrir(
-//        {.desde = u"COLUMNA"_s, .clave = u"LINK"_s, .orden = u"FECHA1"_s}));
+//    haIdoBien(parrilla->abrir(listaPeriodos(kDiario)));  // of the room's engines
 //
 // From the keyboard: arrows, Page Up and Down, Home and End; letters move to the next row that
 // begins with them in the current column; Ctrl+F searches, F3 finds the next match (Shift+F3 if the
@@ -46,7 +45,7 @@ class Parrilla final : public QWidget, private Buscable {
   void ponerMoneda(int moneda);
 
   // --- rows of a query; REQUIRE preparar
-  Resultado<> abrir(Origen origen);
+  Resultado<> abrir(dao::Origen origen);
   // Other rows of the same query.
   Resultado<> filtrar(const QString& filtro, std::vector<dao::Valor> parametros = {});
   // Reads the rows again; the selection and the row in view stay, by key. Live lists are only
