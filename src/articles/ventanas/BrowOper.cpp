@@ -57,7 +57,7 @@ void BrowOper::montar() {
           Qt::QueuedConnection);
 }
 
-Resultado<> BrowOper::preparar(const ventanas::Argumentos&) {
+Resultado<> BrowOper::entrar(const PuertaBrowOper&) {
   TARVO_INTENTAR(ui_.Grid->abrir(listaOperadores()));
   actualCambiada();
   ui_.Grid->setFocus();
