@@ -106,6 +106,21 @@ TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
   EXPECT_EQ(l.p.filasParaActuar(), (std::vector<int>{0, 1, 2, 3}));
 }
 
+TEST(Parrilla, ElegirTodasDondeSeEligeUna) {
+  Lista l(5);
+  l.abrir();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&l.p));
+  const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
+  QTest::keyClick(l.p.vista(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(l.p.filasParaActuar().size(), 5U);
+  EXPECT_EQ(aviso->text(), u"");
+  l.p.ponerUnaSola(true);
+  l.p.irA(2);
+  QTest::keyClick(l.p.vista(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(l.p.filasParaActuar(), std::vector<int>{2});
+  EXPECT_EQ(aviso->text(), u"En esta lista se elige una sola fila.");
+}
+
 // The other keys are read by another connection, which doesn't see uncommitted changes of this one;
 // it may or may not see changes committed in between, but no row appears twice.
 TEST(Parrilla, LoQueCambiaMientrasSeCuenta) {
