@@ -114,7 +114,7 @@ TEST(VentanaOfertas, LoQueFaltaSeDiceYNoSeGuarda) {
   EXPECT_EQ(m.texto(v, u"Codigox"_s), u"0000020") << "the first from there on, ignoring accents";
 }
 
-// However many faults there are, their words stand apart, and whole.
+// However many faults there are, their words are apart, and whole.
 TEST(VentanaOfertas, LasFaltasNoSeTapan) {
   MesaDePrecios m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
