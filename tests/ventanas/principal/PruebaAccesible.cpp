@@ -79,15 +79,18 @@ bool faltaLetra(const QLabel& r, QSet<QChar> usadas) {
          conLetra(texto, usadas) != texto;
 }
 
-// A button that shows a text is announced by it, and by no caption in its place. The title of its
-// frame may come before it.
+constexpr qsizetype kLargoDeUnSigno = 3;
+
+// A button that shows a word is announced by it, and by no caption in its place. The title of its
+// frame may come before it. A sign or an initial is announced by the words of its tip.
 bool conOtroNombre(const QWidget& w, QAccessibleInterface& i) {
   const auto* b = qobject_cast<const QAbstractButton*>(&w);
   const auto* h = qobject_cast<const QToolButton*>(b);
   const bool soloIcono = h && h->toolButtonStyle() == Qt::ToolButtonIconOnly && !h->icon().isNull();
-  if (!b || b->text().isEmpty() || soloIcono) return false;
+  if (!b || soloIcono) return false;
   QString suyo = b->text();
-  suyo.remove(u'&');
+  suyo.remove(u'&').remove(u'…');
+  if (suyo.size() <= kLargoDeUnSigno) return false;
   return !i.text(QAccessible::Name).contains(suyo) ||
          std::ranges::any_of(i.relations(QAccessible::Label), [](const auto& r) {
            return qobject_cast<QLabel*>(r.first->object());
