@@ -64,6 +64,11 @@ const AltaMedida kMedidas[] = {
     {"noche.pared.canales", 1.0, [] { return kCanales / mediana(100, 2000, kPorCanales); }},
     {"noche.memoria", 1.0,
      [] { return kMemoriaMiB * 1024 / aparte(100, 2000, kPorConectores).pico; }},
+    {"noche.memoria_doble", 0.9,
+     [] {
+       const double cien = aparte(100, 2000, kPorConectores).pico;
+       return cien / aparte(200, 2000, kPorConectores).pico;
+     }},
 };
 
 }  // namespace

@@ -1,7 +1,10 @@
 // tarvo-bench-articulos: the list of articles with a hundred thousand rows: its opening, a change
-// of order, and a search while typing compared with the bare query. Prints a line for each, as
-// tarvo-bench --razones does.
+// of order, the slowest column to sort by, Ctrl+End, letters typed on it that no row has, and a
+// search while typing compared with the bare query. Prints a line for each, as tarvo-bench
+// --razones does.
 #include <QAbstractButton>
+#include <QHeaderView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTableView>
 
@@ -27,6 +30,7 @@ namespace {
 
 constexpr int kArticulos = 100'000, kVueltas = 9;
 constexpr double kAbrirMs = 150, kOrdenMs = 150, kBuscarMs = 50;
+constexpr double kColumnaMs = 1'500, kFinalMs = 150, kTecleoMs = 3'000;
 // They find most, some, a few, a number and nothing.
 const QStringList kBusquedas{u"j"_s, u"jamon"_s, u"jamon 777"_s, u"4242"_s, u"xyz"_s};
 
@@ -85,6 +89,46 @@ class Banco {
     quitar();
     return enElLugar(v, 0.5);
   }
+  // Each heading is clicked; the slowest counts.
+  double columnas() {
+    mostrar();
+    auto* cabecera = lista().vista()->horizontalHeader();
+    double peor = 0;
+    for (int c = 0; c < cabecera->count(); ++c) {
+      if (cabecera->isSectionHidden(c)) continue;
+      std::vector<double> v;
+      for (int i = 0; i < kVueltas; ++i)
+        v.push_back(hastaPintar([&] {
+          cabecera->setSortIndicator(c, i % 2 ? Qt::DescendingOrder : Qt::AscendingOrder);
+        }));
+      peor = std::max(peor, enElLugar(v, 0.5));
+    }
+    quitar();
+    return peor;
+  }
+  // Ctrl+End while the rows are still being counted.
+  double alFinal() {
+    std::vector<double> v;
+    for (int i = 0; i < kVueltas; ++i) {
+      mostrar();
+      v.push_back(hastaPintar([&] { pulsar(Qt::Key_End, Qt::ControlModifier); }, false));
+      if (lista().filaActual() != lista().filas() - 1 || lista().contando()) morir(u"no va"_s);
+      quitar();
+    }
+    return enElLugar(v, 0.5);
+  }
+  // All rows are examined; the window answers meanwhile.
+  double teclear() {
+    mostrar();
+    QElapsedTimer t;
+    t.start();
+    lista().vista()->setCurrentIndex(lista().modelo()->index(0, 0));
+    pulsar(Qt::Key_Z, {}, u"~"_s);
+    esperar("la búsqueda", [&] { return !lista().trabajando(); });
+    const double suyo = ms(t);
+    quitar();
+    return suyo;
+  }
   // The worst of the searches: how much longer it takes than its bare query.
   double buscar() {
     mostrar();
@@ -117,8 +161,12 @@ class Banco {
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QApplication::processEvents();
   }
-  double hastaPintar(const std::function<void()>& hacer) {
-    esperar("la cuenta", [&] { return !lista().contando(); });
+  void pulsar(Qt::Key cual, Qt::KeyboardModifiers mandos, const QString& texto = {}) {
+    QKeyEvent tecla(QEvent::KeyPress, cual, mandos, texto);
+    QApplication::sendEvent(lista().vista(), &tecla);
+  }
+  double hastaPintar(const std::function<void()>& hacer, bool contada = true) {
+    esperar("la cuenta", [&] { return !contada || !lista().contando(); });
     Pintor p(lista().vista()->viewport());
     QElapsedTimer t;
     t.start();
@@ -165,6 +213,9 @@ int main(int argc, char** argv) {
   Banco b(qt);
   bool todas = decir("articulos.abrir_100000", b.abrir(), kAbrirMs);
   todas = decir("articulos.orden", b.orden(), kOrdenMs) && todas;
+  todas = decir("articulos.peor_columna", b.columnas(), kColumnaMs) && todas;
+  todas = decir("articulos.al_final", b.alFinal(), kFinalMs) && todas;
+  todas = decir("articulos.teclear_sin_hallar", b.teclear(), kTecleoMs) && todas;
   todas = decir("articulos.buscar_de_mas", b.buscar(), kBuscarMs) && todas;
   return todas ? 0 : 1;
 }

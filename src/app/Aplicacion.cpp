@@ -56,6 +56,7 @@ struct Aplicacion::Interior {
     articles::Cambios::DeOtraSala libros{
         [this](int grupo) { return totals::olvidarGrupo(db, grupo); }, {}};
     for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
+    libros.ventas = [this](int grupo) { return sesion.sinPeriodo(grupo); };
     catalogo.cambios().guardaPorGrupo(std::move(libros));
     // Its rows go by their foreign key.
     articles::Cambios::DeOtraSala enviado{[](int) { return Resultado<>(); }, {}};

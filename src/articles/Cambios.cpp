@@ -12,19 +12,14 @@ namespace {
 
 constexpr std::size_t kRecordados = 2'000;  // articles kept as they were
 
-// Each stays as it is where its half is none of the three.
-bool leerEnvio(QStringView v, std::array<int, 2>& campo) {
-  static constexpr Limites kRespuestas{0, 2};
-  const bool primero = ini::leerSiCabe(ini::parte(v, u'|', 0), kRespuestas, campo[0]);
-  return ini::leerSiCabe(ini::parte(v, u'|', 1), kRespuestas, campo[1]) && primero;
-}
+constexpr Limites kRespuestas{0, 2};  // to the question whether to send a change
 
 }  // namespace
 
 SalaDeAjustes ajustesArticulos() {
   using A = AjustesArticulos;
-  return salaDeAjustes(A(),
-                       {clave<&A::EnviarCambios, leerEnvio, ini::verPar>(907, u"EnviarCambios")});
+  return salaDeAjustes(A(), {clave<&A::EnviarCambios, ini::leerPar<kRespuestas>, ini::verPar>(
+                                907, u"EnviarCambios")});
 }
 
 Resultado<> Cambios::ArticuloCambiado(int seccion, qint64 codigo) {

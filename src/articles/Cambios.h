@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <span>
 #include <vector>
@@ -58,14 +59,17 @@ class Cambios {
   const Recordados& recordados() const { return recordados_; }
 
   // What another room keeps by the number of a group: how it forgets a deleted group, in the
-  // deleting transaction, and the rows to restore with the group (selected by `donde`, before
-  // "GRUPO IN ...").
+  // deleting transaction, the rows to restore with the group (selected by `donde`, before "GRUPO IN
+  // ..."), and what a person must know before.
   struct TablaAjena {
     QString tabla, donde;
   };
   struct DeOtraSala {
     std::function<Resultado<>(int grupo)> olvidar;
     std::vector<TablaAjena> tablas;
+    // The amount of the group's sales that only this room holds, in minor units of the stored
+    // money; nothing if there are none.
+    std::function<Resultado<std::optional<qint64>>(int grupo)> ventas = {};
   };
   void guardaPorGrupo(DeOtraSala sala) { salas_.push_back(std::move(sala)); }
   const std::vector<DeOtraSala>& salas() const { return salas_; }

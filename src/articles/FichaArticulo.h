@@ -27,6 +27,12 @@ class FichasArticulo {
   // leer(). Errors: those of the catalogue.
   Resultado<> guardar(const FichaArticulo& leida, const FichaArticulo& ficha,
                       const QString& ventana);
+  // Takes back what guardar() made of `antes`, with `ahora` as it was saved: a new article is
+  // deleted, the fields of another get their former values, and so do the counters. What others
+  // changed since in other fields stays. Restriccion when they changed the same, or anything of a
+  // new article; NoExiste when it is gone.
+  Resultado<> volver(const FichaArticulo& antes, const FichaArticulo& ahora,
+                     const QString& ventana);
 
  private:
   dao::Database& db_;

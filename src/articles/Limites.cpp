@@ -51,12 +51,28 @@ std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const 
   return textos(kTxPrecioAlto, {ver(precio), ver(kPrecioDeBalanza)});
 }
 
+namespace {
+
+// With one decimal below ten times, if it isn't zero.
+QString veces(qint64 mayor, qint64 menor) {
+  const qint64 decimas = (10 * mayor + menor / 2) / menor;
+  if (decimas < 100 && decimas % 10 != 0)
+    return QString::number(decimas / 10) + u',' + QString::number(decimas % 10);
+  return QString::number((mayor + menor / 2) / menor);
+}
+
+}  // namespace
+
 std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
                                    const Textos& textos) {
   if (auto alto = avisoPrecio(ahora, ajustes, textos)) return alto;
   if (antes <= 0 || 2 * std::abs(ahora - antes) <= antes) return std::nullopt;
   const auto ver = [&](qint64 n) { return VerImporte(ajustes, n, ajustes.MonedaNativa); };
-  return textos(ahora == 0 ? kTxPrecioACero : kTxPrecioSalta, {ver(antes), ver(ahora)});
+  if (ahora == 0) return textos(kTxPrecioACero, {ver(antes), ver(ahora)});
+  const qint64 mayor = std::max(antes, ahora), menor = std::min(antes, ahora);
+  if (menor <= 0 || mayor < 2 * menor) return textos(kTxPrecioSalta, {ver(antes), ver(ahora)});
+  return textos(ahora > antes ? kTxPrecioMultiplica : kTxPrecioDivide,
+                {ver(antes), ver(ahora), veces(mayor, menor)});
 }
 
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos) {

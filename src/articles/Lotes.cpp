@@ -63,21 +63,28 @@ Resultado<qint64> Lotes::empezar(const QString& ventana) {
   const qint64 lote = ultimo.entero() + 1;
   TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO LoteArticulos (LOTE, CUANDO, VENTANA) VALUES (?, ?, ?)",
                               lote, catalogo_.reloj().ahora(), ventana));
-  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM LoteArticulos WHERE LOTE<=?", lote - kLotesGuardados));
+  TARVO_INTENTAR(db_.ejecutar(
+      u"DELETE FROM LoteArticulos WHERE LOTE<=? AND (ACABADO=1 OR NOT EXISTS (SELECT 1 FROM "
+      u"LoteAntes L WHERE L.LOTE=LoteArticulos.LOTE))",
+      lote - kLotesGuardados));
   TARVO_INTENTAR(barrer());
   TARVO_INTENTAR(t.confirmar());
   catalogo_.cambios().loteEmpezado(lote);
   return lote;
 }
 
-// A batch may hold 100,000 articles: the remains of forgotten ones are deleted bit by bit.
+// A batch may hold 100,000 articles: the remains of forgotten ones are deleted bit by bit. Their
+// numbers are found by jumps in the index, past the rows of the batches that are kept.
 Resultado<> Lotes::barrer() {
-  for (const QString& tabla : lotesql::tablas())
-    TARVO_INTENTAR(
-        db_.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE rowid IN (SELECT rowid FROM {tabla} "
-                               u"WHERE LOTE<=(SELECT max(LOTE) FROM LoteArticulos)-? LIMIT ?)",
-                               {{u"tabla", tabla}}),
-                     kLotesGuardados, kPorBarrido));
+  for (const QString& tabla : lotesql::tablas().mid(1))
+    TARVO_INTENTAR(db_.ejecutar(
+        conMarcas(u"DELETE FROM {tabla} WHERE rowid IN (WITH RECURSIVE Hay(N) AS (SELECT min(LOTE) "
+                  u"FROM {tabla} UNION ALL SELECT (SELECT min(LOTE) FROM {tabla} WHERE LOTE>N) "
+                  u"FROM Hay WHERE N IS NOT NULL) SELECT T.rowid FROM Hay CROSS JOIN {tabla} T ON "
+                  u"T.LOTE=N WHERE N<=(SELECT max(LOTE) FROM LoteArticulos)-? AND N NOT IN (SELECT "
+                  u"LOTE FROM LoteArticulos) LIMIT ?)",
+                  {{u"tabla", tabla}}),
+        kLotesGuardados, kPorBarrido));
   return {};
 }
 

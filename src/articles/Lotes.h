@@ -16,7 +16,8 @@ class Lotes {
   // REQUIRES that the catalogue outlives it.
   explicit Lotes(Catalogo& catalogo) : db_(catalogo.base()), catalogo_(catalogo) {}
 
-  // The number of a new batch, above 0. Batches older than the last 20 are forgotten.
+  // The number of a new batch, above 0. Batches older than the last 20 are forgotten, except those
+  // that were cut off: they hold their sections until a person undoes or accepts them.
   Resultado<qint64> empezar(const QString& ventana);
   // Keeps an article's state, with its stock counters, or that there is none with that key. To be
   // called before it changes; for an article already in the batch, the first state stays.

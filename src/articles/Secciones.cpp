@@ -119,7 +119,25 @@ Resultado<Secciones::LoQueSeVa> Secciones::loQueSeVa(int seccion) {
               cuantos(u"SELECT count(*) FROM (SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)",
                       clave));
   TARVO_TOMAR(v.historia, cuantos(u"SELECT count(*) FROM HistoriaPrecios WHERE SECCION=?", clave));
+  TARVO_TOMAR(v.ventas, ventasDe(seccion));
   return v;
+}
+
+Resultado<std::vector<Secciones::VentasDeGrupo>> Secciones::ventasDe(int seccion) {
+  std::vector<VentasDeGrupo> ventas;
+  const auto uno = [&](const dao::Recordset& fila) -> Resultado<> {
+    for (const auto& sala : cambios_.salas()) {
+      if (!sala.ventas) continue;
+      const int grupo = static_cast<int>(fila.entero(0));
+      TARVO_TOMAR(const auto importe, sala.ventas(grupo));
+      if (importe) ventas.push_back({grupo, fila.texto(1), *importe});
+    }
+    return {};
+  };
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT CODGPO, NOMGPO FROM GRUPOS WHERE SECCION=? ORDER BY CODGPO", seccion),
+      uno));
+  return ventas;
 }
 
 Resultado<> Secciones::borrar(int seccion) {

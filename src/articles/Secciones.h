@@ -59,8 +59,14 @@ class Secciones {
   };
   Resultado<Cuentas> cuentas(int seccion);
   // Everything deleted with it.
+  struct VentasDeGrupo {
+    int grupo = 0;
+    QString nombre = {};
+    qint64 importe = 0;  // minor units of the stored money
+  };
   struct LoQueSeVa {
     Cuentas cuentas;
+    std::vector<VentasDeGrupo> ventas = {};  // read from its groups, and in no period yet
     int maquinas = 0, ofertas = 0, existencias = 0, historia = 0;
     bool vacia() const { return cuentas.plus + cuentas.depts + cuentas.grupos == 0; }
   };
@@ -96,6 +102,7 @@ class Secciones {
   // one.
   Resultado<int> numeroLibre(dao::Abierta usados, int ultimo);
   Resultado<> borrarGrupos(int seccion);
+  Resultado<std::vector<VentasDeGrupo>> ventasDe(int seccion);
   Resultado<int> cuantos(QStringView cuenta, std::span<const dao::Valor> valores);
 
   dao::Database& db_;

@@ -172,7 +172,8 @@ void Automat::Interior::informar(const Hecho& hecho) {
     entrada += kMargen + aviso.texto;
     recordar(aviso);
   };
-  if (hecho.codigo != 0) decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas});
+  if (hecho.codigo != 0)
+    decir({0, mensajePaso(hecho.codigo, t.textos), hecho.problemas && !hecho.deBalde});
   for (const auto& detalle : hecho.detalles) decir(detalle);
   if (hecho.problemas)
     marcar(EstadoPaso::ConProblemas, entrada.isEmpty() ? QString() : entrada.front().trimmed());

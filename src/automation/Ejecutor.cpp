@@ -275,11 +275,25 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   const auto r = operacion(p);
   if (!r)
     h = deFallo(r.error());
+  else if (!*r && elegidos.empty())
+    sinElegidos(codigoPeriodos(verbo), e, h);
   else if (!*r)
     h.error(codigoPeriodos(verbo));
   if (verbo == VerboPeriodos::Acumular || verbo == VerboPeriodos::Stock)
     pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
+}
+
+// A run that selects what it has memorised, and has memorised nothing, lacks nothing.
+void Ejecutor::sinElegidos(int codigo, const Ejecucion& e, Hecho& h) const {
+  const auto hasta = std::min<qint64>(e.paso, e.lineas.size());
+  const bool losUltimos =
+      std::any_of(e.lineas.begin(), e.lineas.begin() + hasta,
+                  [](const QString& linea) { return linea.startsWith(u"P:SEL. ULTIMO"); });
+  if (losUltimos && e.ultimos.empty())
+    h.sinQueHacer(codigo, t_.textos(kTxSinMemorizado));
+  else
+    h.error(codigo);
 }
 
 Hecho Ejecutor::crear(const PasoPeriodos& p) {

@@ -16,12 +16,18 @@ struct Hecho {
   int codigo = 0;                    // of a process's messages, 0 for none
   std::vector<AvisoHecho> detalles;  // sentences for below the step's header
   bool problemas = false;
+  bool deBalde = false;          // only because there was nothing to do
   bool sesionMovida = false;     // the settings file must be updated
   std::vector<qint64> periodos;  // memorised by it
   // To be written in the transaction that records the step; may be empty.
   std::function<Resultado<>()> anotar;
 
   void error(int cual) { codigo = cual, problemas = true; }
+  void sinQueHacer(int cual, const QString& texto) {
+    error(cual);
+    deBalde = true;
+    detalles.push_back({.grupo = 0, .texto = texto, .grave = false, .sinQueHacer = true});
+  }
   void decir(const QString& texto, bool esProblema = true, int grupo = 0) {
     detalles.push_back({grupo, texto, esProblema});
     problemas = problemas || esProblema;
@@ -56,6 +62,7 @@ class Ejecutor {
     totals::OpcionesExport como;
     QString nombre;
   };
+  void sinElegidos(int codigo, const Ejecucion& e, Hecho& h) const;
   Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
   QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
   Hecho sesion(const PasoSesion& p, Ejecucion& e);

@@ -84,7 +84,7 @@ Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
 
   std::vector<qint64> propios = t_.verTot.LosSelec(), saldados;
   std::vector<Pendientes::Exporte> debidos;
-  if (propios.empty()) h.error(kErrorExportar);
+  if (propios.empty()) sinElegidos(kErrorExportar, e, h);
   exportarPendientes(*viejos, x, propios, saldados, h);
   exportarPropios(propios, x, u"%1.%2"_s.arg(e.numero).arg(e.paso), saldados, debidos, h);
   h.anotar = [this, saldados, debidos, destino]() -> Resultado<> {

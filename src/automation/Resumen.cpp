@@ -109,7 +109,13 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
     d.clases[t.clase] = {t, e.fin, ++veces_};
   }
   r_.avisos.clear();
+  r_.sinQueHacer.clear();
+  const bool mal = std::ranges::any_of(avisos, &AvisoHecho::grave) ||
+                   std::ranges::any_of(tareas, [](const TareaHecha& t) {
+                     return t.estado != TareaHecha::Estado::Hecha;
+                   });
   for (const auto& a : avisos) {
+    if (a.sinQueHacer && !mal && !r_.sinQueHacer.contains(a.texto)) r_.sinQueHacer << a.texto;
     if (!a.grave) continue;
     if (a.grupo == 0)
       r_.avisos.push_back(a);

@@ -56,6 +56,7 @@ struct Resumen {
   Fecha ahora;
   std::vector<EjecucionHecha> ejecuciones;  // of the last night, the latest first
   std::vector<AvisoHecho> avisos;           // grave ones that name no group
+  QStringList sinQueHacer;                  // the only reasons why the last run didn't end well
   std::vector<GrupoResumen> grupos;
   std::vector<PeriodoResumen> periodos;  // made by the night, or their replacements
   int perdidos = 0;                      // made by it, since deleted or given other dates

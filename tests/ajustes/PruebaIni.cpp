@@ -40,9 +40,8 @@ struct Vuelta {
 
 const Vuelta kVueltas[] = {
     {"  tImEoUt  =  500  ", "TimeOut", "500"},
-    {"TimeOut= 12abc", "TimeOut", "12"},
     {"FactorEsperaNDL= 0", "FactorEsperaNDL", "0"},
-    {"PrefijoCódigos= a1", "PrefijoCódigos", "A1"},
+    {"PrefijoCódigos= 001", "PrefijoCódigos", "001"},
     {"WhoAmI= 255", "WhoAmI", "255"},
     {"NúMEROPEDIDO=7", "NúmeroPedido", "7"},
     {"NumeroPedido=7", "NúmeroPedido", "0"},
@@ -55,7 +54,7 @@ const Vuelta kVueltas[] = {
     {"Puerto(x)=9", "Puerto(1)", "1"},
     {"RS232(1)=4800,e,7,1", "RS232(1)", "4800,E,7,1"},
     {"IniMdmX(1)=", "IniMdmX(1)", ""},
-    {"IniMdmX(1)=at1;at2;3;4;5;6;7;8;9", "IniMdmX(1)", "AT1;AT2;3;4;5;6;7;8"},
+    {"IniMdmX(1)=at1;at2;3;4;5;6;7;8", "IniMdmX(1)", "AT1;AT2;3;4;5;6;7;8"},
     {"CalculoPrecios=sí|5", "CalculoPrecios", "Sí|5"},
     {"CalculoPrecios=True|5|No|9", "CalculoPrecios", "Sí|5|No|9"},
     {"SesiónHasta=05/03/2005 21:30:00", "SesiónHasta", "05/03/2005 21:30:00"},
@@ -65,7 +64,6 @@ const Vuelta kVueltas[] = {
     {"Euro=166.386", "Euro", "166.386000"},
     {"MonedaLogo=Pts", "MonedaLogo", "Pts,   "},
     {"MonedaLogo=€,Eur", "MonedaLogo", "€  ,Eur"},
-    {"MonedaLogo=Pesetas,Euros", "MonedaLogo", "Pes,Eur"},
     {"FestivoSemanal=0,0,0,0,0,0,-1", "FestivoSemanal", "0,0,0,0,0,0,1"},
     {"EnviarCambios=2|0", "EnviarCambios", "2|0"},
     {"TextoEtiquetas(21)=Hecho en Casa", "TextoEtiquetas(21)", "Hecho en Casa"},
@@ -106,6 +104,8 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"ATHang(1)= -1", "10000"},
       {"WhoAmI= nada", "0"},
       {"SesiónHasta=99/99/2005", "30/12/1899 00:00:00"},
+      {"FestivoSemanal= 1", "0,0,0,0,0,0,0"},
+      {"ÚltimosPeriodos= 3|y", ""},
       {"AceptaOtroCodigo=x", "0"},
       {"TimeACK= 0", "2000"},
       {"MonedaNativa= pepe", "1"},
@@ -114,7 +114,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"InicioHorario= 25:00", "08:00"},
       {"Espera(1)= mucho", "40"},
       {"Euro= caro", "166.386000"},
-      {"CalculoPrecios= quizá|5", "No|5"},
+      {"CalculoPrecios= quizá|5", "No|0"},
       {"EnviarCambios= 1", "1|1"},
       {"Monedero= 3", ""},
       {"TimeOut 500", ""},
@@ -129,7 +129,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"Euro= -1", "166.386000"},
       {"ToleranciaHora= 99", "0.25"},
       {"ToleranciaHora= 0,5", "0.25"},
-      {"MonedaLogo= Libras", "Lib,   "},
+      {"MonedaLogo= Libras", "Pts,Eur"},
       {"MonedaLogo= Pts,Eur,Usd", "Pts,Eur"},
       {"RS232(1)= abc", "9600,O,7,1"},
       {"RS232(1)= 4800,X,7,1", "9600,O,7,1"},
@@ -138,7 +138,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"RS232(1)= 0,E,7,1", "9600,O,7,1"},
       {"Puerto(1)= 17", "1"},
       {"ControlLinea(1)= 9", "1"},
-      {"IniMdmX(1)= AT1;AT2;AT3;AT4;AT5;AT6;AT7;AT8;AT9", "AT1;AT2;AT3;AT4;AT5;AT6;AT7;AT8"},
+      {"IniMdmX(1)= AT1;AT2;AT3;AT4;AT5;AT6;AT7;AT8;AT9", "AT&C1;AT&D2;AT&A0"},
       {"SesiónAbier= 7", "0"},
       {"NúmPreciosAlta= 4", "3"},
       {"NúmTarifasAlta= 0", "8"},
@@ -177,6 +177,8 @@ TEST(Ini, LoRechazadoSigueEscritoHastaQueSeGuardaOtraCosa) {
       {"TimeOut= cinco", nada, "TimeOut", "cinco", true},
       {"TimeOut= 500\r\nTimeOut= cinco", nada, "TimeOut", "500", false},
       {"TimeOut= cinco\r\nTimeOut= 500", nada, "TimeOut", "500", false},
+      {"TimeOut= 12abc", nada, "TimeOut", "12abc", true},
+      {"TimeOut= 500\r\nTimeOut= 12abc", nada, "TimeOut", "500", false},
       {"TimeOut= cinco", [](Ajustes& a) { a.confirmar(u"timeout"_s); }, "TimeOut", "10000", false},
       {"Espera(3)= mucho", [](Ajustes& a) { a.confirmar(u"TimeOut"_s); }, "Espera(3)", "mucho",
        true},
@@ -192,6 +194,112 @@ TEST(Ini, LoRechazadoSigueEscritoHastaQueSeGuardaOtraCosa) {
     EXPECT_EQ(linea(otraVez, QString::fromUtf8(c.clave)), QString::fromUtf8(c.sale)) << c.entra;
     EXPECT_EQ(otraVez.dudas.size(), c.seDice ? 1U : 0U) << c.entra;
   }
+}
+
+namespace {
+
+// For each key a value that it takes, and one that it doesn't; null where every text is one.
+struct DeClave {
+  const char16_t* nombre;
+  const char16_t* buena;
+  const char16_t* mala;
+};
+constexpr DeClave kClaves[] = {
+    {u"HomeDir", u"Datos", nullptr},
+    {u"BaseDatos", u"Otra.mdb", nullptr},
+    {u"CopiaSeguridad", u"Copias", nullptr},
+    {u"WhoAmI", u"3", u"300"},
+    {u"TimeOut", u"500", u"0"},
+    {u"TimeCero", u"500", u"mucho"},
+    {u"IntentosManual", u"5", u"-1"},
+    {u"TimeACK", u"500", u"-1"},
+    {u"FactorEsperaNDL", u"500", u"-1"},
+    {u"CalculoPrecios", u"Sí|5|No|9", u"Sí"},
+    {u"CalculoPrecios", u"No|7", u"Sí|5|Sí"},
+    {u"CalculoPrecios", u"No|7", u"Sí|5|Sí|999999"},
+    {u"Puerto", u"7", u"17"},
+    {u"Device", u"2", u"4"},
+    {u"RS232", u"19200,N,8,2", u"12345,O,7,1"},
+    {u"RS232", u"19200,N,8,2", u"9600,O,7,1,1"},
+    {u"IniMdm0", u"ATZ", nullptr},
+    {u"IniMdmX", u"AT1;AT2", u"1;2;3;4;5;6;7;8;9"},
+    {u"PfxDial", u"ATDP", nullptr},
+    {u"Intentos", u"7", u"1000"},
+    {u"Espera", u"7", u"-1"},
+    {u"ATHang", u"7", u"mucho"},
+    {u"ControlLinea", u"2", u"4"},
+    {u"SesiónAbier", u"2", u"3"},
+    {u"SesiónHasta", u"05/03/2005 21:30:00", u"ayer"},
+    {u"SesiónACero", u"05/03/2005 21:30:00", u"32/03/2005"},
+    {u"ÚltimosPeriodos", u"3|4", u"x|y"},
+    {u"InicioHorario", u"09:30", u"25:00"},
+    {u"FinalHorario", u"21:30", u"24:00"},
+    {u"ToleranciaHora", u"0.40", u"0.5"},
+    {u"MonedaNativa", u"0", u"pepe"},
+    {u"MonedaPreferente", u"0", u"pepe"},
+    {u"MonedaLogo", u"Fra,Eur", u"EUROS"},
+    {u"MonedaLogo", u"Fra,Eur", u"Fra,Eur,Usd"},
+    {u"Euro", u"6.559570", u"0"},
+    {u"FestivoSemanal", u"0,0,0,0,0,0,1", u"1"},
+    {u"FestivoSemanal", u"0,0,0,0,0,0,1", u"0,0,0,0,0,0,0,0"},
+    {u"NúmeroPedido", u"7", u"-1"},
+    {u"NúmeroInventario", u"7", u"99999999999"},
+    {u"EnviarCambios", u"2|0", u"-1|0"},
+    {u"EnviarCambios", u"2|0", u"0|1|2"},
+    {u"OpcionesStockCompras", u"1|2", u"1|2|3"},
+    {u"OpcionesStockCompras", u"1|2", u"1|x"},
+    {u"ModoIntroRápido", u"0", u"3"},
+    {u"ParrillaRápida", u"2,2,2,1,1,0,0,0,0,0,0,1,2,0,0,0,K,3,,,,", u"x"},
+    {u"ParrillaRápida", u"2,2,2,1,1,0,0,0,0,0,0,1,2,0,0,0,K,3,,,,",
+     u"3,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,"},
+    {u"TextoEtiquetas", u"Hecho en casa", nullptr},
+    {u"PrefijoCódigos", u"001", u"x"},
+    {u"NúmPreciosAlta", u"2", u"4"},
+    {u"NúmTarifasAlta", u"2", u"0"},
+    {u"Personal", u"La noche|NOCHE", nullptr},
+    {u"RutaPuerto", u"/dev/ttyUSB0", nullptr},
+    {u"AceptaOtroCodigo", u"1", u"2"},
+};
+
+}  // namespace
+
+// Whatever the key: a good value is kept; a bad one leaves the default, is named at each start and
+// stays written, also when another setting is saved, until a person saves it.
+TEST(Ini, DeCadaClaveLoMaloSeNombraYSigueEscrito) {
+  const QString deFabrica =
+      leidos(u"Personal(1)=a|b\r\nRutaPuerto(1)=x\r\nAceptaOtroCodigo=1"_s).escribir();
+  QStringList sinFila;
+  for (const QString& l : deFabrica.split(u"\r\n"_s, Qt::SkipEmptyParts))
+    sinFila << l.section(u'=', 0, 0).section(u'(', 0, 0);
+  sinFila.removeDuplicates();
+  for (const DeClave& c : kClaves) {
+    const QString nombre = QString::fromUtf16(c.nombre);
+    sinFila.removeAll(nombre);
+    const bool deEtiquetas = nombre == u"TextoEtiquetas";
+    const bool conIndice = deFabrica.contains(nombre + u'(');
+    const QString clave = !conIndice ? nombre : nombre + (deEtiquetas ? u"(21)"_s : u"(1)"_s);
+    const Ajustes bien = leidos(clave + u"= "_s + QString::fromUtf16(c.buena));
+    EXPECT_TRUE(bien.dudas.empty()) << clave.toStdString();
+    EXPECT_EQ(linea(bien, clave), QString::fromUtf16(c.buena)) << clave.toStdString();
+    if (!c.mala) continue;
+    const QString mala = clave + u"= "_s + QString::fromUtf16(c.mala);
+    const QString normal = linea(leidos({}), clave);
+    QString texto = mala;
+    for (int arranque = 1; arranque <= 3; ++arranque) {
+      Ajustes a = leidos(texto);
+      ASSERT_EQ(a.dudas.size(), 1U) << mala.toStdString();
+      EXPECT_EQ(a.dudas[0].linea, mala);
+      EXPECT_TRUE(normal == u"(no está)" || a.dudas[0].vale == normal) << mala.toStdString();
+      EXPECT_TRUE(a.escribir().contains(mala + u"\r\n"_s)) << mala.toStdString();
+      a.TextoEtiquetas[40] = QString::number(arranque);  // another setting is saved
+      texto = a.escribir();
+    }
+    Ajustes a = leidos(texto);
+    a.confirmar(nombre);
+    EXPECT_EQ(linea(a, clave), normal);
+    EXPECT_TRUE(leidos(a.escribir()).dudas.empty()) << mala.toStdString();
+  }
+  EXPECT_EQ(sinFila.join(u' '), QString());
 }
 
 TEST(Ini, CualquierFinDeLineaVale) {

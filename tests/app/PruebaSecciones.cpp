@@ -4,10 +4,12 @@
 #include "app/Aplicacion.h"
 #include "app/Datos.h"
 #include "articles/BorradoSeccion.h"
+#include "articles/Secciones.h"
 #include "comm/cables/FabricaReal.h"
 #include "core/tiempo/Reloj.h"
 #include "textos/TextosDePrueba.h"
 #include "tienda/Tienda.h"
+#include "totals/libros/Sesion.h"
 
 namespace tarvo::prueba {
 namespace {
@@ -60,6 +62,23 @@ TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
   for (const QString& tabla : tablas) EXPECT_EQ(t.leer(u"select * from "_s + tabla), u"");
   bien(ida.reponer());
   EXPECT_EQ(todo(), antes);
+}
+
+// The question before it names what was read from its groups and is in no period.
+TEST(Secciones, SeSabeQueVentasSeIrian) {
+  Entera t;
+  t.seccion(3, u"PESCADO"_s).grupo({.codigo = 9, .nombre = u"Puerto"}).grupo({.codigo = 10});
+  articles::Secciones secciones(t.aplicacion.catalogo());
+  EXPECT_TRUE(bien(secciones.loQueSeVa(3)).ventas.empty());
+  totals::Lectura lectura;
+  lectura.maquinas[1][{9, 0}] = {.CON = 1, .PES = 500, .IMP = 1250};
+  std::vector<totals::Aviso> avisos;
+  bien(t.aplicacion.sesion().PrepararRecepcion(9, TipoTotal::GranTotal));
+  bien(t.aplicacion.sesion().guardarLectura(9, TipoTotal::GranTotal, lectura, avisos));
+  const auto ventas = bien(secciones.loQueSeVa(3)).ventas;
+  ASSERT_EQ(ventas.size(), 1U);
+  EXPECT_EQ(std::tuple(ventas[0].grupo, ventas[0].nombre, ventas[0].importe),
+            std::tuple(9, u"Puerto"_s, qint64{1250}));
 }
 
 }  // namespace

@@ -208,7 +208,13 @@ TEST(Secciones, UnaBorradaVuelveEntera) {
          t.sql(u"delete from DeOtra where LINK=0 and GRUPO=%1"_s.arg(grupo));
          return {};
        },
-       {{u"DeOtra"_s, u"LINK=0 AND "_s}}});
+       {{u"DeOtra"_s, u"LINK=0 AND "_s}},
+       [](int grupo) -> Resultado<std::optional<qint64>> {
+         return grupo == 2 ? std::optional<qint64>(1250) : std::nullopt;
+       }});
+  const auto ventas = bien(t.secciones.loQueSeVa(3)).ventas;
+  ASSERT_EQ(ventas.size(), 1U) << "only groups with sales in no period";
+  EXPECT_EQ(std::pair(ventas[0].grupo, ventas[0].importe), std::pair(2, qint64{1250}));
   const std::string antes = todo();
   BorradoSeccion ida(t.catalogo, 3);
   const QString copia = bien(ida.borrar(t.carpeta.path(), t.reloj.ahora()));

@@ -162,6 +162,10 @@ INSTANTIATE_TEST_SUITE_P(
         CasoFichero{u"P:CREAR,1,05/03/2026,01/03/2026,x\r\nP:CREAR,3,05/03/2026,31-02-2026,x\r\n"
                     u"P:CREAR,3,05/03/2026,06/03/2026,x\r\nP:CREAR,3,05/03/2026,,x",
                     4, 0, u"", 2},
+        CasoFichero{u"P:CREAR,1,05/03/2026,07/03/2026,x\r\nP:CREAR,1,05/03/2026,05/03/2026,x\r\n"
+                    u"P:CREAR,2,05/03/2026,09/03/2026,x\r\nP:CREAR,2,05/03/2026,08/03/2026,x\r\n"
+                    u"P:CREAR,5,05/03/2026,09/03/2026,x",
+                    5, 0, u"", 2},
         CasoFichero{u"@INICIO BATCH\r\n", 0, 0, u"", 1}));
 
 TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {

@@ -84,6 +84,40 @@ TEST(Resumen, UnGrupoMudoEnLaNoche) {
   EXPECT_FALSE(r.proxima->activo);
 }
 
+// Steps without anything to work on make the result 1, but leave no doubt when nothing was
+// memorised and nothing else happened.
+TEST(Resumen, UnaNocheSinNadaQueAcumular) {
+  const QString acumular =
+      u"P:SEL. ULTIMO\r\nP:ACUMULAR,2\r\nP:SEL. ULTIMO\r\nP:STOCK\r\n"
+      u"P:SEL. ULTIMO\r\nE:TOTALIZA,No,No,V\r\n"_s;
+  const struct {
+    QString proceso;
+    int mudo;
+    qsizetype sinQueHacer;
+    size_t avisos;
+  } casos[] = {
+      {u"T:TX_HORA,ALL\r\nC:ESPERA,1,No\r\n"_s + acumular, 0, 1, 0},
+      {u"T:TX_HORA,ALL\r\nC:ESPERA,1,No\r\n"_s + acumular, 2, 0, 0},
+      {u"T:TX_HORA,ALL\r\nC:ESPERA,1,No\r\nP:ACUMULAR,2\r\n"_s, 0, 0, 1},
+      {u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\nP:ACUMULAR,2\r\n"_s + acumular, 0, 0,
+       1},
+      {u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s + acumular, 0, 0, 0},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.proceso.toStdString());
+    TiendaDeProcesos tienda;
+    if (c.mudo > 0) maquinasDePrueba().mudas = {c.mudo};
+    const auto p = tienda.programa();
+    correr(*p, c.proceso);
+    const Resumen r = leer(*p);
+    EXPECT_EQ(r.sinQueHacer.size(), c.sinQueHacer);
+    EXPECT_EQ(r.avisos.size(), c.avisos);
+    EXPECT_EQ(r.grupos[0].estado, EstadoGrupo::Bien);
+    const bool bien = c.sinQueHacer == 0 && c.avisos == 0 && c.mudo == 0;
+    EXPECT_EQ(p->fin, bien ? ResultadoProceso::Bien : ResultadoProceso::Problemas);
+  }
+}
+
 // An import or memorisation that replaces the night's period gives it another number, and its
 // former number to another.
 TEST(Resumen, ElPeriodoDeLaNocheSeReconocePorSusFechas) {

@@ -433,6 +433,21 @@ TEST_F(RunnerTest, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
   EXPECT_EQ(p->lineas.filter(u"Se reanuda"_s).size(), 0);
 }
 
+// With somebody there a wait that drops no failures lasts until that person removes the task.
+TEST_F(RunnerTest, AtendidoElGrupoMudoEsperaAUnaPersona) {
+  maquinasDePrueba().mudas = {2};
+  const auto p = tienda_.programa();
+  p->automat().desatendido = false;
+  p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,2,No\r\nN:a"_s);
+  EXPECT_FALSE(p->hastaElFin(24));
+  EXPECT_EQ(p->lineas.filter(u"Gran Total:G0002   Se reintenta la tarea"_s).size(), 2);
+  ASSERT_EQ(p->motor().tareas().size(), 1U);
+  p->motor().EliminarTarea(p->motor().tareas().front().datos.Id);
+  ASSERT_TRUE(p->hastaElFin(1));
+  EXPECT_TRUE(p->lineas.contains(u"    Grupo 0002 Tienda: sin hacer Gran Total"_s))
+      << p->lineas.join(u'\n').toStdString();
+}
+
 TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutarGuion(u"CREATE VIEW Proceso AS SELECT 1 AS NOMBRE;\n"));

@@ -1,4 +1,5 @@
 // Batches: everything done to articles since a batch began is undone, and nothing else.
+#include "articles/LotesAMedias.h"
 #include "lotes/TiendaDeLotes.h"
 
 namespace tarvo::articles {
@@ -17,6 +18,14 @@ struct Lotes_ : testing::Test, prueba::TiendaDeLotes {
     return leer(
         u"SELECT CODPLU, NOMPLU, PRECIO_00, CodBarExt FROM PLUSES WHERE CODPLU>2 "
         u"ORDER BY CODPLU"_s);
+  }
+  // A batch that was finished.
+  qint64 cambiar(const QString& ventana, const QString& orden) {
+    const qint64 lote = bien(lotes.empezar(ventana));
+    bien(lotes.guardarDonde(lote, u"CODPLU>2"));
+    sql(orden);
+    bien(lotes.acabar(lote));
+    return lote;
   }
   QString claves(const std::vector<ClaveArticulo>& v) {
     QStringList s;
@@ -155,13 +164,6 @@ TEST_F(Lotes_, EnTramos) {
 // Out of order: what the first undoing would leave alone is reported beforehand, and asking changes
 // nothing.
 TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
-  const auto cambiar = [&](const QString& ventana, const QString& sql) {
-    const qint64 lote = bien(lotes.empezar(ventana));
-    bien(lotes.guardarDonde(lote, u"CODPLU>2"));
-    this->sql(sql);
-    bien(lotes.acabar(lote));
-    return lote;
-  };
   const qint64 importado =
       cambiar(u"ImpPLU"_s, u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU<13"_s);
   const qint64 subido =
@@ -175,14 +177,34 @@ TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
   EXPECT_EQ(articulos(), kAntes);
 }
 
-TEST_F(Lotes_, SoloLosVeinteUltimos) {
-  const qint64 primero = bien(lotes.empezar(u"V"_s));
-  bien(lotes.guardar(primero, {1, 10}));
-  for (int i = 0; i < 20; ++i) bien(lotes.empezar(u"V"_s));
-  EXPECT_EQ(lotes.deshacer(primero, u"V"_s).error().clase, Fallo::NoExiste);
-  EXPECT_EQ(
-      leer(u"SELECT count(*) FROM LoteArticulos"_s) + leer(u"SELECT count(*) FROM LoteAntes"_s),
-      u"200"_s);
+// What was done long ago is forgotten with all its rows; what was cut off never is.
+TEST_F(Lotes_, SoloLosVeinteUltimosYLosCortados) {
+  const QString subir = u"UPDATE PLUSES SET PRECIO_00=PRECIO_00+50 WHERE CODPLU="_s;
+  const qint64 hecho = cambiar(u"V"_s, subir + u"10"_s);
+  const qint64 cortado = bien(lotes.empezar(u"CambioLote"_s));
+  const std::vector<ClaveArticulo> todos{{1, 11}, {1, 12}};
+  bien(lotes.apuntar(cortado, u"sube"_s, todos));
+  bien(lotes.guardar(cortado, {1, 11}));
+  sql(subir + u"11"_s);
+  bien(lotes.tachar(cortado, {1, 11}));
+
+  for (int i = 0; i < 25; ++i) bien(lotes.olvidar(cambiar(u"V"_s, subir + u"13"_s)));
+  for (int i = 0; i < 25; ++i) cambiar(u"V"_s, subir + u"13"_s);
+  EXPECT_EQ(leer(u"SELECT count(*) FROM LoteArticulos"_s), u"21"_s) << "twenty, and the cut off";
+  EXPECT_EQ(lotes.deshacer(hecho, u"V"_s).error().clase, Fallo::NoExiste);
+  for (const QString& tabla : {u"LoteAntes"_s, u"LoteDespues"_s, u"LoteMovs"_s})
+    EXPECT_EQ(
+        leer(u"SELECT count(*) FROM %1 WHERE LOTE NOT IN (SELECT LOTE FROM LoteArticulos)"_s.arg(
+            tabla)),
+        u"0"_s)
+        << tabla.toStdString();
+
+  EXPECT_TRUE(bien(motivoDeEspera(catalogo, 1)));
+  ASSERT_TRUE(bien(lotes.porHacer(cortado)));
+  EXPECT_EQ(claves(bien(lotes.porHacer(cortado))->claves), u"12");
+  EXPECT_EQ(bien(lotes.deshacer(cortado, u"V"_s)).repuestos, 1);
+  EXPECT_EQ(leer(u"SELECT PRECIO_00 FROM PLUSES WHERE CODPLU IN (11, 12)"_s), u"100 | 100"_s);
+  EXPECT_FALSE(bien(motivoDeEspera(catalogo, 1)));
 }
 
 }  // namespace

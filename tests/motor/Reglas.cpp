@@ -237,6 +237,26 @@ TEST_F(Reglas, UnRegistroCortoNoSeComparaConLoMemorizado) {
   EXPECT_EQ(bandeja(1, 16), entera);
 }
 
+// Once the machine has forgotten there is nothing to compare with, and they are taken again.
+TEST_F(Reglas, UnRegistroCortoDespuesDePonerseACero) {
+  tienda();
+  encolar(1, 16);
+  ASSERT_TRUE(correr());
+  sql(u"UPDATE Lecturas SET LINK=1 WHERE GRUPO=1"_s);
+  encolar(1, 6);
+  ASSERT_TRUE(correr());
+  ASSERT_TRUE(gestor->LaSesion(0));
+  ASSERT_TRUE(problemas.isEmpty()) << problemas.join(u' ').toStdString();
+  vender(1, 20, 5, 0);
+  std::vector<simulador::Paso> guion;
+  for (int m = 0; m < 30; ++m) guion.push_back({Averia::RegistroCorto, 0, 830, m, 25});
+  maquina(1, 1).percances() = simulador::Percances({.guion = guion}, 1);
+  encolar(1, 16);
+  ASSERT_TRUE(correr());
+  EXPECT_TRUE(problemas.isEmpty()) << problemas.join(u' ').toStdString();
+  EXPECT_EQ(avisos.filter(QStringLiteral("no se leen enteros")).size(), 1);
+}
+
 // A refusal is one under any code, and a question without an answer ends in time.
 TEST_F(Reglas, UnaNegativaConElCodigoDeOtraPregunta) {
   tienda();

@@ -97,10 +97,11 @@ TEST_F(PruebaAlta, TheFieldsThatAreWrong) {
       {{CampoAlta::Departamento}, [](EntradaAlta& e) { e.departamento = u"9"_s; }},
       {{CampoAlta::Formato}, [](EntradaAlta& e) { e.formato = u"21"_s; }},
       {{CampoAlta::Formato}, [](EntradaAlta& e) { e.formato = u"0"_s; }},
-      {{CampoAlta::Dias1}, [](EntradaAlta& e) { e.dias1.clear(); }},
+      {{}, [](EntradaAlta& e) { e.dias1.clear(), e.dias2 = u" "_s; }},  // none
+      {{CampoAlta::Dias1}, [](EntradaAlta& e) { e.dias1 = u"-1"_s; }},
       {{CampoAlta::Dias2}, [](EntradaAlta& e) { e.dias2 = u"x"_s; }},
       {{CampoAlta::Codigo, CampoAlta::Dias2},
-       [](EntradaAlta& e) { e.codigo.clear(), e.dias2.clear(); }},
+       [](EntradaAlta& e) { e.codigo.clear(), e.dias2 = u"10000"_s; }},
   };
   int n = 0;
   for (const auto& c : casos) {

@@ -72,6 +72,8 @@ const QByteArray kLargo =
     "06000100300000230000000003000000000400000002000001\r\n"
     "07000100300012080000000006000000000000000000000006\r\n";
 
+const QByteArray kAntes = "*antes-4 junio 2018\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
+
 const QByteArray kCorto =
     "*Semana, santa-5 junio 2018\r\n"
     "*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
@@ -96,10 +98,9 @@ TEST_F(Exporta, WritesBothLayouts) {
 TEST_F(Exporta, HeadersFitTheFile) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
   sql(u"update COLUMNA set DESCR=?"_s, u"Año\r\nde €, \u4e2d"_s);
-  escribir(u"A.EXP"_s, "*0100");  // cut off by another program
   EXPECT_TRUE(exportar(tramo, "a"));
-  EXPECT_EQ(fichero(u"A.EXP"_s),
-            "*0100\r\n*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
+  EXPECT_EQ(fichero(u"a.EXP"_s),
+            "*A\xF1o  de \x80, ?\r\n*05/06/2018 13:00:01  06/06/2018 08:30:00\r\n");
 }
 
 // A file that doesn't begin as an export does is somebody else's, whatever it is called.
@@ -112,7 +113,7 @@ TEST_F(Exporta, AForeignFileStaysAsItIs) {
     EXPECT_EQ(fichero(u"A.EXP"_s), ajeno);
     EXPECT_TRUE(bien(periodos.columna(dia)));
   }
-  for (const QByteArray vale : {"", "*05 junio 2018\r\n"}) {
+  for (const QByteArray& vale : {QByteArray(), kAntes}) {
     escribir(u"A.EXP"_s, vale);
     EXPECT_TRUE(exportar(dia, "a")) << vale.toStdString();
   }
@@ -185,9 +186,10 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
 TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
-  escribir(u"x.EXP"_s, "*antes\r\n*");
   QFile x(ruta(u"x.EXP"_s));
-  ASSERT_TRUE(x.resize(grande));
+  ASSERT_TRUE(x.open(QIODevice::WriteOnly) && x.write("*") == 1 &&
+              x.seek(grande - kAntes.size() - 2) && x.write("\r\n" + kAntes) > 0);
+  x.close();
   rlimit normal{};
   getrlimit(RLIMIT_FSIZE, &normal);
   rlimit lleno = normal;
@@ -212,8 +214,9 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
     const pid_t hijo = fork();
     if (hijo == 0) {
       auto suya = dao::Database::OpenDatabase(ruta(u"TARVO.MDB"_s), {});
-      auto a = suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, "****", textosDePrueba())
-                    : std::unexpected(suya.error());
+      auto a =
+          suya ? Anadidura::empezar(**suya, ruta(nombre), 200000, "****", ajustes, textosDePrueba())
+               : std::unexpected(suya.error());
       if (a && (*a)->escribir(QByteArray(bytes, '*'))) std::raise(SIGKILL);
       _exit(1);
     }
@@ -221,30 +224,29 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
     waitpid(hijo, &estado, 0);
     ASSERT_TRUE(WIFSIGNALED(estado));
   };
-  escribir(u"x.EXP"_s, "*antes\r\n");
+  escribir(u"x.EXP"_s, kAntes);
   for (const bool alEmpezar : {true, false}) {
     morirEscribiendo(u"x.EXP"_s, 100000);
     morirEscribiendo(u"nuevo.EXP"_s, 100000);
-    EXPECT_EQ(fichero(u"x.EXP"_s).size(), 100008);
+    EXPECT_EQ(fichero(u"x.EXP"_s).size(), kAntes.size() + 100000);
     if (alEmpezar) {
       bien(xporTot.recuperar());
-      EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n");
+      EXPECT_EQ(fichero(u"x.EXP"_s), kAntes);
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), "(nada)");
     } else {
       EXPECT_TRUE(exportar(dia, "x"));
       EXPECT_TRUE(exportar(dia, "nuevo"));
-      EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n" + kLargo);
+      EXPECT_EQ(fichero(u"x.EXP"_s), kAntes + kLargo);
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), kLargo);
     }
   }
   // The file has been replaced, changed, or appended to by others.
-  const QByteArray antes = "*antes\r\n", nuestro(100000, '*'),
-                   bloques = kLargo + QByteArray(kLargo);
+  const QByteArray nuestro(100000, '*'), bloques = kLargo + QByteArray(kLargo);
   for (const auto& [nombre, ahora] : {std::pair("x.EXP", "*otro\r\n" + bloques),
                                       {"otro.EXP", "*otro\r\n" + bloques},
                                       {"x.EXP", "*otros\r\n" + nuestro},
-                                      {"x.EXP", antes + nuestro + nuestro + bloques}}) {
-    if (QByteArrayView(nombre) == "x.EXP") escribir(u"x.EXP"_s, antes);
+                                      {"x.EXP", kAntes + nuestro + nuestro + bloques}}) {
+    if (QByteArrayView(nombre) == "x.EXP") escribir(u"x.EXP"_s, kAntes);
     morirEscribiendo(QString::fromUtf8(nombre), 100000);
     escribir(QString::fromUtf8(nombre), ahora);
     bien(xporTot.recuperar());
@@ -256,15 +258,15 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
 // A block in the file but not in the database doesn't count, and is removed.
 TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
   const qint64 dia = diaEntero();
-  escribir(u"x.EXP"_s, "*antes\r\n");
+  escribir(u"x.EXP"_s, kAntes);
   sql(u"create trigger lleno before insert on Exportes begin select raise(abort, "
       "'disco lleno'); end"_s);
   EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, u"17.3"_s));
-  EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n");
+  EXPECT_EQ(fichero(u"x.EXP"_s), kAntes);
   EXPECT_TRUE(bien(periodos.columna(dia)));
   sql(u"drop trigger lleno"_s);
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  EXPECT_EQ(fichero(u"x.EXP"_s), "*antes\r\n" + kLargo);
+  EXPECT_EQ(fichero(u"x.EXP"_s), kAntes + kLargo);
 }
 
 // The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
@@ -273,8 +275,8 @@ TEST_F(Exporta, AFileAboveOneGibibyte) {
   const qint64 grande = qint64{3} << 30;
   {
     QFile f(ruta(u"x.EXP"_s));
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("*") == 1 && f.resize(grande - 2) &&
-                f.seek(grande - 2) && f.write("\r\n") == 2);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("*") == 1 &&
+                f.seek(grande - kAntes.size() - 2) && f.write("\r\n" + kAntes) > 0);
   }
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
   sql(u"update Exportes set HECHO=0"_s);
@@ -301,13 +303,13 @@ TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
   EXPECT_TRUE(bien(periodos.columna(dia)));
   // The mark was written but the file was not.
-  escribir(u"x.EXP"_s, todo.left(40));
+  escribir(u"x.EXP"_s, kAntes);
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_EQ(fichero(u"x.EXP"_s).count("*"),
             4);  // two that were left, two of the new block
   // Another file is there now, no shorter.
   sql(u"update Exportes set HECHO=0"_s);
-  const QByteArray ajeno(fichero(u"x.EXP"_s).size(), '*');
+  const QByteArray ajeno = kAntes + QByteArray(fichero(u"x.EXP"_s).size(), '\n');
   escribir(u"x.EXP"_s, ajeno);
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_GT(fichero(u"x.EXP"_s).size(), ajeno.size());

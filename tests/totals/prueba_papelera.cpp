@@ -60,6 +60,68 @@ TEST(Papelera, DevuelveLosPeriodosConTodoLoSuyo) {
   EXPECT_EQ(t.leer(u"select ID, count(*) from TotSusti group by ID"_s), u"1 2 | 2 1");
 }
 
+// What a deleted week held can be accumulated again, and is marked again when the week comes back.
+TEST(Papelera, LaSemanaBorradaSueltaSusDias) {
+  ConPapelera t;
+  const auto imp = [&](const Columna& c) {
+    return t.leer(u"select sum([IMP]) from TOTPLU where LINK=%1"_s.arg(c.LINK));
+  };
+  const auto semana = [&] {
+    return bien(t.periodos.BuscarPeriodo(kSemanal, momento("05/06/2018"), momento("05/06/2018")));
+  };
+  const qint64 lunes = t.crear(kDiario, "04/06/2018"), martes = t.crear(kDiario, "05/06/2018");
+  const auto acumular = [&] {
+    t.verTot.ClrSelec();
+    for (const qint64 dia : {lunes, martes}) bien(t.verTot.SelecHnd(dia));
+    return bien(t.verTot.AcumularIntv(kSemanal, 1));
+  };
+  for (const qint64 dia : {lunes, martes}) {
+    t.plu(dia, 7, 3);
+    ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kMensual, t.col(dia))));
+  }
+  ASSERT_TRUE(acumular());
+  EXPECT_EQ(imp(*semana()), u"600");
+  ASSERT_TRUE(
+      bien(t.verTot.BorrarIntvalo(kSemanal, momento("04/06/2018"), momento("10/06/2018"), {})));
+  ASSERT_TRUE(acumular());
+  EXPECT_EQ(imp(*semana()), u"600");
+  EXPECT_TRUE(t.col(lunes).ACUM2 && t.col(lunes).ACUM3);
+
+  // Deleted by a person, each alone and in either order, and brought back.
+  const QString antes = t.todo();
+  const qint64 deSemana = bien(t.papelera.nuevoLote()), suya = semana()->LINK;
+  ASSERT_TRUE(bien(t.papelera.tirar(deSemana, suya)));
+  EXPECT_FALSE(t.col(lunes).ACUM2);
+  EXPECT_TRUE(t.col(lunes).ACUM3);
+  const qint64 deDia = bien(t.papelera.nuevoLote());
+  ASSERT_TRUE(bien(t.papelera.tirar(deDia, lunes)));
+  EXPECT_EQ(bien(t.papelera.restaurar(deSemana)), 1);
+  EXPECT_EQ(bien(t.papelera.restaurar(deDia)), 1);
+  EXPECT_EQ(t.todo(), antes);
+  ASSERT_TRUE(bien(t.papelera.tirar(deDia, lunes)));
+  ASSERT_TRUE(bien(t.papelera.tirar(deSemana, suya)));
+  EXPECT_EQ(bien(t.papelera.restaurar(deDia)), 1);
+  EXPECT_FALSE(t.col(lunes).ACUM2);
+  EXPECT_EQ(bien(t.papelera.restaurar(deSemana)), 1);
+  EXPECT_EQ(t.todo(), antes);
+
+  // A day that sold more in the meantime is not what the week holds.
+  ASSERT_TRUE(bien(t.papelera.tirar(deSemana, suya)));
+  t.plu(martes, 9, 1);
+  const auto r = t.papelera.restaurar(deSemana);
+  ASSERT_FALSE(r);
+  EXPECT_TRUE(r.error().texto.contains(u"5 junio 2018"_s)) << r.error().texto.toStdString();
+  EXPECT_FALSE(semana());
+  EXPECT_FALSE(t.col(lunes).ACUM2);
+  ASSERT_TRUE(acumular());
+  EXPECT_EQ(imp(*semana()), u"700");
+
+  // Exported and deleted it has left with its days: they don't make it again.
+  ASSERT_TRUE(bien(t.xporTot.XportRemoto({semana()->LINK}, {false, true}, u"x"_s, QString())));
+  ASSERT_TRUE(acumular());
+  EXPECT_FALSE(semana());
+}
+
 TEST(Papelera, NoPisaLoQueOcupoSuSitio) {
   ConPapelera t;
   const qint64 uno = t.crear(kDiario, "04/06/2018"), dia = t.crear(kDiario, "05/06/2018");

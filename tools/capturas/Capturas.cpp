@@ -19,7 +19,7 @@ namespace {
 
 constexpr QSize kPantallas[] = {{1366, 768}, {1920, 1080}};
 constexpr int kEscalas[] = {100, 125, 150};
-constexpr int kAsentar = 150;        // ms for lists to be counted and sums computed
+constexpr int kAsentar = 100;        // ms: lists are counted and sums computed after 60
 constexpr int kPaciencia = 5'000;    // ms for a part that reports it is still being filled
 constexpr int kMargenPantalla = 64;  // height that the desktop keeps for itself
 
@@ -79,7 +79,9 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
   QStringList faltas = cortes(*v);
   if (v->width() > pantalla.width() || v->height() > pantalla.height() - kMargenPantalla)
     faltas << u"no cabe en la pantalla: pide %1x%2"_s.arg(v->width()).arg(v->height());
-  if (!v->grab().save(encargo.carpeta + u'/' + fichero)) faltas << u"no se puede escribir"_s;
+  const QPixmap foto = v->grab();
+  if (!encargo.carpeta.isEmpty() && !foto.save(encargo.carpeta + u'/' + fichero))
+    faltas << u"no se puede escribir"_s;
   if (!sinCajas(cajas, [v] { return v->descargar(); })) faltas << u"no se deja descargar"_s;
   QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   for (QString& f : faltas) f = fichero + u": "_s + f;
@@ -89,7 +91,7 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
 }  // namespace
 
 QStringList capturar(ventanas::Escritorio& e, const Encargo& encargo) {
-  QDir().mkpath(encargo.carpeta);
+  if (!encargo.carpeta.isEmpty()) QDir().mkpath(encargo.carpeta);
   QStringList faltas;
   for (const QString& nombre : encargo.solo.isEmpty() ? e.ventanas().nombres() : encargo.solo)
     for (const QSize pantalla : kPantallas)

@@ -8,7 +8,7 @@
 namespace tarvo::capturas {
 
 struct Encargo {
-  QString carpeta;        // where pictures go; created if missing
+  QString carpeta;        // where pictures go, created if missing; empty: they are not kept
   QString marca;          // "llena" or "vacia", part of the file's name
   QStringList solo = {};  // these windows; empty for all
   // Arguments of a window in place of its own sample, by name.

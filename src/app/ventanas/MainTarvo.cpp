@@ -101,7 +101,11 @@ void MainTarvo::ponerEntradas() {
     b->setIconSize({lado, lado});
     const QString ventana = ventanaDe(e.lleva);
     if (ventana.isEmpty()) continue;
-    connect(b, &QToolButton::clicked, this, [this, &e] { ir(e.lleva); });
+    // Its letter leaves the focus elsewhere; it comes back here after the window that is opened.
+    connect(b, &QToolButton::clicked, this, [this, b, &e] {
+      b->setFocus();
+      ir(e.lleva);
+    });
     if (!contexto().ventanas.conoce(ventana)) b->ponerSinVentana(t(kTxSinEstaVentana));
   }
   connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });

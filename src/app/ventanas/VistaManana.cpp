@@ -97,14 +97,14 @@ Renglon Redactor::noche() const {
   } else if (fallos || fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada) {
     r.estado = Estado::Mal;
     r.titulo = t_(kTxNocheMal);
-  } else if (dudas || fin == FinEjecucion::Problemas) {
+  } else if (dudas || (fin == FinEjecucion::Problemas && r_.sinQueHacer.isEmpty())) {
     r.estado = Estado::Duda;
     r.titulo = t_(kTxNocheDudosa);
   } else {
     r.estado = Estado::Bien;
     r.titulo = t_(kTxNocheBien);
   }
-  r.texto = frase(r_.ejecuciones.front());
+  r.texto = (QStringList(frase(r_.ejecuciones.front())) + r_.sinQueHacer).join(u' ');
   r.valor = t_(kTxVerTraza);
   ponerTraza(r);
   return r;

@@ -1,6 +1,8 @@
 #include "articles/precios/AjustesPrecios.h"
 
 #include "articles/Articulo.h"
+#include "articles/precios/Limites.h"
+#include "articles/precios/ParrillaRapida.h"
 #include "core/ajustes/Sala.h"
 
 namespace tarvo::precios {
@@ -13,15 +15,30 @@ constexpr Limites kModosIntro{0, 2}, kPreciosAlta{1, articles::kNiveles},
     kTarifasAlta{1, articles::kTarifas};
 
 bool leerCalculo(AjustesPrecios& a, int, const QString& v) {
-  Calculo& c = a.calculoPrecios;
-  bool bien = ini::leerLogico(ini::parte(v, u'|', 0), c.a);
-  bien &= ini::leer16(ini::parte(v, u'|', 1), c.b);
-  c.conSegundo = v.count(u'|') >= 3;
-  c.c = false;
-  c.d = 0;
-  if (!c.conSegundo) return bien;
-  bien &= ini::leerLogico(ini::parte(v, u'|', 2), c.c);
-  return ini::leer16(ini::parte(v, u'|', 3), c.d) && bien;
+  const auto partes = ini::partes(v, u'|');
+  const auto leerDos = [&partes](size_t desde, bool& si, int& cuanto) {
+    const auto numero = ini::numeroEntre(partes[desde + 1], ini::kDe16);
+    cuanto = numero.value_or(0);
+    return ini::leerLogico(partes[desde], si) && numero.has_value();
+  };
+  if (partes.size() != 2 && partes.size() != 4) return false;
+  Calculo c;
+  c.conSegundo = partes.size() == 4;
+  if (!leerDos(0, c.a, c.b) || (c.conSegundo && !leerDos(2, c.c, c.d))) return false;
+  a.calculoPrecios = c;
+  return true;
+}
+
+bool leerParrilla(const QString& v, QString& campo) {
+  if (!ParrillaRapida::esAjuste(v)) return false;
+  return ini::leerMayusculas(v, campo);
+}
+
+// One that isn't of digits could not begin a code.
+bool leerPrefijo(const QString& v, QString& campo) {
+  const bool cifras = v.size() <= kPrefijoMayor && sonCifras(v);
+  if (cifras) campo = v;
+  return cifras;
 }
 
 QString escribirCalculo(const AjustesPrecios& a, int, Idioma idioma) {
@@ -38,8 +55,8 @@ SalaDeAjustes ajustesPrecios() {
   return salaDeAjustes(
       A(), {{300, u"CalculoPrecios", leerCalculo, escribirCalculo},
             clave<&A::ModoIntroRapido, ini::leerLimitado<kModosIntro>>(1000, u"ModoIntroRápido"),
-            clave<&A::ParrillaRapida, ini::leerMayusculas, ini::verTexto>(1001, u"ParrillaRápida"),
-            clave<&A::PrefijoCodigos, ini::leerMayusculas, ini::verTexto>(1200, u"PrefijoCódigos"),
+            clave<&A::ParrillaRapida, leerParrilla, ini::verTexto>(1001, u"ParrillaRápida"),
+            clave<&A::PrefijoCodigos, leerPrefijo, ini::verTexto>(1200, u"PrefijoCódigos"),
             clave<&A::NumPreciosAlta, ini::leerLimitado<kPreciosAlta>>(1201, u"NúmPreciosAlta"),
             clave<&A::NumTarifasAlta, ini::leerLimitado<kTarifasAlta>>(1202, u"NúmTarifasAlta")});
 }

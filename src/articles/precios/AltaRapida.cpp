@@ -11,6 +11,11 @@ namespace {
 
 constexpr int kCifrasCodigo = 7;
 
+// Empty is none, which is 0.
+bool sonDias(const QString& texto) {
+  return texto.trimmed().isEmpty() || numeroEntre(texto, 0, kDiasMayor);
+}
+
 int enteroDe(const QString& texto) {
   return static_cast<int>(numeroEntre(texto, 0, kDiasMayor).value_or(0));
 }
@@ -69,9 +74,9 @@ Resultado<std::optional<QString>> AltaRapida::falta(CampoAlta campo, const Entra
     case CampoAlta::CodBarras:
       return si(!sonCifras(e.codBarras.trimmed()), ColumnaRapida::CodBarras);
     case CampoAlta::Dias1:
-      return si(!numeroEntre(e.dias1, 0, kDiasMayor), ColumnaRapida::Dias1);
+      return si(!sonDias(e.dias1), ColumnaRapida::Dias1);
     case CampoAlta::Dias2:
-      return si(!numeroEntre(e.dias2, 0, kDiasMayor), ColumnaRapida::Dias2);
+      return si(!sonDias(e.dias2), ColumnaRapida::Dias2);
     case CampoAlta::Precios:
       return std::nullopt;
   }

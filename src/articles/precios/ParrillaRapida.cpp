@@ -12,7 +12,6 @@ namespace {
 constexpr std::array kVistas{Vista::SoloVer,   Vista::SoloVer,   Vista::Modificar, Vista::SoloVer,
                              Vista::SoloVer,   Vista::Invisible, Vista::Invisible, Vista::Invisible,
                              Vista::Invisible, Vista::Invisible};
-constexpr int kPrefijoMayor = 6;
 
 // 0, 1 or 2; nothing for any other text.
 std::optional<int> deTres(QStringView s) {
@@ -25,6 +24,14 @@ std::optional<int> deTres(QStringView s) {
 
 ParrillaRapida::ParrillaRapida() : vistas_(kVistas) {
   valores_[en(CampoFijo::Unidad)] = QStringLiteral("-1");
+}
+
+bool ParrillaRapida::esAjuste(QStringView ajuste) {
+  const auto partes = ajuste.split(u',');
+  constexpr qsizetype kNumeros = kColumnasRapidas + kCamposFijos;
+  return partes.size() == kNumeros + qsizetype{kCamposFijos} &&
+         std::all_of(partes.begin(), partes.begin() + kNumeros,
+                     [](QStringView p) { return deTres(p).has_value(); });
 }
 
 ParrillaRapida ParrillaRapida::leer(QStringView ajuste) {

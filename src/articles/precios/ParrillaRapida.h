@@ -35,11 +35,15 @@ enum class CampoFijo { Unidad, Departamento, Formato, CodBarras, Dias1, Dias2 };
 inline constexpr int kCamposFijos = 6;
 enum class Politica { Limpiar, Mantener, Fijar };
 
+inline constexpr int kPrefijoMayor = 6;  // digits that begin all codes of fast entry
+
 class ParrillaRapida {
  public:
   // The defaults: code and name shown, the first price editable.
   ParrillaRapida();
-  // The 22 values of the setting. A missing or invalid one takes its default.
+  // The 22 values of the setting, its numbers 0 to 2.
+  static bool esAjuste(QStringView ajuste);
+  // A missing or invalid value takes its default.
   static ParrillaRapida leer(QStringView ajuste);
   QString escribir() const;
 

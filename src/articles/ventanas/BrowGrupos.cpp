@@ -276,8 +276,9 @@ bool BrowGrupos::event(QEvent* evento) {
 
 bool BrowGrupos::QueryUnload() {
   trabajo().parar();
+  if (!contexto().ventanas.cargada(u"BrowPLUs"_s) && !enviarAlSalir(*this, catalogo_, motor_))
+    return true;
   deshacer_->olvidar();
-  if (!contexto().ventanas.cargada(u"BrowPLUs"_s)) enviarAlSalir(*this, catalogo_, motor_);
   return false;
 }
 

@@ -59,6 +59,7 @@ class BrowGrupos final : public ventanas::Ventana {
   void copiar();
   void borrar();
   void borrarSeccion(int seccion);
+  QStringList decirVentas(std::span<const Secciones::VentasDeGrupo> ventas) const;
   bool confirmarSeccion(int seccion, const QString& nombre, const Secciones::LoQueSeVa& va);
   Resultado<Vuelto> reponerSeccion(BorradoSeccion& ida);
   void borrarDepartamento(Nodo nodo);

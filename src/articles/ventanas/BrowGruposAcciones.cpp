@@ -4,6 +4,7 @@
 #include "articles/ventanas/BrowGrupos.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
@@ -52,6 +53,21 @@ void BrowGrupos::borrar() {
   en->departamento == 0 ? borrarSeccion(en->seccion) : borrarDepartamento(*en);
 }
 
+// The groups of which sales are lost, a line each: none if there are none.
+QStringList BrowGrupos::decirVentas(std::span<const Secciones::VentasDeGrupo> ventas) const {
+  constexpr size_t kNombrados = 12;
+  if (ventas.empty()) return {};
+  const Ajustes& a = contexto().ajustes;
+  const QString logo = a.MonedaLogo[static_cast<size_t>(a.MonedaPreferente != 0)].trimmed();
+  QStringList lineas{t(kTxBorraVentas)};
+  for (const auto& v : ventas.first(std::min(ventas.size(), kNombrados)))
+    lineas << contexto().textos(
+        kTxVentasDeGrupo,
+        {Ceros(v.grupo, 4), v.nombre, VerImporte(a, v.importe, a.MonedaPreferente), logo});
+  if (ventas.size() > kNombrados) lineas << t(kTxYMas).arg(ventas.size() - kNombrados);
+  return lineas;
+}
+
 // To delete a section that isn't empty, the user must type its number.
 bool BrowGrupos::confirmarSeccion(int seccion, const QString& nombre,
                                   const Secciones::LoQueSeVa& va) {
@@ -65,7 +81,7 @@ bool BrowGrupos::confirmarSeccion(int seccion, const QString& nombre,
         this, textos, lineas.join(u'\n'),
         ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente);
   lineas << textos(kTxBorraDemas, {va.maquinas, va.ofertas, va.existencias, va.historia})
-         << t(kTxEscribaNumero);
+         << decirVentas(va.ventas) << t(kTxEscribaNumero);
   const ventanas::Retenida mientras(this);
   QInputDialog caja(this);
   caja.setWindowTitle(windowTitle());

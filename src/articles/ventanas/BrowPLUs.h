@@ -3,6 +3,7 @@
 // can be restored.
 #pragma once
 
+#include "articles/FichaArticulo.h"
 #include "articles/Listas.h"
 #include "articles/Lotes.h"
 #include "articles/precios/ventanas/Puertas.h"
@@ -35,6 +36,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void RefrescoRemoto() { refrescar(); }
   // Stores the prices of the current article.
   Resultado<> CambioPrecios(const Precios& precios);
+  // The complete editor has saved an article, new if `antes` is: it can be taken back here.
+  void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora);
   void SaltoPagUp() { saltar(-1); }
   void SaltoPagDn() { saltar(1); }
 
@@ -78,7 +81,6 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Resultado<> ponerCodigo(qint64 fila, const QString& texto);
   Resultado<> ponerEntero(qint64 fila, const QString& texto, const QString& columna,
                           int Articulo::* campo, int mayor, int nombre);
-  QString queCambia(const Precios& antes, const Precios& ahora) const;
   void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
   void celdaEscrita(int columna);
   bool ordena(int columna) const;  // whether the list is sorted by that column
@@ -90,11 +92,13 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void calcular();
   void cambiarVarios();
   precios::Celda celdaActual() const;
+  Resultado<QString> nombrar(std::span<const ClaveArticulo> claves) const;
   void borrar();
   void trasladar(bool mover);
   void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
+  Resultado<bool> conformeConVolver(qint64 lote);
   Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   void mirarLotes();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);

@@ -181,13 +181,28 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
   });
 }
 
+// Code and name of the first ones, a line each, and how many more there are.
+Resultado<QString> BrowPLUs::nombrar(std::span<const ClaveArticulo> claves) const {
+  constexpr size_t kNombrados = 3;
+  QStringList lineas;
+  for (const ClaveArticulo& c : claves.first(std::min(claves.size(), kNombrados))) {
+    TARVO_TOMAR(const auto articulo, catalogo_.leer(c));
+    lineas << verCodigo(c.codigo) + u"  "_s + (articulo ? articulo->nombre : QString());
+  }
+  if (claves.size() > kNombrados) lineas << t(kTxYMas).arg(claves.size() - kNombrados);
+  return lineas.join(u'\n');
+}
+
 void BrowPLUs::borrar() {
   const auto claves = elegidos();
   if (claves.empty()) {
     if (ui_.Grid->filas() > 0) decirDuda(t(kTxIntocables));
     return;
   }
-  if (!MyMsgBox::Decide(this, contexto().textos, t(kTxBorrarPLUs, static_cast<int>(claves.size())),
+  const auto cuales = nombrar(claves);
+  if (!haIdoBien(cuales)) return;
+  const QString pregunta = t(kTxBorrarPLUs, static_cast<int>(claves.size())) + u'\n' + *cuales;
+  if (!MyMsgBox::Decide(this, contexto().textos, pregunta,
                         ventanas::kAceptoCancelo | ventanas::kExclamacion))
     return;
   const auto lote = lotes_.empezar(nombre());
@@ -248,8 +263,8 @@ bool BrowPLUs::cerrarHijos() {
 bool BrowPLUs::QueryUnload() {
   if (!cerrarHijos()) return true;
   trabajo().parar();
+  if (!enviarAlSalir(*this, catalogo_, motor_)) return true;
   deshacer_->olvidar();
-  enviarAlSalir(*this, catalogo_, motor_);
   return false;
 }
 

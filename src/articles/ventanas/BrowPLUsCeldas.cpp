@@ -12,20 +12,6 @@ namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
 
-// The first price that differs, by its name in the list, and its former value.
-QString BrowPLUs::queCambia(const Precios& antes, const Precios& ahora) const {
-  for (int i = 0; i < kNiveles * kTarifas; ++i) {
-    const auto nivel = static_cast<size_t>(i / kTarifas),
-               tarifa = static_cast<size_t>(i % kTarifas);
-    const qint64 era = antes[nivel][tarifa];
-    if (era != ahora[nivel][tarifa])
-      return t(ventanas::kTxCeldaDe)
-          .arg(t(i == 0 ? kTxPrecio : kTxOtrosPrecios + i - 1).trimmed(),
-               VerImporte(contexto().ajustes, era, contexto().ajustes.MonedaNativa));
-  }
-  return {};
-}
-
 Error BrowPLUs::incorrecto(int nombre) const {
   return {Fallo::Formato, 0, t(kTxValorIncorrecto) + u": "_s + t(nombre)};
 }
@@ -64,6 +50,24 @@ void BrowPLUs::apuntar(const QString& que, const Articulo& antes, const Articulo
   deshacer_->apuntar(que, volver, {.de = verCodigo(ahora.clave.codigo), .hay = [=, this] {
                                      return catalogo_.cambiadoDespues(antes, ahora);
                                    }});
+  habilitar();
+}
+
+void BrowPLUs::FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) {
+  const auto volver = [this, antes, ahora]() -> Resultado<Vuelto> {
+    const auto hecho = FichasArticulo(catalogo_).volver(antes, ahora, nombre());
+    if (!hecho) return std::unexpected(informe(*this, hecho.error()));
+    refrescarEn({antes.articulo.clave.seccion, antes.articulo.clave.codigo});
+    return Vuelto();
+  };
+  const QString cual = verCodigo(ahora.articulo.clave.codigo);
+  if (antes.nueva())
+    deshacer_->apuntar(t(kTxAltaDe).arg(cual), volver);
+  else
+    deshacer_->apuntar(t(kTxFichaDe).arg(cual), volver, {.de = cual, .hay = [=, this] {
+                                                           return catalogo_.cambiadoDespues(
+                                                               antes.articulo, ahora.articulo);
+                                                         }});
   habilitar();
 }
 
@@ -127,7 +131,7 @@ Resultado<> BrowPLUs::CambioPrecios(const Precios& precios) {
   if (!hecho) return std::unexpected(informe(*this, hecho.error()));
   Articulo ahora = *antes;
   ahora.precios = precios;
-  apuntar(queCambia(antes->precios, precios), *antes, ahora);
+  apuntar(precios_->queCambia(antes->precios, precios), *antes, ahora);
   ui_.Grid->modelo()->releer(ui_.Grid->filaActual());
   cambios_ = contexto().base.cambios();
   return {};

@@ -26,10 +26,15 @@ void BrowPLUs::anotarDeshacer(const QString& que, qint64 lote) {
   cambios_ = contexto().base.cambios();
 }
 
+// False if the user keeps a batch of which not all could be restored.
+Resultado<bool> BrowPLUs::conformeConVolver(qint64 lote) {
+  TARVO_TOMAR(const auto aviso, lotes_.avisoDeVuelta(lote));
+  return !aviso || MyMsgBox::Decide(this, contexto().textos, *aviso, kPregunta);
+}
+
 Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(LoteGuardado& lote, const QString& que) {
-  TARVO_TOMAR(const auto aviso, lotes_.avisoDeVuelta(lote.lote()));
-  if (aviso && !MyMsgBox::Decide(this, contexto().textos, *aviso, kPregunta))
-    return Vuelto{.queda = true};
+  TARVO_TOMAR(const bool conforme, conformeConVolver(lote.lote()));
+  if (!conforme) return Vuelto{.queda = true};
   const auto hecho = lotes_.deshacer(lote.lote(), nombre());
   refrescar();
   if (!hecho) return std::unexpected(hecho.error());
@@ -75,6 +80,8 @@ BrowPLUs::Vuelto BrowPLUs::resolverCortado(const Lotes::Lote& lote, const QStrin
 }
 
 void BrowPLUs::volverDeCortado(const Lotes::Lote& lote, const QString& que) {
+  const auto conforme = conformeConVolver(lote.numero);
+  if (!haIdoBien(conforme) || !*conforme) return;
   const auto vuelta = std::make_shared<Vuelta>(lotes_, lote.numero, lote.articulos, nombre());
   trabajando_ = true;
   habilitar();

@@ -75,21 +75,29 @@ Resultado<> guardar(Ajustes& ajustes, int valor) {
   return ajustes.GuardarConfig();
 }
 
-bool preguntar(ventanas::Ventana& quien) {
-  const auto r = quien.preguntar(PuertaQueHacemos{}).value_or(RespuestaEnvio());
-  if (r.noMas) quien.haIdoBien(guardar(quien.contexto().ajustes, r.si ? kSiempre : kNunca));
-  return r.si;
+// Whether to send; nothing if the user goes back.
+std::optional<bool> preguntar(ventanas::Ventana& quien) {
+  const auto r = quien.preguntar(PuertaQueHacemos{});
+  if (!r) return std::nullopt;
+  if (r->noMas) quien.haIdoBien(guardar(quien.contexto().ajustes, r->si ? kSiempre : kNunca));
+  return r->si;
 }
 
 }  // namespace
 
-void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor) {
+bool enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor) {
   const auto secciones = catalogo.seccionesQueDifieren();
-  if (!quien.haIdoBien(secciones)) return;
-  catalogo.cambios().olvidarSecciones();
+  if (!quien.haIdoBien(secciones)) return true;
   const int como = quien.contexto().ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos];
-  if (secciones->empty() || como == kNunca) return;
-  if (como == kSiempre || preguntar(quien)) enviar(quien, *secciones, motor);
+  bool si = como == kSiempre;
+  if (!secciones->empty() && como == kPreguntar) {
+    const auto respuesta = preguntar(quien);
+    if (!respuesta) return false;
+    si = *respuesta;
+  }
+  catalogo.cambios().olvidarSecciones();
+  if (si && !secciones->empty()) enviar(quien, *secciones, motor);
+  return true;
 }
 
 void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien) {

@@ -11,8 +11,9 @@ namespace tarvo::articles {
 
 // Depending on the second value of EnviarCambios, does nothing, asks, or sends. The list of changed
 // sections is cleared. The window of communications is closed after the transmission, which the
-// owner of `quien` then reports.
-void enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor);
+// owner of `quien` then reports. False if the user goes back to `quien` at the question: then
+// nothing has been done, and the window stays open.
+bool enviarAlSalir(ventanas::Ventana& quien, Catalogo& catalogo, motor::gestcomm& motor);
 
 // Adds the three choices of that value. A choice is written to the settings file at once.
 void montarMenuEnvio(QMenu& menu, ventanas::Ventana& quien);

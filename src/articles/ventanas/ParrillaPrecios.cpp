@@ -5,6 +5,8 @@
 #include "articles/Limites.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/dinero/Dinero.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 
 namespace tarvo::articles {
@@ -67,6 +69,19 @@ void ParrillaPrecios::poner(const Precios& precios) {
 
 void ParrillaPrecios::vaciar() {
   p_.vivas().poner(std::vector<ventanas::FilaViva>{});
+}
+
+QString ParrillaPrecios::queCambia(const Precios& antes, const Precios& ahora) const {
+  for (int i = 0; i < kNiveles * kTarifas; ++i) {
+    const auto nivel = static_cast<size_t>(i / kTarifas),
+               tarifa = static_cast<size_t>(i % kTarifas);
+    const qint64 era = antes[nivel][tarifa];
+    if (era != ahora[nivel][tarifa])
+      return v_.t(ventanas::kTxCeldaDe)
+          .arg(v_.t(i == 0 ? kTxPrecio : kTxOtrosPrecios + i - 1).trimmed(),
+               VerImporte(v_.contexto().ajustes, era, moneda_));
+  }
+  return {};
 }
 
 Resultado<> ParrillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {

@@ -19,6 +19,8 @@ class ParrillaPrecios {
   void vaciar();
   const Precios& precios() const { return precios_; }
   void ponerMoneda(int moneda);
+  // The first price that differs, by its name in the list of articles, and its former value.
+  QString queCambia(const Precios& antes, const Precios& ahora) const;
 
  private:
   Resultado<> escribir(int nivel, qint64 fila, const QString& texto);

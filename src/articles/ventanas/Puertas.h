@@ -46,7 +46,7 @@ struct PuertaEdIvaSeccs {
   int seccion = 1;
 };
 
-// Asks whether to send the changes now; `que` names them.
+// Asks whether to send the changes now; `que` names them. No answer: the user goes back.
 struct RespuestaEnvio {
   bool si = false, noMas = false;
 };

@@ -14,6 +14,7 @@ QueHacemos::QueHacemos(ventanas::Contexto& contexto, const QString& nombre)
   ui_.pregunta->setText(t(kTxEnviarAhora));
   connect(ui_.Si, &QPushButton::clicked, this, [this] { responder(true); });
   connect(ui_.No, &QPushButton::clicked, this, [this] { responder(false); });
+  connect(ui_.Cancelar, &QPushButton::clicked, this, &QueHacemos::rechazar);
 }
 
 Resultado<> QueHacemos::entrar(const PuertaQueHacemos& puerta) {

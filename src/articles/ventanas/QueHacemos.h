@@ -1,4 +1,5 @@
-// QueHacemos: asks whether to send the changes now.
+// QueHacemos: asks whether to send the changes now, before a window is closed; Cancelar goes back
+// to that window.
 #pragma once
 
 #include "articles/ventanas/Puertas.h"

@@ -57,10 +57,7 @@ void XEditPLU::montar() {
                        .cancelo = u"Salir"_s,
                        .textoAcepto = ventanas::kTxGuardar,
                        .textoCancelo = ventanas::kTxSalir});
-  precios_ = std::make_unique<ParrillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
-    r.articulo.precios = p;
-    return Resultado<>();
-  });
+  montarDeshacer();
   // On a low screen some tarifas are scrolled to.
   listaPrecios_->setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
   // Moves to the next tarifa, so that the next price typed doesn't replace this one.
@@ -76,6 +73,22 @@ void XEditPLU::montar() {
   listaHistoria_->ponerBusca(false);
   listaHistoria_->ponerVacia(t(kTxSinHistoria));
   montarStock();
+}
+
+// Cells are written at once, to the copy: Ctrl+Z takes them back until the form is closed.
+void XEditPLU::montarDeshacer() {
+  deshacer_ = new ventanas::Deshacer(*this);
+  precios_ = std::make_unique<ParrillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
+    const Precios era = std::exchange(r.articulo.precios, p);
+    if (era == p) return Resultado<>();
+    deshacer_->apuntar(precios_->queCambia(era, p), [this, era]() -> Resultado<Vuelto> {
+      r.articulo.precios = era;
+      precios_->poner(era);
+      return Vuelto();
+    });
+    return Resultado<>();
+  });
+  for (ventanas::Parrilla* p : {listaPrecios_, listaStock_}) deshacer_->seguirTandas(*p);
 }
 
 // Its name in messages, if that isn't its caption.
@@ -213,8 +226,8 @@ void XEditPLU::montarStock() {
                         .campoCada = u"cada"_s,
                         .ancho = 88,
                         .ordenable = false,
-                        .editar = [this, contador](qint64 almacen, const QString& texto) {
-                          return ponerContador(contador, almacen, texto);
+                        .editar = [this, titulo, contador](qint64 almacen, const QString& texto) {
+                          return ponerContador(titulo, contador, almacen, texto);
                         }});
   columnas.push_back({.titulo = kTxActual,
                       .campo = u"actual"_s,
@@ -255,6 +268,7 @@ Resultado<> XEditPLU::entrar(const PuertaXEditPLU& puerta) {
   padre_ = puerta.padre;
   cada_ = ficha.articulo.cada;
   TARVO_INTENTAR(editar(std::move(ficha)));
+  deshacer_->olvidar();
   precios_->poner(r.articulo.precios);
   pintarMoneda();
   pintarBarras();

@@ -4,6 +4,7 @@
 #include "articles/FichaArticulo.h"
 #include "articles/ventanas/ParrillaPrecios.h"
 #include "articles/ventanas/Puertas.h"
+#include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/edicion/Ficha.h"
 
 class QTabWidget;
@@ -18,6 +19,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
 
  private:
   using Campo = ventanas::Campo;
+  using Vuelto = ventanas::Deshacer::Vuelto;
 
   void montar();
   void montarCabeza(ventanas::Formulario f);
@@ -31,6 +33,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   ventanas::Modo medida(qint64& donde) const;
   Campo& llamar(Campo& campo, int nombre);
 
+  void montarDeshacer();
   void pintarStock();
   void pintarBarras();
   void pintarMoneda();
@@ -39,9 +42,12 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   // Reads the fields whose text depends on the currency or the unit; false, after reporting it, if
   // one is invalid.
   bool leerMedidas();
-  Resultado<> ponerContador(qint64 Existencia::* contador, qint64 almacen, const QString& texto);
+  // `titulo`: its name, a text.
+  Resultado<> ponerContador(int titulo, qint64 Existencia::* contador, qint64 almacen,
+                            const QString& texto);
   QString dudaDeBarras(const Articulo& articulo) const;
   void decirDudas();
+  void dejarDeshacer();
   Articulo comoSeVe() const;  // with the bar code as being typed
 
   std::vector<FaltaCampo> comprobar() override;
@@ -63,6 +69,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   QToolButton* botonMoneda_;
   QPushButton* corregir_;
   QLabel *control_, *dibujo_, *deque_, *unidadStock_;
+  ventanas::Deshacer* deshacer_;
   ventanas::Parrilla *listaPrecios_, *listaHistoria_, *listaStock_;
   QString padre_;
   int moneda_, cada_ = 0;  // as displayed

@@ -1,4 +1,5 @@
 // The updates of the editor while the user types, its checks, and how it stores the article.
+#include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -7,10 +8,12 @@
 
 #include "articles/CodigoBarras.h"
 #include "articles/TextosArticles.h"
+#include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "articles/ventanas/xEditPLU.h"
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Campo.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -82,12 +85,25 @@ void XEditPLU::pintarStock() {
     listaStock_->vista()->setCurrentIndex(listaStock_->modelo()->index(0, 1));
 }
 
-Resultado<> XEditPLU::ponerContador(qint64 Existencia::* contador, qint64 almacen,
+Resultado<> XEditPLU::ponerContador(int titulo, qint64 Existencia::* contador, qint64 almacen,
                                     const QString& texto) {
   TARVO_TOMAR(const auto n, leerCantidad(*this, texto, r.articulo.cada));
   const auto e = std::ranges::find(r.existencias, static_cast<int>(almacen), &Existencia::almacen);
-  if (e != r.existencias.end()) (*e).*contador = n;
-  pintarStock();
+  if (e == r.existencias.end() || (*e).*contador == n) return {};
+  const auto poner = [this, contador, almacen](qint64 cuanto) {
+    const auto suya =
+        std::ranges::find(r.existencias, static_cast<int>(almacen), &Existencia::almacen);
+    if (suya != r.existencias.end()) (*suya).*contador = cuanto;
+    pintarStock();
+  };
+  const qint64 era = (*e).*contador;
+  poner(n);
+  deshacer_->apuntar(
+      t(ventanas::kTxCeldaDe).arg(t(titulo).trimmed(), VerCantidad(era, r.articulo.cada)),
+      [poner, era]() -> Resultado<Vuelto> {
+        poner(era);
+        return Vuelto();
+      });
   return {};
 }
 
@@ -138,7 +154,10 @@ bool XEditPLU::eventFilter(QObject* objeto, QEvent* evento) {
 // Return goes on to the next field: it also ends each code that a bar code reader types.
 void XEditPLU::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
-  if (!intro || !qobject_cast<QLineEdit*>(focusWidget())) return FichaDe::keyPressEvent(evento);
+  const QWidget* foco = focusWidget();
+  const bool campo = qobject_cast<const QLineEdit*>(foco) || qobject_cast<const QComboBox*>(foco) ||
+                     qobject_cast<const QCheckBox*>(foco);
+  if (!intro || !campo) return FichaDe::keyPressEvent(evento);
   evento->accept();
   focusNextChild();
 }
@@ -194,8 +213,17 @@ Resultado<> XEditPLU::aplicar() {
 void XEditPLU::aplicada() {
   if (auto* lista = contexto().ventanas.recorrido(padre_))
     lista->refrescarEn({r.articulo.clave.seccion, r.articulo.clave.codigo});
+  dejarDeshacer();
   decirDudas();
   aceptar();
+}
+
+// The list from which it was opened can take back what was saved, as it is stored.
+void XEditPLU::dejarDeshacer() {
+  auto* lista = qobject_cast<BrowPLUs*>(contexto().ventanas.cargada(padre_));
+  if (!lista || antes() == r) return;
+  if (const auto guardada = fichas_.leer(r.articulo.clave); haIdoBien(guardada))
+    lista->FichaGuardada(antes(), *guardada);
 }
 
 // What was saved but should be checked: a new article without a price, a bar code entered here that

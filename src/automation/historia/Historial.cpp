@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kGrave = 1, kSinQueHacer = 2;  // GRAVE of EjecucionAvisos
+
 // "number:kind:first:last", or the number alone.
 PeriodoHecho periodoDe(QStringView texto) {
   const auto partes = texto.split(u':');
@@ -107,7 +109,10 @@ Resultado<> Historial::periodosHechos(qint64 numero, const std::vector<qint64>& 
 Resultado<> Historial::aviso(qint64 numero, const AvisoHecho& aviso) {
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO EjecucionAvisos (EJECUCION, GRUPO, TEXTO, GRAVE) VALUES (?, ?, ?, ?)", numero,
-      aviso.grupo, aviso.texto, aviso.grave));
+      aviso.grupo, aviso.texto,
+      aviso.sinQueHacer ? kSinQueHacer
+      : aviso.grave     ? kGrave
+                        : 0));
   return {};
 }
 
@@ -149,7 +154,9 @@ Resultado<std::vector<AvisoHecho>> Historial::avisos(qint64 numero) {
                     u"rowid",
                     numero),
       [](const dao::Recordset& rs) {
-        return AvisoHecho{static_cast<int>(rs.entero(0)), rs.texto(1), rs.logico(2)};
+        return AvisoHecho{static_cast<int>(rs.entero(0)), rs.texto(1),
+                          rs.logico(2) && rs.entero(2) != kSinQueHacer,
+                          rs.entero(2) == kSinQueHacer};
       });
 }
 

@@ -53,6 +53,9 @@ struct AvisoHecho {
   int grupo = 0;  // 0 for none
   QString texto;
   bool grave = true;
+  // A step had nothing to work on, as nothing was memorised: the result tells it, but it is no
+  // doubt.
+  bool sinQueHacer = false;
 };
 
 class Historial {

@@ -150,6 +150,8 @@ Intervalo leerIntervalo(Campos& f) {
   if (!final.isEmpty() && (!fecha || *fecha < desde.dia()))
     f.reparo(kTxFinalPasado, {final.toString()});
   const auto lleno = totals::LimitesPeriodo(tipo, desde, desde);
+  if (fecha && *fecha > lleno.hasta)
+    f.reparo(kTxFinalFuera, {final.toString(), lleno.hasta.corta()});
   return {tipo, lleno.desde, lleno.hasta};
 }
 

@@ -1,5 +1,8 @@
 #include "comm/cables/AjustesCables.h"
 
+#include <algorithm>
+#include <array>
+
 #include "core/ajustes/Sala.h"
 
 namespace tarvo::enlace {
@@ -11,15 +14,19 @@ using A = AjustesCables;
 constexpr int kSitioCanal = 400, kCanalACanal = 100;
 constexpr Limites kPuertosPropios{1, 16}, kDosBits{0, 3};
 constexpr qsizetype kCadenasModem = 8;
+// Those of serial ports; a port set to any other can't be opened, or speaks to nobody.
+constexpr std::array kVelocidades{
+    50,     75,     110,    134,    150,    200,     300,     600,     1200,    1800,   2400,
+    4800,   9600,   14400,  19200,  28800,  38400,   57600,   76800,   115200,  128000, 230400,
+    256000, 460800, 500000, 576000, 921600, 1000000, 1500000, 2000000, 3000000, 4000000};
 
 // A number that stands for no use of a channel changes nothing.
 bool leerUso(QStringView v, TipoAcceso& campo) {
-  int leido = 0;
-  const bool entero = ini::leer16(v, leido);
-  const auto uso = deNumero<TipoAcceso>(leido);
+  const auto numero = ini::numeroEntre(v, ini::kDe16);
+  const auto uso = numero ? deNumero<TipoAcceso>(*numero) : std::nullopt;
   if (!uso || *uso == TipoAcceso::Conector) return false;
   campo = *uso;
-  return entero;
+  return true;
 }
 
 QString verUso(TipoAcceso uso) {
@@ -28,22 +35,21 @@ QString verUso(TipoAcceso uso) {
 
 bool leerCadenas(const QString& v, QStringList& campo) {
   const QStringList todas = v.isEmpty() ? QStringList() : v.toUpper().split(u';');
-  campo = todas.mid(0, kCadenasModem);
-  return todas.size() <= kCadenasModem;
+  if (todas.size() > kCadenasModem) return false;
+  campo = todas;
+  return true;
 }
 
 // "9600,O,7,1": speed, parity, data bits, stop bits. One that isn't whole changes nothing.
 bool leerLinea(const QString& v, QString& campo) {
-  static constexpr Limites kBaudios{1, 4'000'000}, kBits{5, 8}, kParadas{1, 2};
+  static constexpr Limites kBits{5, 8}, kParadas{1, 2};
   const QString linea = v.toUpper();
-  const auto numero = [&linea](qsizetype i, Limites limites) {
-    const QStringView parte = ini::parte(linea, u',', i);
-    return ini::esEntero(parte) && limites.admite(ini::real(parte));
-  };
-  const QStringView paridad = ini::parte(linea, u',', 1);
-  const bool bien = linea.count(u',') == 3 && numero(0, kBaudios) && paridad.size() == 1 &&
-                    QStringView(u"EON").contains(paridad) && numero(2, kBits) &&
-                    numero(3, kParadas);
+  const auto partes = ini::partes(linea, u',');
+  if (partes.size() != 4) return false;
+  const auto baudios = ini::numeroEntre(partes[0], ini::kDe32);
+  const bool bien = baudios && std::ranges::find(kVelocidades, *baudios) != kVelocidades.end() &&
+                    partes[1].size() == 1 && QStringView(u"EON").contains(partes[1]) &&
+                    ini::numeroEntre(partes[2], kBits) && ini::numeroEntre(partes[3], kParadas);
   if (bien) campo = linea;
   return bien;
 }

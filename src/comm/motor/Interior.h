@@ -39,7 +39,7 @@ inline constexpr int kPulsosReintento = 3;
 // The rest, in ms, of an abandoned task before it is retried while nobody watches: the first time,
 // and at most.
 inline constexpr qint64 kDescansoMin = 30'000, kDescansoMax = 15 * 60'000;
-inline constexpr size_t kQuitadasMax = 100;  // removed tasks that can be put back
+inline constexpr size_t kQuitadasMax = 1000;  // removed tasks that can be put back
 inline constexpr int kCanalesFijos = 4;
 
 // How a group is reached: Remoto, and the number, host or name, compared regardless of case and

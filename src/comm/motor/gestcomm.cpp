@@ -103,7 +103,7 @@ Resultado<bool> gestcomm::LaSesion(int nuevo) {
     auto r = s.AbrirSesion();
     if (!r || !*r) return r;
   } else if (nuevo == 0) {
-    TARVO_INTENTAR(s.ponerEstado(0));
+    TARVO_INTENTAR(s.cerrarSinMemorizar());
   } else {
     return false;
   }

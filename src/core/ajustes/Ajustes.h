@@ -128,8 +128,9 @@ class Ajustes {
     QString linea, vale, clave;
   };
   std::vector<Duda> dudas;
-  // A refused value stays in the file as it was written, and is a doubt at each start, until the
-  // setting has another value or a person saves it as it is: then this forgets it, by its key.
+  // A value that wasn't understood whole stays in the file as it was written, and is a doubt at
+  // each start, until the setting has another value or a person saves it as it is: then this
+  // forgets it, by its key.
   void confirmar(const QString& clave);
   bool monedaLeida = false;            // MonedaNativa was in the file and readable
   void ponerMonedaNativa(int moneda);  // and what follows from it

@@ -1,6 +1,7 @@
 #include "core/ajustes/ClavesComunes.h"
 
 #include <QFileInfo>
+#include <algorithm>
 
 #include "core/ajustes/Sala.h"
 
@@ -44,26 +45,21 @@ bool leerCopia(Ajustes& a, int, const QString& v) {
   return true;
 }
 
-bool leerByte(QStringView v, int& campo) {
-  return ini::leerEntre(v, kUnByte, campo);
-}
-
 // The books are in the currency last used with the database, not in a guessed one.
 bool leerNativa(Ajustes& a, int, const QString& v) {
   int leida = a.MonedaNativa;
-  a.monedaLeida = leerByte(v, leida);
+  a.monedaLeida = ini::leerSiCabe(v, kUnByte, leida);
   if (a.monedaLeida) a.MonedaNativa = leida;
   return a.monedaLeida;
 }
 
+// The second may be missing.
 bool leerLogos(QStringView v, std::array<QString, 2>& logos) {
-  bool bien = v.count(u',') < static_cast<qsizetype>(logos.size());
-  for (size_t i = 0; i < logos.size(); ++i) {
-    const QStringView logo = ini::parte(v, u',', static_cast<qsizetype>(i));
-    logos[i] = logo.left(kLetrasLogo).toString();
-    bien &= logo.size() <= kLetrasLogo;
-  }
-  return bien;
+  const auto leidos = ini::partes(v, u',');
+  const auto largo = [](QStringView logo) { return logo.size() > kLetrasLogo; };
+  if (leidos.size() > logos.size() || std::ranges::any_of(leidos, largo)) return false;
+  logos = {leidos[0].toString(), leidos.size() > 1 ? leidos[1].toString() : QString()};
+  return true;
 }
 
 // Prices are divided by it.
@@ -90,11 +86,11 @@ std::vector<ClaveIni> clavesComunes() {
       clave<&Ajustes::WhoAmI, ini::leerLimitado<kUnByte>>(200, u"WhoAmI"),
       {900, u"MonedaNativa", leerNativa,
        [](const Ajustes& a, int, Idioma) { return ini::verEntero(a.MonedaNativa); }},
-      clave<&Ajustes::MonedaPreferente, leerByte>(901, u"MonedaPreferente"),
+      clave<&Ajustes::MonedaPreferente, ini::leerLimitado<kUnByte>>(901, u"MonedaPreferente"),
       clave<&Ajustes::MonedaLogo, leerLogos, verLogos>(902, u"MonedaLogo"),
       clave<&Ajustes::Euro, leerEuro, verEuro>(903, u"Euro"),
-      clave<&Ajustes::OpcionesStockCompras, ini::leerPar, ini::verPar>(908,
-                                                                       u"OpcionesStockCompras"),
+      clave<&Ajustes::OpcionesStockCompras, ini::leerPar<ini::kDe16>, ini::verPar>(
+          908, u"OpcionesStockCompras"),
       {1100, u"TextoEtiquetas",
        [](Ajustes& a, int n, const QString& v) {
          return ini::leerTexto(v, a.TextoEtiquetas[static_cast<size_t>(n)]);

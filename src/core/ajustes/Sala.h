@@ -27,7 +27,9 @@ template <class T>
 struct ClaveDe {
   int sitio;
   const char16_t* nombre;
-  // Takes what it can of the value, and returns false if that isn't all of it.
+  // Returns false for a value that it doesn't understand whole, which then stays in the file as it
+  // was written, and is named; the setting keeps its value, or takes the number with which it
+  // begins.
   bool (*leer)(T&, int indice, const QString& valor);
   QString (*escribir)(const T&, int indice, Idioma idioma);
   Limites indices = kSinIndice;                       // the numbers in brackets; a line for each

@@ -70,16 +70,17 @@ const ClaveIni* Ajustes::claveDe(const QString& clave, int indice) const {
 
 void Ajustes::leerLinea(const ini::Linea& linea, std::set<std::pair<QString, int>>& aceptadas) {
   const ClaveIni* clave = claveDe(linea.clave, linea.indice);
-  const QString antes = clave ? escrito(*clave, linea.indice) : QString();
-  const bool entera = clave && clave->leer(*this, linea.indice, linea.valor);
-  const QString despues = clave ? escrito(*clave, linea.indice) : QString();
   const std::pair donde{linea.clave, linea.indice};
-  // Of a value that was taken in part the rest is lost; of a repeated key the accepted line stays.
-  if (entera || despues != antes) {
+  const bool repetida = aceptadas.contains(donde);
+  const QString antes = repetida ? clave->escribir(*this, linea.indice) : QString();
+  const bool entera = clave && clave->leer(*this, linea.indice, linea.valor);
+  if (entera) {
     aceptadas.insert(donde);
     rechazados_.erase(donde);
-  } else if (clave && !aceptadas.contains(donde)) {
-    rechazados_[donde] = {.escrito = linea.valor, .vale = despues};
+  } else if (repetida) {
+    clave->leer(*this, linea.indice, antes);  // of a repeated key the accepted line stays
+  } else if (clave) {
+    rechazados_[donde] = {.escrito = linea.valor, .vale = escrito(*clave, linea.indice)};
   }
   if (!entera && dudas.size() < kDudas)
     dudas.push_back({linea.entera.left(kLargoDuda),

@@ -1,31 +1,22 @@
 #include "core/ajustes/ValorIni.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace tarvo::ini {
 
-bool leerEntre(QStringView v, Limites limites, int& campo) {
-  campo = entero(v, limites.menor, limites.mayor);
-  return esEntero(v) && limites.admite(real(v));
+bool leerSiCabe(QStringView v, Limites limites, int& campo) {
+  const bool hayNumero = !v.isEmpty() && (v.front().isDigit() || esEntero(v));
+  if (hayNumero && limites.admite(real(v))) campo = entero(v, limites.menor, limites.mayor);
+  return numeroEntre(v, limites).has_value();
 }
 
 bool leer16(QStringView v, int& campo) {
-  using Limite = std::numeric_limits<qint16>;
-  return leerEntre(v, {Limite::min(), Limite::max()}, campo);
+  return leerSiCabe(v, kDe16, campo);
 }
 
-bool leer32(QStringView v, int& campo) {
-  using Limite = std::numeric_limits<qint32>;
-  return leerEntre(v, {Limite::min(), Limite::max()}, campo);
-}
-
-bool leerSiCabe(QStringView v, Limites limites, int& campo) {
-  int leido = 0;
-  const bool bien = leerEntre(v, limites, leido);
-  const bool hayNumero = !v.isEmpty() && v.front().isDigit();
-  if (hayNumero && limites.admite(real(v))) campo = leido;
-  return bien;
+std::optional<int> numeroEntre(QStringView parte, Limites limites) {
+  if (!esEntero(parte) || !limites.admite(real(parte))) return std::nullopt;
+  return entero(parte, limites.menor, limites.mayor);
 }
 
 QString verEntero(int numero) {
@@ -45,8 +36,9 @@ bool leerLogico(QStringView v, bool& campo) {
     return std::ranges::any_of(palabras, [&](const auto* p) { return palabra == QStringView(p); });
   };
   const bool cierta = es({u"SÍ", u"SI", u"YES", u"TRUE", u"VERDADERO"});
+  if (!cierta && !es({u"NO", u"FALSE", u"FALSO"}) && !esReal(v)) return false;
   campo = cierta || real(v) != 0;
-  return cierta || es({u"NO", u"FALSE", u"FALSO"}) || esReal(v);
+  return true;
 }
 
 QString verLogico(bool b, Idioma idioma) {
@@ -88,18 +80,23 @@ QString verTexto(const QString& texto) {
   return texto;
 }
 
-bool leerPar(QStringView v, std::array<int, 2>& campo) {
-  const bool primero = leer16(parte(v, u'|', 0), campo[0]);
-  return leer16(parte(v, u'|', 1), campo[1]) && primero;
+std::vector<QStringView> partes(QStringView lista, QChar separador) {
+  std::vector<QStringView> todas;
+  for (const QStringView p : lista.split(separador)) todas.push_back(p.trimmed());
+  return todas;
+}
+
+bool leerParEntre(QStringView v, Limites limites, std::array<int, 2>& campo) {
+  const auto dos = partes(v, u'|');
+  if (dos.size() != 2) return false;
+  const auto primero = numeroEntre(dos[0], limites), segundo = numeroEntre(dos[1], limites);
+  if (!primero || !segundo) return false;
+  campo = {*primero, *segundo};
+  return true;
 }
 
 QString verPar(const std::array<int, 2>& campo) {
   return QStringLiteral("%1|%2").arg(campo[0]).arg(campo[1]);
-}
-
-QStringView parte(QStringView lista, QChar separador, qsizetype n) {
-  const auto partes = lista.split(separador);
-  return n < partes.size() ? partes[n].trimmed() : QStringView();
 }
 
 }  // namespace tarvo::ini

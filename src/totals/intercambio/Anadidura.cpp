@@ -6,6 +6,7 @@
 
 #include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
+#include "totals/intercambio/FinDeFichero.h"
 
 namespace tarvo::totals {
 
@@ -72,8 +73,13 @@ bool cortar(const Abierto& a) {
 }  // namespace
 
 Anadidura::Anadidura(dao::Database& db, const QString& ruta, Creciente fichero, qint64 antes,
-                     qint64 tope)
-    : db_(db), ruta_(ruta), fichero_(std::move(fichero)), antes_(antes), tope_(tope) {}
+                     qint64 tope, QByteArray cabeza)
+    : db_(db),
+      ruta_(ruta),
+      fichero_(std::move(fichero)),
+      antes_(antes),
+      tope_(tope),
+      cabeza_(std::move(cabeza)) {}
 
 Anadidura::~Anadidura() {
   if (!cuenta_) deshacer();
@@ -96,12 +102,12 @@ Resultado<> Anadidura::recuperar(dao::Database& db, const std::optional<QString>
 
 Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, const QString& ruta,
                                                          qint64 largo, QByteArray cabeza,
+                                                         const Ajustes& ajustes,
                                                          const Textos& textos) {
   TARVO_INTENTAR(recuperar(db, ruta));
   const bool habia = QFileInfo::exists(ruta);
   qint64 antes = -1;
   QString huella = hex(QCryptographicHash(QCryptographicHash::Sha256));
-  QByteArray cola("\n");
   if (habia) {
     TARVO_TOMAR(const auto f, Creciente::abrir(ruta, false));
     TARVO_TOMAR(const auto tamano, f.tamano());
@@ -109,16 +115,12 @@ Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, cons
     if (!esDeExportacion(ruta, principio))
       return fallo(Fallo::Formato, textos(kTxNoEsExportacion, {ruta}));
     TARVO_TOMAR(const auto v, vecindad(f, tamano));
-    if (tamano > 0) {
-      TARVO_TOMAR(const auto ultimo, f.leer(tamano - 1, 1));
-      cola = ultimo;
-    }
+    TARVO_TOMAR(const bool admite, admiteOtroBloque(db, ajustes, ruta));
+    if (!admite) return fallo(Fallo::Formato, textos(kTxExportacionCortada, {ruta}));
     antes = tamano;
     huella = v;
   }
-  const bool cortada = cola != "\n";  // its last line was cut off
-  const qint64 tope = std::max<qint64>(antes, 0) + largo + (cortada ? 2 : 0);
-  if (cortada) cabeza.prepend("\r\n");
+  const qint64 tope = std::max<qint64>(antes, 0) + largo;
   TARVO_INTENTAR(db.ejecutar(
       u"INSERT OR REPLACE INTO ExportesAbiertos (RUTA, ANTES, TOPE, VECINDAD, CABEZA) VALUES (?, "
       u"?, ?, ?, ?)",
@@ -128,9 +130,8 @@ Resultado<std::unique_ptr<Anadidura>> Anadidura::empezar(dao::Database& db, cons
     TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta));
     return std::unexpected(f.error());
   }
-  std::unique_ptr<Anadidura> nueva(new Anadidura(db, ruta, std::move(*f), antes, tope));
-  if (cortada) TARVO_INTENTAR(nueva->escribir("\r\n"));
-  return nueva;
+  return std::unique_ptr<Anadidura>(
+      new Anadidura(db, ruta, std::move(*f), antes, tope, std::move(cabeza)));
 }
 
 Resultado<> Anadidura::escribir(QByteArrayView bytes) {
@@ -155,7 +156,8 @@ Resultado<Anadidura::Sitio> Anadidura::asegurar() {
 
 Resultado<> Anadidura::contada() {
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesAbiertos WHERE RUTA=?", ruta_));
-  return {};
+  const qint64 desde = std::max<qint64>(antes_, 0);
+  return anotarFinal(db_, ruta_, desde, desde + escrito_, cabeza_);
 }
 
 // If this fails, the note stays, and the next export into the file or the next start cuts it back.

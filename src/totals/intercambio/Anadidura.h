@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 
+#include "core/ajustes/Ajustes.h"
 #include "core/ajustes/Creciente.h"
 #include "core/dao/Database.h"
 #include "core/textos/Textos.h"
@@ -16,10 +17,11 @@ namespace tarvo::totals {
 class Anadidura {
  public:
   // `largo` bytes are to come, the first of them `cabeza`. An Error when the file exists and is not
-  // an export of periods, or can't be written; it stays as it is. REQUIRES that no transaction is
-  // open.
+  // an export of periods, or doesn't end as one does, or can't be written; it stays as it is.
+  // REQUIRES that no transaction is open.
   static Resultado<std::unique_ptr<Anadidura>> empezar(dao::Database& db, const QString& ruta,
                                                        qint64 largo, QByteArray cabeza,
+                                                       const Ajustes& ajustes,
                                                        const Textos& textos);
   // Removes what was added, unless it was counted.
   ~Anadidura();
@@ -45,7 +47,7 @@ class Anadidura {
 
  private:
   Anadidura(dao::Database& db, const QString& ruta, ficheros::Creciente fichero, qint64 antes,
-            qint64 tope);
+            qint64 tope, QByteArray cabeza);
   Resultado<> volcar();
   void deshacer();
 
@@ -54,7 +56,7 @@ class Anadidura {
   ficheros::Creciente fichero_;
   qint64 antes_;  // -1: there was no file
   qint64 tope_, escrito_ = 0;
-  QByteArray espera_;
+  QByteArray cabeza_, espera_;
   QCryptographicHash huella_{QCryptographicHash::Sha256};
   bool cuenta_ = false;
 };

@@ -8,6 +8,7 @@
 #include "core/textos/Textos.h"
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Exportado.h"
+#include "totals/intercambio/FinDeFichero.h"
 #include "totals/intercambio/Lector.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/periodos/FilasTotales.h"
@@ -144,6 +145,8 @@ Resultado<std::unique_ptr<Importacion>> Importacion::abrir(ImpTot& motor, const 
   if (!f->open(QIODevice::ReadOnly))
     return fallo(QFileInfo::exists(ruta) ? Fallo::SinPermiso : Fallo::NoExiste,
                  motor.p_.textos()(kTxSinLeerHastaElFinal, {ruta, f->errorString()}));
+  TARVO_TOMAR(const bool cortado, faltaElFinal(motor.db_, ruta));
+  if (cortado) return fallo(Fallo::Formato, motor.p_.textos()(kTxImportarCortado, {ruta}));
   return std::make_unique<Importacion>(motor, std::move(f), NombreFichero(ruta));
 }
 

@@ -122,7 +122,7 @@ Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& p
     largo += suyo;
   }
   TARVO_TOMAR(const auto fichero,
-              Anadidura::empezar(db_, ruta, largo, cabeceraDe(periodos.front()), p_.textos()));
+              Anadidura::empezar(db_, ruta, largo, cabeceraDe(periodos.front()), a_, p_.textos()));
   for (const Columna& c : periodos)
     TARVO_INTENTAR(
         bloque(c, corto, [&](const QByteArray& bytes) { return fichero->escribir(bytes); }));
@@ -146,7 +146,7 @@ Resultado<> XporTot::recuperar() {
 Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   if (borrar)
-    for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
+    for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarEntregado(link));
   if (!marca.isEmpty())
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
   return t.confirmar();

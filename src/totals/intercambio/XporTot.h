@@ -22,12 +22,12 @@ class XporTot {
   explicit XporTot(Periodos& periodos);
 
   // Exports the periods in order into HomeDir/nombre (".EXP" added to a name without a dot), after
-  // what the file holds; a file that is not an export of periods (the database, a process) is an
-  // Error and stays as it is. False when the first period is missing. A value that doesn't fit its
-  // column stops the whole export with an Error naming the period and the row, and nothing is
-  // written. An export interrupted between the file and the database is recognised (table Exportes,
-  // by `marca`) and not written twice; `marca` empty: no such check. REQUIRES that no transaction
-  // is open: the note must be on disk before the file changes.
+  // what the file holds; a file that is not an export of periods (the database, a process), or
+  // whose end was cut off, is an Error and stays as it is. False when the first period is missing.
+  // A value that doesn't fit its column stops the whole export with an Error naming the period and
+  // the row, and nothing is written. An export interrupted between the file and the database is
+  // recognised (table Exportes, by `marca`) and not written twice; `marca` empty: no such check.
+  // REQUIRES that no transaction is open: the note must be on disk before the file changes.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
   // The bytes of one block, piece by piece: two header lines and the rows. An Error from `recibe`

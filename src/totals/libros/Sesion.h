@@ -67,6 +67,8 @@ class Sesion {
   // Records, in the current transaction, the groups with sales in the open session that are in no
   // period: the session is about to be closed without them.
   Resultado<> anotarOlvido();
+  // Closes the session in a transaction of its own, with that record if it holds sales.
+  Resultado<> cerrarSinMemorizar();
   // The amount of the group's sales in the inbox that are in no period, in minor units of the
   // stored money, from the kind that knows most: of the open session, or of one that was closed
   // without them. Nothing if there are none.

@@ -134,6 +134,21 @@ Resultado<> Sesion::anotarOlvido() {
   return olvidarConfirmadosDe(db_, sec);
 }
 
+Resultado<> Sesion::cerrarSinMemorizar() {
+  const Estado::Foto antes = d->foto();
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  const auto cerrar = [&]() -> Resultado<> {
+    if (d->abierta == 2) TARVO_INTENTAR(anotarOlvido());
+    TARVO_INTENTAR(ponerEstado(0));
+    return tr.confirmar();
+  };
+  if (const auto hecho = cerrar(); !hecho) {
+    d->volver(antes);
+    return std::unexpected(hecho.error());
+  }
+  return {};
+}
+
 Resultado<> Sesion::anunciarCero(int grupo, int addr, int conjunto) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());

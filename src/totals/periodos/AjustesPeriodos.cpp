@@ -1,5 +1,7 @@
 #include "totals/periodos/AjustesPeriodos.h"
 
+#include <algorithm>
+
 #include "core/ajustes/Sala.h"
 
 namespace tarvo::totals {
@@ -9,12 +11,17 @@ namespace {
 constexpr qsizetype kPeriodosMax = 10000;  // of ÚltimosPeriodos
 
 bool leerPeriodos(const QString& v, std::vector<int>& periodos) {
-  const auto partes = QStringView(v).split(u'|', Qt::SkipEmptyParts).mid(0, kPeriodosMax);
-  periodos.clear();
-  periodos.reserve(static_cast<size_t>(partes.size()));
-  bool bien = true;
-  for (const QStringView p : partes) bien &= ini::leer32(p, periodos.emplace_back());
-  return bien;
+  const auto partes = QStringView(v).split(u'|', Qt::SkipEmptyParts);
+  if (partes.size() > kPeriodosMax) return false;
+  std::vector<int> leidos;
+  leidos.reserve(static_cast<size_t>(partes.size()));
+  for (const QStringView p : partes) {
+    const auto periodo = ini::numeroEntre(p, ini::kDe32);
+    if (!periodo) return false;
+    leidos.push_back(*periodo);
+  }
+  periodos = std::move(leidos);
+  return true;
 }
 
 QString verPeriodos(const std::vector<int>& periodos) {
@@ -24,13 +31,11 @@ QString verPeriodos(const std::vector<int>& periodos) {
 }
 
 bool leerFestivos(const QString& v, std::array<bool, 7>& festivos) {
-  bool bien = true;
-  for (size_t i = 0; i < festivos.size(); ++i) {
-    const QStringView dia = ini::parte(v, u',', static_cast<qsizetype>(i));
-    festivos[i] = ini::real(dia) != 0;
-    bien &= ini::esReal(dia);
-  }
-  return bien;
+  const auto dias = ini::partes(v, u',');
+  if (dias.size() != festivos.size() || !std::ranges::all_of(dias, ini::esReal)) return false;
+  std::ranges::transform(dias, festivos.begin(),
+                         [](QStringView dia) { return ini::real(dia) != 0; });
+  return true;
 }
 
 QString verFestivos(const std::array<bool, 7>& festivos) {

@@ -9,9 +9,9 @@ using dao::conMarcas;
 
 namespace {
 
-constexpr const char16_t* kTablasPapelera[] = {u"PapeleraPer",      u"PapeleraFilas",
-                                               u"PapeleraOrig",     u"PapeleraSusti",
-                                               u"PapeleraTotSusti", u"PapeleraSuma"};
+constexpr const char16_t* kTablasPapelera[] = {
+    u"PapeleraPer",      u"PapeleraFilas", u"PapeleraOrig",  u"PapeleraSusti",
+    u"PapeleraTotSusti", u"PapeleraSuma",  u"PapeleraMarcas"};
 const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
@@ -61,6 +61,7 @@ Resultado<bool> Papelera::mover(qint64 lote, qint64 link, bool soloFilas) {
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   TARVO_INTENTAR(guardar(lote, *c, soloFilas));
+  TARVO_INTENTAR(p_.soltarAcumulados(c->periodo));
   TARVO_INTENTAR(soloFilas ? p_.VaciarPeriodo(link) : p_.BorrarPeriodo(link));
   TARVO_INTENTAR(t.confirmar());
   return true;
@@ -85,7 +86,49 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
                   u"WHERE LINK=?",
                   {{u"origen", kColumnasOrigen}}),
         lote, c.LINK));
+  TARVO_INTENTAR(guardarAcumulados(lote, c));
   return guardarSustituidos(lote, c);
+}
+
+// What the larger period holds loses its mark with it, and gets it back with it: as long as its
+// sales are the same.
+Resultado<> Papelera::guardarAcumulados(qint64 lote, const Columna& c) {
+  const Periodo& p = c.periodo;
+  if (p.tipo < kSemanal || p.tipo > kAnual) return {};
+  TARVO_TOMAR(
+      const auto dentro,
+      dao::reunir(
+          db_.consultar(
+              conMarcas(u"SELECT LINK FROM COLUMNA WHERE FECHA1>=? AND FECHAF<=? AND TIPO<>? AND "
+                        u"{marca}<>0 UNION SELECT LINK FROM PapeleraPer WHERE FECHA1>=? AND "
+                        u"FECHAF<=? AND TIPO<>? AND {marca}<>0",
+                        {{u"marca", marcaDe(p.tipo)}}),
+              p.desde, p.hasta, p.tipo, p.desde, p.hasta, p.tipo),
+          [](const dao::Recordset& fila) { return fila.entero(0); }));
+  for (const qint64 link : dentro) {
+    TARVO_TOMAR(const auto sumas, sumasDe(link));
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT INTO PapeleraMarcas (LOTE, LINK, DENTRO, SUMAS) VALUES (?, ?, ?, ?)",
+                     lote, c.LINK, link, sumas));
+  }
+  return {};
+}
+
+// Empty for a period that is deleted as well.
+Resultado<QString> Papelera::sumasDe(qint64 link) {
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (!c) return QString();
+  QStringList sumas;
+  for (const ClaseTotal& k : enVigor(a_))
+    TARVO_INTENTAR(dao::recorrer(
+        db_.consultar(conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) FROM "
+                                u"{tabla} WHERE LINK=?",
+                                {{u"tabla", NombreTabla(k.tipo)}}),
+                      link),
+        [&](const dao::Recordset& fila) {
+          for (int i = 0; i < 5; ++i) sumas << QString::number(fila.entero(i));
+        }));
+  return sumas.join(u' ');
 }
 
 // The record of replaced periods goes with the larger period that holds them.
@@ -116,6 +159,7 @@ Resultado<int> Papelera::restaurar(qint64 lote) {
     TARVO_INTENTAR(comprobarSitio(x.columna, x.soloFilas));
     TARVO_INTENTAR(reponer(lote, x.columna, x.soloFilas));
   }
+  for (const Tirado& x : tirados) TARVO_INTENTAR(reponerAcumulados(lote, x.columna));
   TARVO_INTENTAR(olvidar(lote));
   TARVO_INTENTAR(t.confirmar());
   return static_cast<int>(tirados.size());
@@ -180,6 +224,29 @@ Resultado<> Papelera::reponerSustituidos(qint64 lote, const Columna& c) {
                 u"WHERE LOTE=? AND LINK=?)",
                 {{u"marca", marcaDe(c.periodo.tipo)}}),
       lote, c.LINK));
+  return {};
+}
+
+Resultado<> Papelera::reponerAcumulados(qint64 lote, const Columna& c) {
+  TARVO_TOMAR(
+      const auto dentro,
+      dao::reunir(
+          db_.consultar(u"SELECT DENTRO, SUMAS FROM PapeleraMarcas WHERE LOTE=? AND LINK=?", lote,
+                        c.LINK),
+          [](const dao::Recordset& fila) { return std::pair(fila.entero(0), fila.texto(1)); }));
+  for (const auto& [link, sumas] : dentro) {
+    TARVO_TOMAR(const auto suyo, p_.columna(link));
+    TARVO_TOMAR(const auto ahora, sumasDe(link));
+    if (suyo && !sumas.isEmpty() && ahora != sumas)
+      return fallo(Fallo::Duplicado,
+                   p_.textos()(kTxRecuperarCambiado,
+                               {TextoPeriodo(c.periodo), TextoPeriodo(suyo->periodo)}));
+    for (const char16_t* tabla : {u"COLUMNA", u"PapeleraPer"})
+      TARVO_INTENTAR(db_.ejecutar(
+          conMarcas(u"UPDATE {tabla} SET {marca}=1 WHERE LINK=?",
+                    {{u"tabla", QString::fromUtf16(tabla)}, {u"marca", marcaDe(c.periodo.tipo)}}),
+          link));
+  }
   return {};
 }
 

@@ -22,7 +22,7 @@ class Papelera {
   // Moves only its rows; the period stays, with its marks.
   Resultado<bool> vaciar(qint64 lote, qint64 link);
   // Restores a whole batch, with its periods' numbers and marks. Returns how many. Duplicado, with
-  // nothing changed, when the place of one is taken.
+  // nothing changed, when the place of one is taken, or a period accumulated in one has changed.
   Resultado<int> restaurar(qint64 lote);
   // Permanently.
   Resultado<> vaciarla();
@@ -31,9 +31,12 @@ class Papelera {
   Resultado<bool> mover(qint64 lote, qint64 link, bool soloFilas);
   Resultado<> guardar(qint64 lote, const Columna& c, bool soloFilas);
   Resultado<> guardarSustituidos(qint64 lote, const Columna& c);
+  Resultado<> guardarAcumulados(qint64 lote, const Columna& c);
+  Resultado<QString> sumasDe(qint64 link);
   Resultado<> comprobarSitio(const Columna& c, bool soloFilas);
   Resultado<> reponer(qint64 lote, const Columna& c, bool soloFilas);
   Resultado<> reponerSustituidos(qint64 lote, const Columna& c);
+  Resultado<> reponerAcumulados(qint64 lote, const Columna& c);
   Resultado<> olvidar(qint64 lote);
 
   dao::Database& db_;

@@ -135,10 +135,34 @@ Resultado<> Periodos::BorrarPeriodo(qint64 link, std::optional<TipoTotal> clase)
   if (clase) {
     TARVO_INTENTAR(borrarFilas(link, clase));
   } else {
-    TARVO_INTENTAR(VaciarPeriodo(link));
-    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM COLUMNA WHERE LINK=?", link));
+    TARVO_TOMAR(const auto c, columna(link));
+    if (c) TARVO_INTENTAR(soltarAcumulados(c->periodo));
+    TARVO_INTENTAR(quitarPeriodo(link));
   }
   return t.confirmar();
+}
+
+Resultado<> Periodos::BorrarEntregado(qint64 link) {
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(quitarPeriodo(link));
+  return t.confirmar();
+}
+
+Resultado<> Periodos::quitarPeriodo(qint64 link) {
+  TARVO_INTENTAR(VaciarPeriodo(link));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM COLUMNA WHERE LINK=?", link));
+  return {};
+}
+
+Resultado<> Periodos::soltarAcumulados(const Periodo& mayor) {
+  if (mayor.tipo < kSemanal || mayor.tipo > kAnual) return {};
+  for (const QString& tabla : {QStringLiteral("COLUMNA"), QStringLiteral("PapeleraPer")})
+    TARVO_INTENTAR(db_.ejecutar(
+        dao::conMarcas(u"UPDATE {tabla} SET {marca}=0 WHERE FECHA1>=? AND FECHAF<=? AND TIPO<>? "
+                       u"AND {marca}<>0",
+                       {{u"tabla", tabla}, {u"marca", QStringLiteral("ACUM%1").arg(mayor.tipo)}}),
+        mayor.desde, mayor.hasta, mayor.tipo));
+  return {};
 }
 
 Resultado<bool> Periodos::BorrarPorFechas(int tipo, Fecha desde, Fecha hasta) {

@@ -45,8 +45,13 @@ class Periodos {
   // and those dates.
   Resultado<std::vector<Periodo>> saldriaDe(qint64 link, int tipo, Fecha desde, Fecha hasta);
   // Deletes the period and its rows. With a kind only the rows of that kind are deleted, and the
-  // period stays.
+  // period stays. What a deleted week, month or year held may be accumulated again.
   Resultado<> BorrarPeriodo(qint64 link, std::optional<TipoTotal> clase = {});
+  // Deletes a period whose sales are in a file: what it held stays accumulated, so that the file
+  // doesn't get it twice.
+  Resultado<> BorrarEntregado(qint64 link);
+  // Takes their mark off the periods accumulated in this one, deleted ones included.
+  Resultado<> soltarAcumulados(const Periodo& mayor);
   // Deletes all rows of the period; the period stays, with its marks.
   Resultado<> VaciarPeriodo(qint64 link);
   Resultado<bool> BorrarPorFechas(int tipo, Fecha desde, Fecha hasta);
@@ -103,6 +108,7 @@ class Periodos {
   Resultado<> borrarFilas(qint64 link, std::optional<TipoTotal> clase);
   Resultado<std::optional<qint64>> destinoDe(int tipo, const Periodo& origen);
   Resultado<bool> moverAcumulado(int tipo, const Columna& origen, int signo);
+  Resultado<> quitarPeriodo(qint64 link);
   Resultado<> recordar(const Columna& vieja);
   Resultado<std::vector<Sustituido>> sustituidos(const Periodo& p, const QString& marca);
   Resultado<> sacarSustituido(const Sustituido& s, int tipo);

@@ -41,6 +41,11 @@ CREATE TABLE IF NOT EXISTS ExportesAbiertos (
   RUTA TEXT PRIMARY KEY, ANTES INTEGER, TOPE INTEGER, VECINDAD TEXT, CABEZA TEXT);
 )");
 
+const QString kExportesFinales = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS ExportesFinales (
+  RUTA TEXT PRIMARY KEY, DESDE INTEGER, HASTA INTEGER, CABEZA TEXT);
+)");
+
 const QString kSumas = QStringLiteral(R"(
 CREATE TABLE IF NOT EXISTS Sumados (
   LINK INTEGER, LOTE INTEGER DEFAULT 0, TIPO INTEGER, FECHA1 DOUBLE PRECISION,
@@ -51,11 +56,19 @@ CREATE TABLE IF NOT EXISTS PapeleraSuma (
   CON INTEGER, PES INTEGER, [IMP] INTEGER, SCO INTEGER);
 )");
 
+const QString kMarcasTiradas = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS PapeleraMarcas (LOTE INTEGER, LINK INTEGER, DENTRO INTEGER, SUMAS TEXT);
+)");
+
 }  // namespace
 
 dao::TablasDeSala tablasTotales() {
   return {.sala = QStringLiteral("periodos"),
-          .pasos = {{1, kTablas}, {2, kExportesAbiertos}, {3, kSumas}},
+          .pasos = {{1, kTablas},
+                    {2, kExportesAbiertos},
+                    {3, kSumas},
+                    {4, kExportesFinales},
+                    {5, kMarcasTiradas}},
           .copias = {}};
 }
 

@@ -68,7 +68,10 @@ auto CerrSesVentana::mientras(int texto, F hacer) {
 Resultado<> CerrSesVentana::entrar(const PuertaCerrSes& puerta) {
   alSalir_ = puerta.alSalir;
   motor_.TodoAUno = motor_.OverWr = true;
-  return analizar();
+  TARVO_INTENTAR(analizar());
+  if (puerta.olvidar)
+    QMetaObject::invokeMethod(this, &CerrSesVentana::soloOlvidar, Qt::QueuedConnection);
+  return {};
 }
 
 // Reads the contents of the inbox. A session that claims to hold data but holds none is closed.
@@ -188,6 +191,12 @@ void CerrSesVentana::olvidar() {
   ui_.Recuperar->show();
   ui_.Recuperar->setFocus();
   empezarCuenta();
+}
+
+// Asked for elsewhere: unless it is done, the window isn't wanted either.
+void CerrSesVentana::soloOlvidar() {
+  if (s_.estado() == 2) olvidar();
+  if (s_.estado() == 2 && tira().estado() == ventanas::Estado::Ninguno) rechazar();
 }
 
 void CerrSesVentana::recuperar() {

@@ -26,6 +26,7 @@ class CerrSesVentana final : public ventanas::Ventana {
   void guardar();
   bool siguenSiendoLosMismos();
   void olvidar();
+  void soloOlvidar();
   void recuperar();
   void detalles();
   void empezarCuenta();

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMucho = 10000;
-constexpr int kParteLista = 5, kParteLado = 2;
+constexpr int kParteLista = 3, kParteLado = 1;
 
 }  // namespace
 

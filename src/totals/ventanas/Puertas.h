@@ -45,6 +45,7 @@ struct PuertaFormDetalles {
 struct PuertaCerrSes {
   static constexpr QStringView kNombre = u"CerrSes";
   bool alSalir = false;
+  bool olvidar = false;  // asks at once whether to forget it, and closes if not
   bool operator==(const PuertaCerrSes&) const = default;
 };
 

@@ -25,7 +25,9 @@ void XporTotVentana::montar() {
   ui_.fmtTarvo->setChecked(true);
   const QDir casa(contexto().ajustes.HomeDir);
   ui_.destino->addItems(casa.entryList({u"*.EXP"_s, u"*.exp"_s}, QDir::Files, QDir::Name));
-  ui_.destino->setCurrentText(QString());
+  // The name that a process gives to its file as well.
+  ui_.destino->setCurrentText(
+      u"EX%1.EXP"_s.arg(contexto().reloj.ahora().qdate().toString(u"yyMMdd"_s)));
   connect(ui_.XporYA, &QPushButton::clicked, this, [this] { exportar(false); });
   connect(ui_.TodosOK, &QPushButton::clicked, this, [this] { exportar(true); });
   connect(ui_.Cancelar, &QPushButton::clicked, this, &XporTotVentana::saltar);

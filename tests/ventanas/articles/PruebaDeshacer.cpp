@@ -165,6 +165,42 @@ TEST(DeshacerCeldas, UnaColumnaDePrecios) {
   }
 }
 
+// A column pasted over names is asked about before it is written; Cancelar is the default.
+TEST(DeshacerCeldas, PegarSobreNombresSePregunta) {
+  const QString nombres =
+      u"select NOMPLU from PLUSES where SECCION=1 and CODPLU in (10, 20) order by CODPLU"_s;
+  for (const bool si : {false, true}) {
+    MesaDeArticulos t;
+    auto& grid = t.lista(t.abrir(PuertaBrowPLUs{}));
+    grid.vista()->setFocus();
+    grid.vista()->setCurrentIndex(grid.modelo()->index(2, grid.modelo()->columna(u"NOMPLU")));
+    QApplication::clipboard()->setText(u"1,11\n2,22"_s);
+    t.alAbrirse([si](QWidget* w) {
+      si ? w->findChild<QPushButton*>(u"Acepto"_s)->click()
+         : QTest::keyClick(w->focusWidget(), Qt::Key_Return);
+    });
+    t.tecla(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(t.textoModal,
+              u"Va a escribir sobre 2 casillas de «Nombre» que ya tienen algo: la primera pasa de "
+              u"«Artículo 10» a «1,11». ¿Seguro?");
+    EXPECT_EQ(t.leer(nombres), si ? u"1,11 | 2,22" : u"Artículo 10 | Artículo 20");
+  }
+}
+
+// What a refused paste reported is over once another one was written.
+TEST(DeshacerCeldas, LoPegadoBienQuitaLoDicho) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowPLUs{});
+  auto& grid = t.lista(v);
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(2, grid.modelo()->columna(u"PRECIO_00")));
+  for (const bool bien : {false, true}) {
+    QApplication::clipboard()->setText(bien ? u"1,10\n2,20"_s : u"1,10\nmucho"_s);
+    t.tecla(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(v->tira().isHidden(), bien) << v->tira().texto().toStdString();
+  }
+}
+
 // The same in the prices beside the list: they show what is stored.
 TEST(DeshacerCeldas, UnaTarifaMalaNoDejaNinguna) {
   MesaDeArticulos t;
@@ -261,7 +297,10 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
   } casos[] = {{u"1,50", u""},
                {u"1,51", u"El precio pasa de 1,00 a 1,51, más de la mitad"},
                {u"0,50", u""},
-               {u"0,49", u"El precio pasa de 1,00 a 0,49"},
+               {u"0,49", u"El precio pasa de 1,00 a 0,49, 2 veces menos"},
+               {u"0,1", u"El precio pasa de 1,00 a 0,10, 10 veces menos"},
+               {u"2,50", u"El precio pasa de 1,00 a 2,50, 2,5 veces más"},
+               {u"299", u"El precio pasa de 1,00 a 299,00, 299 veces más"},
                {u"0", u"El precio era 1,00 y ahora es 0"},
                {u"12000", u"El precio 12.000,00 pasa de 9.999,99"}};
   for (const bool aLado : {false, true})
@@ -281,6 +320,27 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
         EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
             << v->tira().texto().toStdString();
       }
+    }
+}
+
+// An emptied price stays in its open cell with a reason, and what was stored stays.
+TEST(DeshacerCeldas, UnPrecioVacioNoSeEscribe) {
+  for (const auto& [lista, campo] : {std::pair{u"Grid", u"PRECIO_00"}, {u"GrdPre", u"P0"}})
+    for (const QString& texto : {QString(), u" "_s}) {
+      MesaDeArticulos t;
+      auto* v = t.abrir(PuertaBrowPLUs{});
+      auto& p = t.lista(v, lista);
+      if (p.filaActual() < 0) p.irA(0);
+      t.abrirCelda(p, QString::fromUtf16(campo));
+      t.tecla(Qt::Key_Delete);
+      t.escribir(texto);
+      t.tecla(Qt::Key_Return);
+      EXPECT_TRUE(p.editando());
+      EXPECT_TRUE(v->tira().texto().startsWith(u"El precio no puede quedar vacío"))
+          << v->tira().texto().toStdString();
+      t.tecla(Qt::Key_Escape);
+      EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"100");
+      EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0");
     }
 }
 
@@ -337,7 +397,9 @@ TEST(DeshacerArbol, LoNuevoSeQuitaEntero) {
       t.control<QTreeWidget>(v, u"Arbol")->setFocus();
       t.tecla(Qt::Key_Z, Qt::ControlModifier);
       EXPECT_EQ(t.leer(kNombres) == antes, !conCosas) << seccion;
-      EXPECT_TRUE(v->tira().texto().startsWith(conCosas ? u"Ya no está recién" : u"")) << seccion;
+      EXPECT_TRUE(conCosas ? v->tira().texto().startsWith(u"Ya no está recién")
+                           : v->tira().texto().endsWith(u" se ha quitado."))
+          << v->tira().texto().toStdString();
       EXPECT_FALSE(accion->isEnabled());
     }
 }

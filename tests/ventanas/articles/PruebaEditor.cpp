@@ -67,6 +67,90 @@ TEST(Editor, IntroPasaALaTarifaSiguiente) {
   EXPECT_EQ((precios.texto(0, u"P0") + u' ' + precios.texto(1, u"P0")).toStdString(), "2,45 2,40");
 }
 
+// Ctrl+Z takes back prices and counters, the last first, whatever the currency shown meanwhile.
+TEST(Editor, LasCeldasVuelven) {
+  MesaDeArticulos t;
+  t.almacen(1, u"Tienda"_s);
+  t.ajustes.Euro = 166.386F;
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  auto& precios = t.lista(v, u"GrdPre");
+  auto& stock = t.lista(v, u"GrdStk");
+  t.abrirCelda(precios, u"P0"_s);
+  for (const QChar c : u"1,75\r2,99\r"_s) {
+    c == u'\r' ? t.tecla(Qt::Key_Return) : t.escribir(c);
+    QCoreApplication::processEvents();
+  }
+  t.control<QTabWidget>(v, u"Fichas")->setCurrentIndex(2);
+  t.abrirCelda(stock, u"Inicial"_s);
+  t.escribir(u"5"_s);
+  t.tecla(Qt::Key_Return);
+  EXPECT_EQ(stock.texto(0, u"Inicial"), u"5,000");
+  QApplication::processEvents();
+  const auto deshacer = [&] {
+    stock.vista()->setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  };
+  deshacer();
+  EXPECT_EQ(stock.texto(0, u"Inicial"), u"0,000");
+  t.tecla(Qt::Key_M, Qt::ControlModifier);
+  deshacer();
+  EXPECT_EQ(v->tira().texto(), u"Deshecho: P. Base, tarifa 2, que era «0,00».");
+  t.tecla(Qt::Key_M, Qt::ControlModifier);
+  EXPECT_EQ((precios.texto(0, u"P0") + u' ' + precios.texto(1, u"P0")).toStdString(), "1,75 0,00");
+  deshacer();
+  EXPECT_EQ(precios.texto(0, u"P0"), u"1,00");
+  t.control<QPushButton>(v, u"Salir")->click();
+  EXPECT_FALSE(v->isVisible()) << "nothing has changed, so nothing is asked";
+}
+
+// What the editor saved is taken back in the list: fields, counters and code at once, a new article
+// as a whole; but not what another window changed meanwhile.
+TEST(Editor, LoGuardadoVuelveEnLaLista) {
+  const QString todo = u"select CODPLU, NOMPLU, PRECIO_00 from PLUSES where SECCION=1 order by 1"_s;
+  const QString stock = u"select CODIGO, Inicial from MovsAlm where Inicial<>0 order by 1"_s;
+  const struct {
+    qint64 codigo;
+    QString ajeno, dice;
+    bool vuelve;
+  } casos[] = {{10, {}, u"Deshecho: Cambios de la ficha de 0000011."_s, true},
+               {10, u"update MovsAlm set Inicial=1 where CODIGO=11"_s,
+                u"Otra ventana ha cambiado lo mismo después: se queda como está."_s, false},
+               {10, u"update PLUSES set NOMPLU='Otro' where SECCION=1 and CODPLU=11"_s,
+                u"Otra ventana ha cambiado lo mismo después: se queda como está."_s, false},
+               {0, {}, u"Deshecho: Alta de 0000011."_s, true},
+               {0, u"update PLUSES set FORMATO=2 where SECCION=1 and CODPLU=11"_s,
+                u"Otra ventana ha cambiado lo mismo después: se queda como está."_s, false}};
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    t.almacen(1, u"Tienda"_s);
+    t.existencias({.almacen = 1, .codigo = 10, .inicial = 500});
+    const QString antes = t.leer(todo);
+    auto* lista = t.abrir(PuertaBrowPLUs{});
+    auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = c.codigo, .padre = u"BrowPLUs"_s});
+    t.control(v, u"txCod")->setText(u"11"_s);
+    t.control(v, u"txNom")->setText(u"Níscalo"_s);
+    auto& contadores = t.lista(v, u"GrdStk");
+    t.control<QTabWidget>(v, u"Fichas")->setCurrentIndex(2);
+    t.abrirCelda(contadores, u"Inicial"_s);
+    t.escribir(u"7"_s);
+    t.tecla(Qt::Key_Return);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    ASSERT_FALSE(v->isVisible());
+    EXPECT_TRUE(t.leer(todo).contains(u"11 Níscalo"_s));
+    EXPECT_TRUE(t.leer(stock).contains(u"11 7000"_s)) << t.leer(stock).toStdString();
+    if (!c.ajeno.isEmpty()) t.sql(c.ajeno);
+    const QString guardado = t.leer(todo) + t.leer(stock);
+    lista->activateWindow();
+    ASSERT_TRUE(t.activa(lista));
+    t.lista(lista).vista()->setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(lista->tira().texto(), c.dice);
+    EXPECT_EQ((t.leer(todo) + t.leer(stock)).toStdString(),
+              (c.vuelve ? antes + u"10 500"_s : guardado).toStdString())
+        << c.codigo;
+  }
+}
+
 TEST(Editor, BarrasExistenciasYLoQueOtroCambio) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
@@ -163,13 +247,15 @@ TEST(Editor, PorTodasPartesConElTeclado) {
                {1, u"LstDep", Qt::Key_Tab, Qt::ControlModifier, u"stk", u""},
                {3, u"txTexto", Qt::Key_Tab, Qt::ControlModifier, u"pre", u""},
                {0, u"txNom", Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier, u"etq", u""},
-               {0, u"txHasta2", Qt::Key_R, Qt::AltModifier, u"pre", u"GrdPre"},
+               {0, u"txHasta2", Qt::Key_P, Qt::AltModifier, u"pre", u"GrdPre"},
                {0, u"txHasta2", Qt::Key_H, Qt::AltModifier, u"pre", u"historia"},
                {2, u"txCoste", Qt::Key_A, Qt::AltModifier, u"stk", u"GrdStk"},
                {0, u"txNom", Qt::Key_Q, Qt::AltModifier, u"etq", u""},
                {0, u"txNom", Qt::Key_B, Qt::AltModifier, u"otr", u""},
                {0, u"txNom", Qt::Key_L, Qt::AltModifier, u"stk", u""},
                {2, u"txNom", Qt::Key_E, Qt::AltModifier, u"pre", u""},
+               {0, u"LstCada", Qt::Key_Return, Qt::NoModifier, u"pre", u"Moneda"},
+               {0, u"chModificable", Qt::Key_Return, Qt::NoModifier, u"pre", u"historia"},
                {3, u"txTexto", Qt::Key_Tab, Qt::NoModifier, u"etq", u"Guardar"}};
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
@@ -287,6 +373,52 @@ TEST(Editor, LaHistoriaEnsenaElPrecioDeAhora) {
     ASSERT_FALSE(vista->isColumnHidden(c));
     EXPECT_LE(vista->columnViewportPosition(c) + vista->columnWidth(c), vista->viewport()->width());
   }
+}
+
+// A discount outside 0 to 100 % is refused with the form open, and never stored as 0.
+TEST(Editor, ElDescuentoFueraDeSuMargenNoSeGuarda) {
+  const struct {
+    const char16_t *texto, *queda;
+    bool vale;
+  } casos[] = {{u"101", u"500", false},  {u"-1", u"500", false},   {u"100,5", u"500", false},
+               {u"nada", u"500", false}, {u"100", u"10000", true}, {u"0", u"0", true},
+               {u"12,25", u"1225", true}};
+  for (const auto& c : casos) {
+    MesaDeArticulos t;
+    t.sql(u"update PLUSES set DESCTO=500 where SECCION=1 and CODPLU=10"_s);
+    QPointer<ventanas::Ventana> v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+    t.control(v, u"txDescto")->setText(QString::fromUtf16(c.texto));
+    if (!c.vale) t.responder(u"Acepto"_s);
+    t.control<QPushButton>(v, u"Guardar")->click();
+    QApplication::processEvents();
+    EXPECT_EQ(v && v->isVisible(), !c.vale) << QString::fromUtf16(c.texto).toStdString();
+    EXPECT_EQ(t.leer(u"select DESCTO from PLUSES where SECCION=1 and CODPLU=10"_s),
+              QString::fromUtf16(c.queda));
+  }
+}
+
+// The history names where a price was changed as a person knows the window, never by its inside
+// name; a file keeps its own.
+TEST(Editor, LaHistoriaDiceDesdeDonde) {
+  MesaDeArticulos t;
+  int precio = 900;
+  const QStringList desde{u"BrowPLUs"_s, u"xEditPLU"_s,   u"CalcPre"_s, u"FastAlta"_s,
+                          u"FastModf"_s, u"EntNmSc"_s,    u"ImpPLU"_s,  u"CambioLote"_s,
+                          u"ImpTabla"_s, u"BrowGrupos"_s, u"MainTvc"_s, u"julio.csv"_s};
+  for (const QString& ventana : desde) {
+    Articulo ahora = *bien(t.catalogo.leer({1, 10}));
+    ahora.precios[0][0] = ++precio;
+    bien(t.catalogo.modificar({1, 10}, ahora, ventana));
+  }
+  auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = 10});
+  auto& p = t.lista(v, u"historia");
+  ASSERT_EQ(p.filas(), desde.size());
+  QStringList dichas;
+  for (int f = 0; f < p.filas(); ++f) dichas << p.texto(f, u"VENTANA");
+  for (const QString& ventana : desde.mid(0, desde.size() - 1))
+    EXPECT_FALSE(dichas.contains(ventana)) << ventana.toStdString();
+  EXPECT_TRUE(dichas.contains(desde.back()));
+  EXPECT_EQ(QSet<QString>(dichas.begin(), dichas.end()).size(), desde.size());
 }
 
 }  // namespace tarvo::prueba

@@ -104,6 +104,42 @@ TEST(ListaArticulos, EnviarAlSalir) {
   }
 }
 
+// Escape or Cancelar at that question goes back to the list, or to the tree, with what can be
+// undone there; nothing is stored or sent, and the next closing asks again.
+TEST(ListaArticulos, AlPreguntarSePuedeVolver) {
+  for (const bool escape : {true, false}) {
+    MesaDeArticulos t;
+    auto* arbol = t.abrir(PuertaBrowGrupos{});
+    auto* v = t.abrir(PuertaBrowPLUs{.seccion = 1});
+    t.abrirCelda(t.lista(v), u"PRECIO_00"_s);
+    t.escribir(u"1,20"_s);
+    t.tecla(Qt::Key_Return);
+    for (const bool segunda : {false, true}) {
+      bool preguntado = false;
+      t.alAbrirse([&](QWidget* w) {
+        preguntado = true;
+        t.control<QCheckBox>(w, u"NoMas")->setChecked(true);
+        if (escape)
+          QTest::keyClick(w, Qt::Key_Escape);
+        else
+          t.control<QPushButton>(w, u"Cancelar")->click();
+      });
+      EXPECT_FALSE(v->descargar());
+      EXPECT_TRUE(preguntado) << segunda;
+    }
+    EXPECT_EQ(t.ajustes.de<AjustesArticulos>().EnviarCambios[1], 1);
+    EXPECT_TRUE(t.gestor->tareas().empty());
+    v->findChild<QAction*>(u"Deshacer"_s)->trigger();
+    EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"100");
+    EXPECT_TRUE(v->descargar());
+
+    bien(t.catalogo.ponerPrecios({1, 10}, Precios{}, u"BrowPLUs"_s));
+    t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+    EXPECT_FALSE(arbol->descargar());
+    EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
+  }
+}
+
 // What was undone isn't asked about: a price, deleted articles, a copied and a batch of them.
 TEST(ListaArticulos, LoDeshechoNoSePregunta) {
   const std::pair<const char*, std::function<void(MesaDeArticulos&)>> casos[] = {

@@ -184,7 +184,9 @@ TEST(Trabajos, BorrarYDeshacer) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 2; }));
-  EXPECT_EQ(t.textoModal, u"Va a borrar 10 registro/s de PLU: ¿SEGURO?");
+  EXPECT_EQ(t.textoModal,
+            u"Va a borrar 10 registro/s de PLU: ¿SEGURO?\n0000010  Artículo 10\n0000020  Artículo "
+            u"20\n0000030  Artículo 30\ny 7 más");
   EXPECT_EQ(v->tira().texto(), u"10 artículos borrados. Ctrl+Z lo deshace.");
   EXPECT_EQ(t.leer(u"select count(*) from [Cross] where borra<>0"_s), u"20")
       << "groups of kinds 1 and 4";
@@ -202,6 +204,7 @@ TEST(Trabajos, BorrarYDeshacer) {
   t.tecla(Qt::Key_Delete);
   ASSERT_TRUE(esperar([&] { return grid.filas() == 11; }));
   EXPECT_EQ(t.enMano(grid), 30);
+  EXPECT_EQ(t.textoModal, u"Va a borrar 1 registro/s de PLU: ¿SEGURO?\n0000020  Artículo 20");
 }
 
 TEST(Trabajos, CopiarMoverYDeshacer) {
@@ -282,7 +285,14 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
             u"1 Fruta 3 | 2 Verdura 3");
   EXPECT_EQ(t.leer(u"select count(*) from HistoriaPrecios"_s), u"0") << "nobody set a price";
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=1"_s), u"12");
-  // Deleting a whole section asks, with its counts; "No" keeps everything.
+  t.catalogo.cambios().guardaPorGrupo({[](int) { return Resultado<>(); },
+                                       {},
+                                       [](int grupo) -> Resultado<std::optional<qint64>> {
+                                         return grupo == 2 ? std::optional<qint64>(1250)
+                                                           : std::nullopt;
+                                       }});
+  // Deleting a whole section asks, with its counts and the sales that are nowhere else; "No" keeps
+  // everything.
   arbol->setCurrentItem(arbol->topLevelItem(0));
   QString dicho;
   const auto escribirNumero = [&](const QString& numero) {
@@ -298,11 +308,12 @@ TEST(Trabajos, UnDepartamentoBorradoYRepuesto) {
     t.tecla(Qt::Key_Delete);
   };
   escribirNumero({});  // as with Return alone
-  EXPECT_EQ(dicho,
-            u"Va a borrar una sección completa....\nSección 001  SECCIÓN ÚNICA\nBorrará también "
-            u"PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: "
-            u"máquinas, 0; ofertas, 0; artículos con existencias, 0; cambios de precio "
-            u"guardados, 0.\nPara borrarla, escriba el número de la sección:");
+  EXPECT_EQ(dicho.toStdString(),
+            "Va a borrar una sección completa....\nSección 001  SECCIÓN ÚNICA\nBorrará también "
+            "PLUs:  10\nBorrará también Deptos. :  2\nBorrará también Grupos :  4\nAdemás: "
+            "máquinas, 0; ofertas, 0; artículos con existencias, 0; cambios de precio "
+            "guardados, 0.\nY con sus grupos se van ventas que no están en ningún periodo, sólo en "
+            "la bandeja:\n0002 G: 12,50 Eur\nPara borrarla, escriba el número de la sección:");
   escribirNumero(u"2"_s);
   EXPECT_EQ(t.leer(u"select count(*) from SECCS"_s), u"2");
   // The right number deletes it, after a backup of the database; undo restores all of it.
@@ -344,6 +355,37 @@ TEST(Trabajos, LoQueSeCortoSeDiceYSeResuelve) {
     EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
               deshacer ? u"100" : u"1");
     EXPECT_EQ(amedias(), deshacer ? u"" : u"1");
+  }
+}
+
+// What would stay as it is, because somebody changed it since, is named before a cut off operation
+// is undone.
+TEST(Trabajos, LoQueNoVolveriaDeLoCortadoSeDiceAntes) {
+  for (const bool sigue : {false, true}) {
+    MesaDeArticulos t;
+    articles::Lotes lotes(t.catalogo);
+    const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+    for (const qint64 n : {10, 20}) {
+      bien(lotes.guardar(lote, {1, n}));
+      t.sql(u"update PLUSES set PRECIO_00=1 where SECCION=1 and CODPLU=%1"_s.arg(n));
+      bien(lotes.anotar(lote, {1, n}));
+    }
+    t.sql(u"update PLUSES set PRECIO_00=777 where SECCION=1 and CODPLU=20"_s);
+    auto* v = t.abrir(PuertaBrowPLUs{.seccion = 1});
+    QString aviso;
+    t.alAbrirse([&](QWidget* w) {
+      t.alAbrirse([&](QWidget* segunda) {
+        aviso = t.textoModal;
+        t.control<QPushButton>(segunda, sigue ? u"Acepto" : u"Cancelo")->click();
+      });
+      t.control<QPushButton>(w, u"Acepto")->click();
+    });
+    t.lista(v).setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_TRUE(esperar([&] { return !v->trabajo().enMarcha(); }));
+    EXPECT_TRUE(aviso.contains(u"001 0000020"_s)) << aviso.toStdString();
+    EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU in (10, 20)"_s),
+              sigue ? u"100 | 777" : u"1 | 777");
   }
 }
 

@@ -11,10 +11,9 @@ using simulador::Averia;
 
 struct CapturasComm : MesaDeComm {
   void capturar(const QString& marca) {
-    const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
-    const QString carpeta = fuera.isEmpty() ? carpeta_.filePath(u"png"_s) : fuera;
-    const QStringList faltas =
-        capturas::capturar(escritorio, {.carpeta = carpeta, .marca = marca, .solo = {}});
+    const QStringList faltas = capturas::capturar(
+        escritorio,
+        {.carpeta = qEnvironmentVariable("TARVO_CAPTURAS"), .marca = marca, .solo = {}});
     EXPECT_EQ(faltas.join(u'\n').toStdString(), "");
   }
 };

@@ -352,6 +352,26 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   EXPECT_EQ(gestor->CuantosQuedan().total, 1);
 }
 
+namespace {
+
+// Notes how it is opened, and is closed without an answer.
+class CerrSesCallada final : public ventanas::Ventana {
+ public:
+  CerrSesCallada(ventanas::Contexto& c, const QString& n,
+                 std::vector<totals::PuertaCerrSes>& puertas)
+      : Ventana(c, n), puertas_(puertas) {}
+  Resultado<> entrar(const totals::PuertaCerrSes& puerta) {
+    puertas_.push_back(puerta);
+    QTimer::singleShot(0, this, [this] { rechazar(); });
+    return {};
+  }
+
+ private:
+  std::vector<totals::PuertaCerrSes>& puertas_;
+};
+
+}  // namespace
+
 TEST_F(Gestcomm, LasSesiones) {
   dosGrupos();
   abrir(u"gestcomm"_s);
@@ -364,41 +384,29 @@ TEST_F(Gestcomm, LasSesiones) {
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
   pasar(200);
   // The picture opens the closing of the session by a double click, not by an accidental single
-  // one.
-  escritorio.ventanas().registrar(u"CerrSes"_s, [](ventanas::Contexto& c, const QString& n) {
-    return new ventanas::Ventana(c, n);
-  });
+  // one. To forget what was received is asked for there as well, where it can be brought back.
+  std::vector<totals::PuertaCerrSes> puertas;
+  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas);
   auto* llena = control<QToolButton>(u"ImgLlena"_s);
   QTest::mouseClick(llena, Qt::LeftButton);
   EXPECT_EQ(abiertas.back(), u"gestcomm");
   QTest::mouseDClick(llena, Qt::LeftButton);
   EXPECT_EQ(abiertas.back(), u"CerrSes");
-  escritorio.ventanas().descargar(u"CerrSes"_s);
-  const auto olvidar = [&] { accion(u"MnCanSs"_s)->trigger(); };
-  EXPECT_EQ(caja(olvidar, u"Cancelo"_s), u"Los datos recibidos serán DEFINITIVAMENTE olvidados");
+  pasar(200);
+  accion(u"MnCanSs"_s)->trigger();
+  EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{}, {.olvidar = true}}));
   EXPECT_EQ(sesion->estado(), 2);
-  caja(olvidar);
-  EXPECT_EQ(sesion->estado(), 0);
 }
 
-namespace {
-
-// Notes how it is opened, and is closed without an answer.
-class CerrSesCallada final : public ventanas::Ventana {
- public:
-  CerrSesCallada(ventanas::Contexto& c, const QString& n, std::vector<bool>& alSalir)
-      : Ventana(c, n), alSalir_(alSalir) {}
-  Resultado<> entrar(const totals::PuertaCerrSes& puerta) {
-    alSalir_.push_back(puerta.alSalir);
-    QTimer::singleShot(0, this, [this] { rechazar(); });
-    return {};
-  }
-
- private:
-  std::vector<bool>& alSalir_;
-};
-
-}  // namespace
+// Sales that are forgotten are no more in any period than before: their group isn't zeroed for it.
+TEST_F(Gestcomm, LaSesionCerradaSinMemorizarDejaConstancia) {
+  dosGrupos();
+  encolar(1, 17);
+  ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
+  ASSERT_TRUE(bien(gestor->LaSesion(0)));
+  EXPECT_EQ(sesion->estado(), 0);
+  EXPECT_EQ(bien(sesion->sinPeriodo(1)), 500);
+}
 
 // The inbox is asked about before the window goes, in the way in which Return memorises nothing.
 TEST_F(Gestcomm, AlCerrarPreguntaPorLaBandejaSinMemorizarPorIntro) {
@@ -407,10 +415,10 @@ TEST_F(Gestcomm, AlCerrarPreguntaPorLaBandejaSinMemorizarPorIntro) {
   encolar(1, 17);
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
   pasar(200);
-  std::vector<bool> alSalir;
-  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(alSalir);
+  std::vector<totals::PuertaCerrSes> puertas;
+  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas);
   EXPECT_TRUE(escritorio.ventanas().descargar(u"gestcomm"_s));
-  EXPECT_EQ(alSalir, std::vector{true});
+  EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{.alSalir = true}}));
   EXPECT_EQ(sesion->estado(), 2);
 }
 

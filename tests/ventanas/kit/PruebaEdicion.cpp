@@ -1,4 +1,5 @@
 // Editing the cells of a list with keys and clicks.
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -28,6 +29,7 @@ struct Hoja : Mesa {
     QObject::connect(&p, &Parrilla::activada, &p, [this] { ++activadas; });
     QObject::connect(&p, &Parrilla::resuelto, &p, [this] { dicho.clear(); });
     QObject::connect(&p, &Parrilla::escrita, &p, [this](int fila) { escrita = fila; });
+    QObject::connect(&p, &Parrilla::pista, &p, [this](const QString& texto) { pista = texto; });
     p.show();
     p.activateWindow();
     EXPECT_TRUE(esperar([this] { return p.isActiveWindow(); }));
@@ -53,7 +55,12 @@ struct Hoja : Mesa {
   }
   QString celda(int fila, const QString& campo) { return p.texto(fila, campo); }
 
-  QString dicho;
+  QString rotulo() {
+    const auto* r = p.findChild<QLabel*>(u"tecleado"_s);
+    return r->isVisible() ? r->text() : QString();
+  }
+
+  QString dicho, pista;
   Parrilla p;
   int activadas = 0, escrita = -1;
 };
@@ -151,6 +158,46 @@ TEST(Edicion, NingunaCeldaTomaOtroNumero) {
     EXPECT_EQ(llegado, c.dicho ? u"nada"_s : texto);
     EXPECT_EQ(h.dicho, QString::fromUtf16(c.dicho ? c.dicho : u"")) << texto.toStdString();
     EXPECT_EQ(h.campo() != nullptr, c.dicho != nullptr) << texto.toStdString();
+  }
+}
+
+// What is typed on a cell that can't be written is searched in its column, which is shown. Where it
+// isn't found either, that is said, and the Return after it opens no row: another one was meant.
+TEST(Edicion, LoTecleadoDondeNoSeEscribeSeDice) {
+  const struct {
+    const char16_t *campo, *texto, *rotulo, *pista, *codigo;
+  } casos[] = {
+      {u"CODIGO", u"12", u"«Código»: lo primero que empieza por «12»", u"", u"0000012"},
+      {u"CODIGO", u"77", u"«Código»: ninguna fila empieza por «77»",
+       u"La columna «Código» no se escribe en la lista: lo que ha tecleado no ha cambiado nada.",
+       nullptr},
+      {u"FECHA", u"x", u"«Fecha»: ninguna fila empieza por «x»",
+       u"La columna «Fecha» no se escribe en la lista: lo que ha tecleado no ha cambiado nada.",
+       nullptr},
+      {u"IMPORTE", u"x", u"", u"«x» no vale en «Importe»: no ha cambiado nada.", nullptr},
+  };
+  for (const auto& c : casos) {
+    Hoja h;
+    h.irA(2, QString::fromUtf16(c.campo));
+    QTest::keyClicks(h.p.vista(), QString::fromUtf16(c.texto));
+    EXPECT_EQ(h.campo(), nullptr);
+    // An editable cell is opened by it.
+    if (QString::fromUtf16(c.campo) != u"IMPORTE") h.tecla(Qt::Key_Return);
+    ASSERT_TRUE(esperar([&] { return !h.p.trabajando(); }));
+    EXPECT_EQ(h.rotulo(), QString::fromUtf16(c.rotulo));
+    EXPECT_EQ(h.pista, QString::fromUtf16(c.pista));
+    EXPECT_EQ(h.activadas, c.codigo ? 1 : 0);
+    if (c.codigo) {
+      EXPECT_EQ(h.celda(h.p.filaActual(), u"CODIGO"_s), QString::fromUtf16(c.codigo));
+      continue;
+    }
+    EXPECT_EQ(h.p.filaActual(), 2);
+    // What is done next is done, and takes the hint away.
+    h.irA(2, u"NOMBRE"_s);
+    h.tecla(Qt::Key_F2);
+    EXPECT_NE(h.campo(), nullptr);
+    EXPECT_EQ(h.pista, u"");
+    EXPECT_EQ(h.rotulo(), u"");
   }
 }
 

@@ -276,6 +276,42 @@ TEST(VentanaOfertas, LosPreciosSeDeshacen) {
   }
 }
 
+// An emptied price stays in its open cell; a date that can't be read leaves the filter as it was,
+// its field marked until it is right.
+TEST(VentanaOfertas, LoQueNoValeNoCambiaNada) {
+  MesaDePrecios m;
+  m.oferta({.grupo = 1, .codigo = 10, .precio = 700, .hasta = 43000});
+  m.oferta({.grupo = 1, .codigo = 11, .precio = 300, .hasta = 40000});
+  auto* v = m.abrir(precios::PuertaBrowOfer{.seccion = 1});
+  auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grid"_s);
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"PRECIO_0")));
+  m.pulsar(Qt::Key_F2);
+  qobject_cast<QLineEdit*>(m.foco())->selectAll();
+  m.pulsar(Qt::Key_Delete);
+  m.pulsar(Qt::Key_Return);
+  EXPECT_TRUE(grid.editando());
+  EXPECT_TRUE(v->tira().texto().startsWith(u"El precio no puede quedar vacío"));
+  m.pulsar(Qt::Key_Escape);
+  EXPECT_EQ(m.leer(u"select PRECIO_0 from OFERTAS order by CODIGO"_s), u"700 | 300");
+
+  const auto filtrar = [&](const QString& texto) {
+    m.escribir(v, u"TxtFf"_s, texto);
+    m.pulsar(Qt::Key_Return);
+    return grid.filas();
+  };
+  const int todas = grid.filas(), algunas = filtrar(Fecha::deDias(41000).corta());
+  EXPECT_EQ(todas - algunas, 1);
+  for (const QString& mala : {u"31/02/2020"_s, u"pronto"_s, u"2020-13-01"_s}) {
+    EXPECT_EQ(filtrar(mala), algunas) << mala.toStdString();
+    EXPECT_TRUE(v->tira().texto().contains(mala)) << v->tira().texto().toStdString();
+    EXPECT_EQ(m.campo(v, u"TxtFf"_s).text(), mala);
+  }
+  m.campo(v, u"TxtFf"_s).clear();
+  m.pulsar(Qt::Key_Return);
+  EXPECT_EQ(grid.filas(), todas);
+}
+
 TEST(VentanaOfertas, BorrarAquiOEnTodosLosGrupos) {
   MesaDePrecios m;
   for (const int grupo : {1, 2}) m.oferta({.grupo = grupo, .codigo = 10, .precio = 700});

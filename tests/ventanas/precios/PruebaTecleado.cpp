@@ -305,7 +305,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
                {u"txdep", u"9", u"La sección no tiene el departamento 9: elija otro de la lista."},
                {u"txetq", u"21", u"El valor entrado es incorrecto: Formato Etiquetas, de 1 a 20"},
                {u"txbar", u"x", u"Prefijo del código de barras: sólo cifras."},
-               {u"txdi1", u"", u"Días 1: un número de 0 a 9999."}};
+               {u"txdi1", u"x", u"Días 1: un número de 0 a 9999."}};
   for (const auto& c : casos) {
     Tecleado m;
     auto* v = m.abrir(precios::PuertaFastAlta{});

@@ -3,7 +3,7 @@
 #include <QTextBrowser>
 #include <QWindow>
 
-#include "MesaPrincipal.h"
+#include "TodasLasVentanas.h"
 #include "core/ventanas/marco/Manual.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
@@ -39,6 +39,13 @@ struct Ayudada : MesaPrincipal {
   }
 };
 
+// The heading of a window's page.
+QString tituloDe(const QString& ventana) {
+  QFile pagina(u":/manual/%1.md"_s.arg(ventana));
+  EXPECT_TRUE(pagina.open(QIODevice::ReadOnly)) << ventana.toStdString();
+  return QString::fromUtf8(pagina.readLine()).mid(2).trimmed();
+}
+
 }  // namespace
 
 TEST(Manual, CadaVentanaTieneSuPagina) {
@@ -46,6 +53,23 @@ TEST(Manual, CadaVentanaTieneSuPagina) {
   EXPECT_GT(t.todas().nombres().size(), 50);
   for (const QString& nombre : t.todas().nombres())
     EXPECT_TRUE(Manual::hay(nombre)) << nombre.toStdString();
+}
+
+// Whoever presses F1 recognises the window.
+TEST(Manual, LaPaginaSeLlamaComoLaVentana) {
+  // Their title names what they show, not what they do.
+  const QStringList conOtroTitulo{u"EntNmSc"_s,  u"GrpDlg"_s,  u"MainTarvo"_s, u"Manual"_s,
+                                  u"V_ColOpH"_s, u"VerCols"_s, u"VerFils"_s};
+  TodasLasVentanas t;
+  for (const QString& nombre : t.todas().nombres()) {
+    if (conOtroTitulo.contains(nombre)) continue;
+    auto* v = t.abrir(nombre);
+    ASSERT_TRUE(v) << nombre.toStdString();
+    const QString titulo = v->windowTitle();
+    EXPECT_TRUE(titulo.contains(tituloDe(nombre), Qt::CaseInsensitive))
+        << nombre.toStdString() << ": " << titulo.toStdString();
+    t.cerrar(*v);
+  }
 }
 
 TEST(Manual, F1DesdeDondeSeEste) {

@@ -168,6 +168,13 @@ TEST(Principal, ElFocoVuelveADondeEstaba) {
   hija->descargar();
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   EXPECT_EQ(v->focusWidget(), totales);
+  // The letter of an entry is a way of using it.
+  v->findChild<QToolButton*>(u"Balanzas"_s)->setFocus();
+  QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
+  ASSERT_TRUE(esperar([&] { return t.suplente(u"VerTot"_s) != nullptr; }));
+  t.suplente(u"VerTot"_s)->descargar();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_EQ(v->focusWidget(), totales);
 }
 
 TEST(Principal, SinNingunaNocheDiceQueHacer) {

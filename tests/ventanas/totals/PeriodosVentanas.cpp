@@ -152,7 +152,11 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
   auto* salida = x->findChild<QPushButton*>(u"Cancelar"_s);
   EXPECT_EQ(salida->text(), u"&Cancelar");
-  x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
+  // A name is proposed: Return writes a file.
+  auto* destino = x->findChild<QComboBox*>(u"destino"_s);
+  EXPECT_EQ(destino->currentText(),
+            u"EX%1.EXP"_s.arg(t.reloj.ahora().qdate().toString(u"yyMMdd"_s)));
+  destino->setCurrentText(u"VENTAS"_s);
   x->findChild<QAbstractButton*>(u"borrar"_s)->click();
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
   ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 0; }));

@@ -165,6 +165,30 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   EXPECT_TRUE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
 }
 
+// Asked for from another window: it asks at once, goes away if nothing is forgotten, and otherwise
+// stays with the way back.
+TEST(VentanaSesion, OlvidaSiSePideDesdeFuera) {
+  for (const bool acepta : {false, true}) {
+    MesaDeTotales t;
+    recibirDosDias(t);
+    bool dicho = false;
+    t.alAbrirse([&](QWidget* w) {
+      dicho = true;
+      if (!acepta) return QTest::keyClick(w->focusWidget(), Qt::Key_Return);
+      QTest::mouseClick(w->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    });
+    t.escritorio.ventanas().abrir(PuertaCerrSes{.olvidar = true});
+    ASSERT_TRUE(esperar([&] { return dicho && !QApplication::activeModalWidget(); }));
+    EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
+    EXPECT_EQ(t.sesion.estado(), acepta ? 0 : 2);
+    auto* v = t.escritorio.ventanas().cargada(u"CerrSes"_s);
+    EXPECT_EQ(v != nullptr, acepta);
+    if (!v) continue;
+    QTest::mouseClick(v->findChild<QPushButton*>(u"Recuperar"_s), Qt::LeftButton);
+    EXPECT_EQ(t.sesion.estado(), 2);
+  }
+}
+
 // Asked about by a window that closes, a Return too many memorises nothing; opened on purpose it is
 // what Return does.
 TEST(VentanaSesion, AlCerrarOtraVentanaIntroNoMemoriza) {

@@ -1,4 +1,6 @@
 // Applying the change, and undoing it.
+#include <algorithm>
+
 #include "articles/precios/ventanas/CambioLoteVentana.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -40,7 +42,7 @@ void CambioLoteVentana::terminar() {
 
 void CambioLoteVentana::marchar(std::unique_ptr<CambioLote::Marcha> marcha, qint64 total) {
   marcha_ = std::move(marcha);
-  cuerpo()->setEnabled(false);
+  parar();
   trabajo().empezar(
       t(kTxCambiando),
       [this, total](Trabajo::Avance& a) {
@@ -74,12 +76,22 @@ void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   decirBien(bien);
 }
 
-// Enables the window again.
+// Disables the window, which loses the focus.
+void CambioLoteVentana::parar() {
+  if (!foco_) foco_ = focusWidget();
+  cuerpo()->setEnabled(false);
+}
+
+// Enables the window again, with the focus where it was, else in a field that is shown.
 void CambioLoteVentana::libre() {
   cuerpo()->setEnabled(true);
-  ui_.txPc->setFocus();
   mirar();
   pintarDeshacer();
+  const std::initializer_list<QWidget*> donde{foco_, ui_.txPc, ui_.txFormato, ui_.depto};
+  const auto sirve = [](const QWidget* w) { return w && w->isEnabled() && w->isVisible(); };
+  if (const auto suyo = std::ranges::find_if(donde, sirve); suyo != donde.end())
+    (*suyo)->setFocus();
+  foco_ = nullptr;
   if (lista_) lista_->refrescar();
 }
 
@@ -111,7 +123,7 @@ void CambioLoteVentana::volver(qint64 lote, qint64 articulos,
                                const std::function<void()>& alAcabar) {
   vuelta_ = std::make_unique<articles::Vuelta>(lotes_, lote, articulos, nombre());
   if (lote == 0) return vuelto(Trabajo::Fin::Acabado, alAcabar);
-  cuerpo()->setEnabled(false);
+  parar();
   trabajo().empezar(
       t(ventanas::kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
       [=, this](const Resultado<Trabajo::Fin>& fin) { vuelto(fin, alAcabar); });

@@ -42,6 +42,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   void volver(qint64 lote, qint64 articulos, const std::function<void()>& alAcabar);
   void vuelto(const Resultado<Trabajo::Fin>& fin, const std::function<void()>& alAcabar);
   void decirVuelta(const QString& dicho);
+  void parar();
   void libre();
   void pintarDeshacer();
 
@@ -55,6 +56,7 @@ class CambioLoteVentana final : public ventanas::Ventana {
   std::unique_ptr<CambioLote::Marcha> marcha_;
   std::unique_ptr<articles::Vuelta> vuelta_;
   std::unique_ptr<Temporizador> luego_;
+  QWidget* foco_ = nullptr;  // where the focus was before the window was disabled
 };
 
 }  // namespace tarvo::precios

@@ -91,6 +91,7 @@ void FastAlta::montarDerecha(Formulario f) {
   const auto corto = [this](QString& donde, int letras) {
     ventanas::Modo modo = texto(donde);
     modo.letras = letras;
+    modo.faltaDebajo = true;
     return modo;
   };
   auto* cada = new QComboBox;
@@ -111,6 +112,8 @@ void FastAlta::montarDerecha(Formulario f) {
   poner(CampoAlta::CodBarras, f.fila(kTxBarrasFicha, u"txbar"_s, corto(r.codBarras, kCifras)));
   poner(CampoAlta::Dias1, f.fila(kTxDias1Ficha, u"txdi1"_s, corto(r.dias1, 4)));
   poner(CampoAlta::Dias2, f.fila(kTxDias2Ficha, u"txdi2"_s, corto(r.dias2, 4)));
+  for (const CampoAlta cual : {CampoAlta::Dias1, CampoAlta::Dias2})  // empty, they are none
+    qobject_cast<QLineEdit*>(&campo(cual).control())->setPlaceholderText(u"0"_s);
   f.muelle();
   connect(qobject_cast<QLineEdit*>(&campo(CampoAlta::Departamento).control()),
           &QLineEdit::textChanged, this, &FastAlta::pintarDepartamento);

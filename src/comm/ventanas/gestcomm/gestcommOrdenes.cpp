@@ -85,22 +85,52 @@ int gestcommVentana::tareaElegida() {
   return 0;
 }
 
-// If the current row is out of sight, only scrolls to it, so that no command goes to an invisible
-// task.
-void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*orden)(int)) {
-  const int id = tareaElegida();
-  if (id == 0) return;
+// Those of the selected rows, or else of the current one. If that is the only one and out of sight,
+// only scrolls to it, so that no command goes to an invisible task.
+std::vector<int> gestcommVentana::tareasElegidas() {
+  if (tareaElegida() == 0) return {};
+  const auto filas = ui_.s_espe->filasParaActuar();
   const QTableView* vista = ui_.s_espe->vista();
-  if (!vista->viewport()->rect().intersects(vista->visualRect(vista->currentIndex())))
-    return ui_.s_espe->irA(ui_.s_espe->filaActual());
-  const auto tarea = s_.motor.tarea(id);
-  if (tarea && !estados.contains(tarea->Estado))
-    decirPista(t(kTxNoSePuede).arg(motor::TextoEstado(tarea->Estado, contexto().textos)));
-  (s_.motor.*orden)(id);
-  if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) return;
-  // A task that had ended was only still displayed.
-  if (acabadas_.erase(id) == 0) decirBien(t(kTxTareaQuitada).arg(Ceros(id, 3)));
-  colaCambiada();
+  const QRect unica = vista->visualRect(vista->currentIndex().siblingAtRow(filas.front()));
+  if (filas.size() == 1 && !vista->viewport()->rect().intersects(unica)) {
+    ui_.s_espe->irA(filas.front());
+    return {};
+  }
+  std::vector<int> ids;
+  ids.reserve(filas.size());
+  for (const int fila : filas) ids.push_back(static_cast<int>(ui_.s_espe->clave(fila)));
+  return ids;
+}
+
+void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*orden)(int)) {
+  const auto ids = tareasElegidas();
+  std::vector<int> fuera;  // states of those that don't admit it
+  std::vector<int> quitadas;
+  for (const int id : ids) {
+    const auto tarea = s_.motor.tarea(id);
+    if (tarea && !estados.contains(tarea->Estado)) fuera.push_back(tarea->Estado);
+    (s_.motor.*orden)(id);
+    if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) continue;
+    // A task that had ended was only still displayed.
+    if (acabadas_.erase(id) == 0) quitadas.push_back(id);
+    colaCambiada();
+  }
+  if (!quitadas.empty()) tandas_.push_back(quitadas.size());
+  decirOrden(static_cast<int>(ids.size()), fuera, quitadas);
+}
+
+void gestcommVentana::decirOrden(int cuantas, const std::vector<int>& fuera,
+                                 const std::vector<int>& quitadas) {
+  QStringList dicho;
+  if (!quitadas.empty())
+    dicho << (quitadas.size() == 1 ? t(kTxTareaQuitada).arg(Ceros(quitadas.front(), 3))
+                                   : t(kTxTareasQuitadas).arg(quitadas.size()));
+  if (!fuera.empty())
+    dicho << (cuantas == 1
+                  ? t(kTxNoSePuede).arg(motor::TextoEstado(fuera.front(), contexto().textos))
+                  : Plural(t(kTxNoSePuedeVarias), static_cast<int>(fuera.size())));
+  if (dicho.isEmpty()) return;
+  fuera.empty() ? decirBien(dicho.join(u' ')) : decirPista(dicho.join(u' '));
 }
 
 void gestcommVentana::reintentarTodo() {
@@ -109,12 +139,27 @@ void gestcommVentana::reintentarTodo() {
   colaCambiada();
 }
 
+// What was removed together comes back together.
 void gestcommVentana::reponer() {
-  const int r = s_.motor.ReponerTarea();
-  if (r == 0)
-    decirBien(t(kTxTareaRepuesta));
-  else
-    decirPista(t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta));
+  size_t cuantas = 1;
+  if (!tandas_.empty()) {
+    cuantas = tandas_.back();
+    tandas_.pop_back();
+  }
+  int vuelven = 0;
+  QStringList dicho;
+  for (size_t i = 0; i < cuantas && s_.motor.hayQuitadas(); ++i) {
+    const int r = s_.motor.ReponerTarea();
+    if (r == 0)
+      ++vuelven;
+    else
+      dicho << t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta);
+  }
+  dicho.removeDuplicates();
+  const bool todas = dicho.isEmpty();
+  if (vuelven > 0)
+    dicho.prepend(vuelven == 1 ? t(kTxTareaRepuesta) : t(kTxTareasRepuestas).arg(vuelven));
+  todas ? decirBien(dicho.join(u' ')) : decirPista(dicho.join(u' '));
   colaCambiada();
 }
 

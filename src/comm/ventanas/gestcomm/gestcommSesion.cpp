@@ -3,7 +3,6 @@
 #include "comm/ventanas/gestcomm/gestcommVentana.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
-#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "totals/ventanas/Puertas.h"
 
@@ -58,11 +57,10 @@ void gestcommVentana::LaSesion(int nuevo) {
   ponerSesion();
 }
 
+// What was received is forgotten in the window that can bring it back.
 void gestcommVentana::cancelarSesion() {
-  if (s_.sesion.estado() == 2 &&
-      !MyMsgBox::Decide(this, contexto().textos, t(kTxOlvidados), kAceptoCancelo | kExclamacion))
-    return;
-  LaSesion(0);
+  if (s_.sesion.estado() == 1) return LaSesion(0);
+  if (s_.sesion.estado() == 2) abrir(totals::PuertaCerrSes{.olvidar = true});
 }
 
 void gestcommVentana::cerrarSesion() {

@@ -48,7 +48,6 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
   ui_.s_espe->vivas();
   ui_.s_espe->filtros()->addWidget(ui_.LblModo);
-  ui_.s_espe->ponerUnaSola(true);
   ui_.s_espe->ponerVacia(t(kTxColaVacia));
   connect(ui_.s_espe, &Parrilla::actualCambiada, this, [this] {
     ponerModo();

@@ -45,6 +45,8 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void conectarOrdenes();
   void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
   int tareaElegida();
+  std::vector<int> tareasElegidas();
+  void decirOrden(int cuantas, const std::vector<int>& fuera, const std::vector<int>& quitadas);
   void cambiarModo(bool automatico);
   void reintentarTodo();
   void reponer();
@@ -74,6 +76,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   PanelesCanales* paneles_ = nullptr;
   std::map<int, motor::VistaTarea> acabadas_;  // successful ones with their results, by number
   std::set<int> sucias_;
+  std::vector<size_t> tandas_;  // how many tasks each removal took, the latest last
   bool colaSucia_ = true, canalesSucios_ = true;
   int ultimaVista_ = 0;  // the last task displayed
   bool terminarAlAcabar_ = false;

@@ -168,7 +168,7 @@ QString hojaEstilo(int cara) {
 QLabel[letra="secundaria"] { color: @palido; font-size: @secundaria; }
 QLabel[letra="titulo"] { font-size: @titulo; font-weight: 600; }
 QLabel[letra="cifra"] { font-size: @cifra; font-weight: 600; }
-QToolTip { color: @texto; background: @base; border: 1px solid @borde; padding: @p1; }
+QToolTip, QLabel#tecleado { color: @texto; background: @base; border: 1px solid @borde; padding: @p1; }
 QPushButton { min-height: @boton; padding: 0 @p3; border: 1px solid @borde; border-radius: 4px;
   background: @caraboton; color: @texto; }
 QPushButton:hover { background: @seleccion; color: @textosel; }

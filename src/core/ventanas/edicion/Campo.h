@@ -32,6 +32,8 @@ struct Modo {
   QString limites = {};  // in words, for the tool tip; empty if there are none
   int letras = 0;        // width in letters; 0 for all the room there is
   bool deFecha = false;  // has a calendar
+  // Its fault has a line of its own: where a short field has little room beside it.
+  bool faltaDebajo = false;
 };
 
 // Marks a control as wrong, or as right again. A field of a sheet does it by itself.

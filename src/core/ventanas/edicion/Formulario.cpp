@@ -57,9 +57,9 @@ QLabel* Formulario::rotular(QGridLayout& r, int linea, int rotulo, QWidget* cont
   return etiqueta;
 }
 
-QLabel* Formulario::faltaDe(QGridLayout& r, int linea, const QString& nombre) {
+QLabel* Formulario::faltaDe(QGridLayout& r, int linea, const QString& nombre, bool debajo) {
   auto* falta = con(new QLabel(donde()), u"falta"_s + nombre);
-  r.addWidget(falta, linea, kFalta);
+  debajo ? r.addWidget(falta, linea + 1, kRotulo, 1, -1) : r.addWidget(falta, linea, kFalta);
   return falta;
 }
 
@@ -70,10 +70,11 @@ Campo& Formulario::fila(int rotulo, const QString& nombre, Modo modo, int unidad
   rotular(r, linea, rotulo, control);
   // A field without a width of its own takes the whole row, with its fault below.
   const bool ancha = modo.letras == 0;
+  const bool debajo = modo.faltaDebajo;
   r.addWidget(control, linea, kControl, 1, ancha ? -1 : 1);
   if (unidad > 0) r.addWidget(new QLabel(t(unidad), donde()), linea, kUnidad);
   return ficha_->enlazarCampo(*control, std::move(modo), rotulo,
-                              ancha ? nullptr : faltaDe(r, linea, nombre));
+                              ancha ? nullptr : faltaDe(r, linea, nombre, debajo));
 }
 
 Campo& Formulario::lista(int rotulo, const QString& nombre, std::function<qint64()> ver,

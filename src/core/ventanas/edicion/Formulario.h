@@ -67,7 +67,7 @@ class Formulario {
   QString t(int numero) const;
   QGridLayout& reja();  // the current grid layout, so that rows are aligned
   QLabel* rotular(QGridLayout& reja, int linea, int rotulo, QWidget* control);
-  QLabel* faltaDe(QGridLayout& reja, int linea, const QString& nombre);
+  QLabel* faltaDe(QGridLayout& reja, int linea, const QString& nombre, bool debajo);
   void poner(QWidget* control, const QString& nombre, int rotulo, int crece);
   QWidget* donde() const;
   std::vector<Formulario> repartir(const std::vector<int>& partes);

@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -31,6 +32,14 @@ QIcon imagenDe(int estilo) {
     default:
       return icono(u"informacion"_s);
   }
+}
+
+// Not every desktop gives the keyboard back to the window that asked.
+int preguntarSobre(QWidget* dueno, MyMsgBox& caja) {
+  const QPointer<QWidget> ventana(dueno ? dueno->window() : nullptr);
+  const int dicho = caja.exec();
+  if (ventana && ventana->isVisible() && !QApplication::activeWindow()) ventana->activateWindow();
+  return dicho;
 }
 
 QLabel* parrafo(const QString& texto, QWidget* padre) {
@@ -122,7 +131,7 @@ void MyMsgBox::ponerDetalle(const Textos& textos, const QString& remedio, const 
 bool MyMsgBox::Decide(QWidget* dueno, const Textos& textos, const QString& texto, int estilo) {
   const Retenida mientras(dueno);
   MyMsgBox caja(dueno, textos, texto, estilo);
-  return caja.exec() == QDialog::Accepted;
+  return preguntarSobre(dueno, caja) == QDialog::Accepted;
 }
 
 void MyMsgBox::mostrarFallo(QWidget* dueno, const Textos& textos, const QString& que,
@@ -130,7 +139,7 @@ void MyMsgBox::mostrarFallo(QWidget* dueno, const Textos& textos, const QString&
   const Retenida mientras(dueno);
   MyMsgBox caja(dueno, textos, que, kCritico);
   caja.ponerDetalle(textos, remedio, detalle);
-  caja.exec();
+  preguntarSobre(dueno, caja);
 }
 
 }  // namespace tarvo::ventanas

@@ -143,6 +143,10 @@ void Ventana::decirPista(const QString& texto) {
   pista_ = tira_->veces();
 }
 
+void Ventana::quitarPista() {
+  if (pista_ == tira_->veces()) tira_->quitar();
+}
+
 // A field that drops a key holds another value than was typed: it is heard and seen.
 void Ventana::oirRechazos() {
   for (QLineEdit* campo : cuerpo_->findChildren<QLineEdit*>())
@@ -174,12 +178,16 @@ void Ventana::colocar(const QWidget* dueno) {
 
 void Ventana::mostrarSobre(QWidget* dueno) {
   if (dueno && dueno != this) dueno_ = dueno->window();
-  if (!std::exchange(alcanzada_, true)) {
+  const bool primera = !std::exchange(alcanzada_, true);
+  if (primera) {
     ponerAlAlcance(*cuerpo_);
     oirRechazos();
     if (!conSitio_ || modal_) colocar(dueno_);
   }
   isMinimized() ? showNormal() : show();
+  // It may have been left on a larger screen. The frame is known only now.
+  if (primera && !isMaximized() && !isFullScreen())
+    crecer(size().boundedTo(screen()->availableSize() - (frameSize() - size())));
   raise();
   activateWindow();
 }

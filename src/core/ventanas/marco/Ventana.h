@@ -87,6 +87,7 @@ class Ventana : public QWidget {
   Tira& tira() { return *tira_; }
   // A hint: what a command lacks, or why it can't be given now. The next command removes it.
   void decirPista(const QString& texto);
+  void quitarPista();
   // Connects a command of this window; giving it removes an earlier hint.
   void alDar(QAction* accion, const std::function<void()>& hacer);
   // Shows a refusal until it is settled: a text that a cell of a list didn't accept.

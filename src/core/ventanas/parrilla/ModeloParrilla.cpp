@@ -121,11 +121,18 @@ QVariant ModeloParrilla::headerData(int seccion, Qt::Orientation orientacion, in
 ModeloParrilla::Hallazgo ModeloParrilla::buscar(const QString& que, Busca como,
                                                 const std::vector<int>& columnas, int desde) const {
   const QString clave = dao::claveOrden(que);
+  // A code is typed without the zeros that are shown before it.
+  const auto empieza = [&](const QString& visto, int columna) {
+    if (visto.startsWith(clave)) return true;
+    if (columnas_[static_cast<size_t>(columna)].clase != Clase::Codigo) return false;
+    const auto cifra = std::ranges::find_if(visto, [](QChar c) { return c != u'0'; });
+    return QStringView(cifra, visto.end()).startsWith(clave);
+  };
   const int hasta = std::min(rowCount(), desde + kFilasPorPaso);
   for (int fila = desde; fila < hasta; ++fila)
     for (const int columna : columnas) {
       const QString visto = dao::claveOrden(texto(fila, columna));
-      if (como == Busca::Empieza ? visto.startsWith(clave) : visto.contains(clave))
+      if (como == Busca::Empieza ? empieza(visto, columna) : visto.contains(clave))
         return {fila, fila};
     }
   return {-1, hasta};

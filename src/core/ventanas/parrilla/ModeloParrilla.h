@@ -49,7 +49,7 @@ class ModeloParrilla : public QAbstractTableModel {
 
   // --- searching in slices
   // Examines the rows from `desde` on, some at a time. The texts shown are compared, ignoring
-  // accents and case.
+  // accents and case; the beginning of a code also without the zeros shown before it.
   enum class Busca { Empieza, Contiene };
   struct Hallazgo {
     int fila = -1;      // the row found, -1 if none

@@ -204,6 +204,7 @@ void Parrilla::ponerVacia(const QString& texto, QAction* remedio) {
 void Parrilla::ponerPie(bool conPie) {
   d->conPie = conPie;
   d->cuenta->setVisible(conPie);
+  d->aviso->setVisible(conPie);
   d->pintarPie();
 }
 

@@ -11,8 +11,9 @@
 // Ctrl+Shift+S saves the list in a file; Enter is a double click; the menu key opens the context menu. A cell whose column has `editar` is
 // editable: F2, Enter or a double click opens its editor, Enter and Tab store the text (Tab moves
 // on to the next editable cell), Escape discards it. A character accepted by its kind opens the
-// editor too: typing on an editable cell edits it, elsewhere it searches. Ctrl+V and Ctrl+D write
-// several cells of a column.
+// editor too: typing on an editable cell edits it, elsewhere it searches, and what it searches is
+// shown over the rows. Letters that are neither written nor found are reported, and a Return after
+// them opens no row. Ctrl+V and Ctrl+D write several cells of a column.
 #pragma once
 
 #include <QWidget>
@@ -89,7 +90,7 @@ class Parrilla final : public QWidget, private Buscable {
 
   // --- appearance
   void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // hint for an empty list
-  void ponerPie(bool conPie);      // counts and sums; visible by default
+  void ponerPie(bool conPie);      // counts, sums and messages; without it messages cover the rows
   void ponerBusca(bool conBusca);  // the search field, top right; visible by default
   QHBoxLayout* filtros() const;    // top left: the place for a window's filters
   // Adds actions to the context menu, before the grid's own; the window enables and disables them.
@@ -126,6 +127,8 @@ class Parrilla final : public QWidget, private Buscable {
   void seleccionCambiada();
   void fallo(const tarvo::Error& error);  // of work begun by the user on the grid itself
   void resuelto();  // after a refused cell: another was written, or it was discarded
+  // What was typed on a cell went nowhere, and why; empty when something else was begun.
+  void pista(const QString& texto);
   void exportado(const QString& ruta);
 
  private:

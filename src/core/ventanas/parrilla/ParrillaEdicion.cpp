@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
 
 namespace tarvo::ventanas {
@@ -26,6 +27,7 @@ bool Parrilla::Interior::editar(const QModelIndex& celda, std::optional<QString>
   yo.vista_->edit(celda);
   QLineEdit* campo = campoAbierto();
   if (campo && texto) campo->end(false);  // the view has selected all of it
+  if (campo) dejarTecleo();
   return campo != nullptr;
 }
 
@@ -54,8 +56,11 @@ bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   if (columna.nombraLaFila) return false;
   const bool letra = !(e.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) &&
                      !e.text().isEmpty() && e.text()[0].isPrint();
-  if (!letra || !empiezaCelda(columna, e.text()[0])) return false;
-  return editar(celda, e.text());
+  if (!letra) return false;
+  if (empiezaCelda(columna, e.text()[0])) return editar(celda, e.text());
+  if (e.text()[0].isSpace()) return false;
+  noVale(celda.column(), e.text());
+  return true;
 }
 
 // Moves on to the next editable cell, in its row and then in the next one.
@@ -120,6 +125,22 @@ void Parrilla::Interior::devolver(const Tanda& tanda) {
     if (const auto vuelta = col.editar(celda.clave, celda.antes); !vuelta) avisar(vuelta.error());
 }
 
+// A free text takes any line pasted, prices too, and a name tells what the others in its row are
+// of: those that would be overwritten are counted, and the first is shown, before it happens.
+bool Parrilla::Interior::conformeConTanda(const Tanda& tanda) {
+  const Columna& columna = columnas[static_cast<size_t>(tanda.columna)];
+  if (columna.clase != Clase::Texto && !columna.nombraLaFila) return true;
+  const auto pisa = [](const Tanda::Celda& celda) {
+    return !celda.antes.isEmpty() && celda.antes != celda.texto;
+  };
+  const auto primera = std::ranges::find_if(tanda.celdas, pisa);
+  if (primera == tanda.celdas.end()) return true;
+  const auto cuantas = static_cast<int>(std::ranges::count_if(tanda.celdas, pisa));
+  const QString pregunta = Plural(t(kTxPisaTextos), cuantas)
+                               .arg(t(columna.titulo).trimmed(), primera->antes, primera->texto);
+  return MyMsgBox::Decide(yo.window(), c->textos, pregunta, kAceptoCancelo | kExclamacion);
+}
+
 void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QStringList& textos) {
   Tanda tanda{yo.vista_->currentIndex().column(), {}, {}};
   tanda.celdas.reserve(filas.size());
@@ -127,12 +148,14 @@ void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QSt
   for (size_t i = 0; i < filas.size(); ++i)
     tanda.celdas.push_back({yo.clave(filas[i]), yo.modelo()->texto(filas[i], tanda.columna),
                             textos[static_cast<qsizetype>(i)]});
+  if (!conformeConTanda(tanda)) return;
   Q_EMIT yo.vanVarias();
   const auto escribir = [&] { return escribirTanda(tanda); };
   auto hecho = todoONada ? todoONada(escribir) : escribir();
   if (!hecho && !todoONada) devolver(tanda);
   const int cuantas = hecho ? static_cast<int>(tanda.escritas.size()) : 0;
   if (const auto leido = yo.refrescar(); hecho && !leido) hecho = leido;
+  if (hecho) resolver();
   if (cuantas > 0) {
     Q_EMIT yo.variasEscritas(cuantas);
     decir(Plural(t(kTxCeldasEscritas), cuantas));
@@ -140,7 +163,9 @@ void Parrilla::Interior::escribirVarias(const std::vector<int>& filas, const QSt
   } else {
     Q_EMIT yo.variasDejadas();
   }
-  if (!hecho) Q_EMIT yo.fallo(hecho.error());
+  if (hecho) return;
+  rechazado = true;
+  Q_EMIT yo.fallo(hecho.error());
 }
 
 void Parrilla::pegar() {

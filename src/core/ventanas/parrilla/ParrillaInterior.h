@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTableView>
 #include <QToolButton>
+#include <functional>
 
 #include "core/ventanas/marco/Contexto.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
@@ -26,6 +27,13 @@ struct Parrilla::Interior {
     bool habia = false;
   };
 
+  // What became of the letters typed on the list.
+  enum class Tecleo {
+    Nada,     // none, or they led to a row
+    Busca,    // a row is being searched
+    Perdido,  // they were neither written nor found
+  };
+
   explicit Interior(Parrilla& p) : yo(p) {}
 
   void montar();
@@ -37,6 +45,7 @@ struct Parrilla::Interior {
   void leerColumnas();
   bool crece(int columna) const;
   void estirar();
+  void holgar(int sobra);
   QString nombreMemoria() const;
   void guardar();
   void reponer();
@@ -48,13 +57,22 @@ struct Parrilla::Interior {
   void alternarColumna(int columna, bool visible);
   void moverColumna(int pasos);
   bool tecla(QKeyEvent& evento);
+  void intro();
   void saltar(const QString& texto);
+  void hallado(int columna, const QString& texto, int fila);
+  void noVale(int columna, const QString& tecla);
+  void dejarTecleo();
+  void rotular(const QString& texto);
+  void colocarRotulo();
+  bool escribible(int columna) const;
+  QString titulo(int columna) const;
   QLineEdit* campoAbierto() const;
   bool editar(const QModelIndex& celda, std::optional<QString> texto = {});
   bool teclaEdicion(const QKeyEvent& evento);
   void seguirEditando(int pasos);
   void escribirVarias(const std::vector<int>& filas, const QStringList& textos);
   struct Tanda;
+  bool conformeConTanda(const Tanda& tanda);
   Resultado<> escribirTanda(Tanda& tanda);
   void devolver(const Tanda& tanda);
   void hacerSitio();
@@ -62,7 +80,8 @@ struct Parrilla::Interior {
   void ceder();
   void rechazar(const QModelIndex& celda, const QString& texto, const Error& error);
   void buscarDesde(const QString& texto, ModeloParrilla::Busca como,
-                   const std::vector<int>& columnas, int desde);
+                   const std::vector<int>& columnas, int desde,
+                   std::function<void(int)> alAcabar = {});
   std::vector<int> columnasVistas() const;  // in the order shown
   void decir(const QString& texto);
   void avisar(Error error);
@@ -79,6 +98,7 @@ struct Parrilla::Interior {
   Pie* pie = nullptr;
   QLabel* cuenta = nullptr;
   QLabel* aviso = nullptr;
+  QLabel* rotulo = nullptr;  // the letters typed, and what became of them
   QWidget* vacia = nullptr;
   QLabel* vaciaTexto = nullptr;
   QToolButton* vaciaBoton = nullptr;
@@ -95,6 +115,8 @@ struct Parrilla::Interior {
   bool rechazado = false;     // a refusal is pending
   bool dichoDeTanda = false;  // the message is of cells written together
   QString tecleado;
+  Tecleo tecleo = Tecleo::Nada;
+  bool abreAlHallar = false;
   qint64 ultimaTecla = 0;
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
@@ -102,6 +124,7 @@ struct Parrilla::Interior {
   std::vector<int> sinSitio;             // columns hidden for lack of space
   std::unique_ptr<Temporizador> sumar;   // delays the sums until the list is at rest
   std::unique_ptr<Temporizador> callar;  // clears the message
+  std::unique_ptr<Temporizador> ocultarRotulo;
 };
 
 }  // namespace tarvo::ventanas

@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Recuerdos.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Delegado.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
@@ -20,7 +21,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kAnchoBusca = 220;
-constexpr int kAnchoElastica = 480, kAnchoMinimo = 120;
+constexpr int kAnchoElastica = 720, kAnchoMinimo = 120;
+constexpr int kHolguraPorCien = 60;  // by which a column of figures may be wider than it needs
 
 int anchoPorClase(const Columna& c) {
   switch (c.clase) {
@@ -112,6 +114,11 @@ void Parrilla::Interior::montar() {
   centro->addStretch();
   vacia->hide();
 
+  rotulo = new QLabel(v);
+  rotulo->setObjectName(u"tecleado"_s);
+  rotulo->setTextFormat(Qt::PlainText);
+  rotulo->hide();
+
   pie = new Pie(*h, &yo);
   pila->addWidget(pie);
   auto* abajo = new QHBoxLayout;
@@ -190,6 +197,7 @@ void Parrilla::Interior::hacerAcciones() {
   qobject_cast<QVBoxLayout*>(yo.layout())->addWidget(trabajo);
   sumar = c->reloj.temporizador([this] { pintarPie(); });
   callar = c->reloj.temporizador([this] { decir({}); });
+  ocultarRotulo = c->reloj.temporizador([this] { rotulo->hide(); });
 }
 
 // Registers with its window: refusals of cells are shown on the window's strip until they are
@@ -200,6 +208,10 @@ void Parrilla::Interior::presentarse() {
   v->acoger(yo);
   connect(&yo, &Parrilla::fallo, v, &Ventana::decirPendiente);
   connect(&yo, &Parrilla::resuelto, v, &Ventana::resuelto);
+  connect(&yo, &Parrilla::pista, v, [v](const QString& texto) {
+    if (texto.isEmpty()) return v->quitarPista();
+    if (v->tira().estado() != Estado::Mal) v->decirPista(texto);
+  });
 }
 
 void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
@@ -230,6 +242,9 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   auto* s = yo.vista_->selectionModel();
   connect(s, &QItemSelectionModel::currentRowChanged, &yo,
           [this](const QModelIndex& i) { Q_EMIT yo.actualCambiada(i.row()); });
+  connect(s, &QItemSelectionModel::currentChanged, &yo, [this] {
+    if (tecleo == Tecleo::Perdido) tecleo = Tecleo::Nada;
+  });
   connect(s, &QItemSelectionModel::selectionChanged, &yo, [this] {
     contar();
     Q_EMIT yo.seleccionCambiada();
@@ -314,8 +329,7 @@ void Parrilla::Interior::estirar() {
   QHeaderView* h = yo.vista_->horizontalHeader();
   {
     const QScopedValueRollback en(colocando, true);
-    for (const int i : columnasVistas())
-      if (crece(i)) h->resizeSection(i, anchoInicial(i));
+    for (const int i : columnasVistas()) h->resizeSection(i, anchoInicial(i));
   }
   hacerSitio();
   const auto vistas = columnasVistas();
@@ -340,6 +354,23 @@ void Parrilla::Interior::estirar() {
                                 : std::min(suyo + sobra * suyo / peso, tope);
     h->resizeSection(i, ancho);
     sobra = std::max(sobra - (ancho - suyo), 0);
+    peso -= suyo;
+  }
+  if (sobra > 0 && !textos.empty()) holgar(sobra);
+}
+
+// What the texts leave over is shared by the other columns, up to a limit.
+void Parrilla::Interior::holgar(int sobra) {
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const auto vistas = columnasVistas();
+  int peso = 0;
+  for (const int i : vistas) peso += crece(i) ? 0 : h->sectionSize(i);
+  for (const int i : vistas) {
+    if (crece(i)) continue;
+    const int suyo = h->sectionSize(i);
+    const int mas = std::min(sobra * suyo / peso, suyo * kHolguraPorCien / 100);
+    h->resizeSection(i, suyo + mas);
+    sobra -= mas;
     peso -= suyo;
   }
 }

@@ -21,7 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kPausaTeclas = 1000;  // ms after which letters begin a new word
 constexpr int kFilasCopia = 20000;  // more belong in a file
 constexpr int kAvisoMs = 5000;      // ms that a message stays
 constexpr int kReposoSumas = 60;    // ms without a change before sums are computed
@@ -46,6 +45,7 @@ void Parrilla::Interior::decir(const QString& texto) {
   aviso->setAccessibleName(texto);
   aviso->setText(aviso->fontMetrics().elidedText(texto, Qt::ElideMiddle, yo.width() / 2));
   if (!callar) return;
+  if (!conPie && !texto.isEmpty()) rotular(texto);
   if (texto.isEmpty())
     callar->parar();
   else
@@ -144,57 +144,6 @@ void Parrilla::Interior::moverColumna(int pasos) {
   h->moveSection(h->visualIndex(*donde), h->visualIndex(vistas[static_cast<size_t>(otra)]));
 }
 
-bool Parrilla::Interior::tecla(QKeyEvent& e) {
-  // The view would only copy its current cell.
-  if (e.matches(QKeySequence::Copy)) {
-    yo.copiar();
-    return true;
-  }
-  if (e.matches(QKeySequence::Paste)) {
-    yo.pegar();
-    return true;
-  }
-  if (e.key() == Qt::Key_D && e.modifiers() == Qt::ControlModifier) {
-    yo.rellenar();
-    return true;
-  }
-  if (e.key() == Qt::Key_Escape && trabajo->enMarcha()) {
-    trabajo->parar();
-    return true;
-  }
-  if (teclaEdicion(e)) return true;
-  const auto mandos = e.modifiers() & ~(Qt::KeypadModifier | Qt::ShiftModifier);
-  if (e.key() == Qt::Key_Return || e.key() == Qt::Key_Enter) {
-    if (yo.filaActual() >= 0) Q_EMIT yo.activada(yo.filaActual());
-    return true;
-  }
-  if (mandos == Qt::ControlModifier && (e.modifiers() & Qt::ShiftModifier) &&
-      (e.key() == Qt::Key_Left || e.key() == Qt::Key_Right)) {
-    moverColumna(e.key() == Qt::Key_Left ? -1 : 1);
-    return true;
-  }
-  const bool letra = mandos == Qt::NoModifier && !e.text().isEmpty() && e.text()[0].isPrint();
-  if (!letra || (e.text() == u" " && tecleado.isEmpty())) return false;
-  const qint64 ahora = c->reloj.monotono();
-  if (ahora - ultimaTecla > kPausaTeclas) tecleado.clear();
-  ultimaTecla = ahora;
-  tecleado += e.text();
-  saltar(tecleado);
-  return true;
-}
-
-// Jumps to the letters typed on the list itself. The first letter is searched after the current
-// row, so that the same letter again moves on; with more of them the current row may still match.
-void Parrilla::Interior::saltar(const QString& texto) {
-  if (!yo.modelo() || yo.filas() == 0) return;
-  const auto vistas = columnasVistas();
-  if (vistas.empty()) return;
-  const int actual = yo.vista_->currentIndex().column();
-  const int columna = std::ranges::find(vistas, actual) != vistas.end() ? actual : vistas.front();
-  const int desde = yo.filaActual() + (texto.size() == 1 ? 1 : 0);
-  buscarDesde(texto, ModeloParrilla::Busca::Empieza, {columna}, std::max(0, desde));
-}
-
 void Parrilla::irABuscar() {
   d->busca->setFocus();
   d->busca->selectAll();
@@ -205,9 +154,11 @@ void Parrilla::buscar(const QString& texto) {
   d->buscarDesde(texto, ModeloParrilla::Busca::Contiene, d->columnasVistas(), filaActual() + 1);
 }
 
-// Searches forward to the end, and from the beginning back to the starting row.
+// Searches forward to the end, and from the beginning back to the starting row. `alAcabar` receives
+// the row, -1 if there is none, unless the search was stopped.
 void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca como,
-                                     const std::vector<int>& cuales, int desde) {
+                                     const std::vector<int>& cuales, int desde,
+                                     std::function<void(int)> alAcabar) {
   trabajo->parar();
   if (yo.sql_ && !yo.sql_->contarTodo()) return;
   decir({});
@@ -225,12 +176,15 @@ void Parrilla::Interior::buscarDesde(const QString& texto, ModeloParrilla::Busca
     if (h.fila >= 0) *hallada = h.fila;
     return h.fila < 0 && *vistas < cuantas;
   };
-  trabajo->empezar(t(kTxBuscando).arg(texto), paso, [=, this](const Resultado<Trabajo::Fin>& fin) {
-    if (*hallada >= 0)
-      yo.irA(*hallada);
-    else if (fin && *fin == Trabajo::Fin::Acabado)
-      decir(t(kTxNoHallado).arg(texto));
-  });
+  trabajo->empezar(t(kTxBuscando).arg(texto), paso,
+                   [=, this, luego = std::move(alAcabar)](const Resultado<Trabajo::Fin>& fin) {
+                     const bool acabada = fin && *fin == Trabajo::Fin::Acabado;
+                     if (*hallada >= 0)
+                       yo.irA(*hallada);
+                     else if (acabada)
+                       decir(t(kTxNoHallado).arg(texto));
+                     if (luego && (*hallada >= 0 || acabada)) luego(*hallada);
+                   });
 }
 
 void Parrilla::copiar() {
@@ -294,6 +248,7 @@ bool Parrilla::eventFilter(QObject* objeto, QEvent* evento) {
   if (objeto == vista_->viewport() && evento->type() == QEvent::Resize) {
     d->pintarVacia();
     d->estirar();
+    d->colocarRotulo();
   }
   if (evento->type() != QEvent::KeyPress || !d->c) return QWidget::eventFilter(objeto, evento);
   auto& tecla = static_cast<QKeyEvent&>(*evento);
