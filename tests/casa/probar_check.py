@@ -115,7 +115,7 @@ CASOS = [
      r"Nada has the key F7"),
     ("teclas", cambia("src/core/ventanas/parrilla/ParrillaMontaje.cpp", r"Qt::CTRL \| Qt::SHIFT \| Qt::Key_S", "Qt::Key_F10"),
      r"exportar has the key F10"),
-    ("teclas", cambia("src/core/ventanas/parrilla/ParrillaUso.cpp", r"Qt::Key_D &&", "Qt::Key_E &&"), r"rellenar has the key Ctrl\+E"),
+    ("teclas", cambia("src/core/ventanas/parrilla/ParrillaTeclas.cpp", r"Qt::Key_D &&", "Qt::Key_E &&"), r"rellenar has the key Ctrl\+E"),
     ("teclas", cambia("docs/ventanas.md", r"^\| `F10` \|(.*)\|$", r"| `F10` |\1 `nadie` |"), r"nadie hasn't the key F10"),
     ("paquetes", anade("src/stock/Prueba.txt", "apt" + " install unicornio\n"), r"the only list of packages"),
     ("palabras", anade("src/stock/Prueba.cpp", "// FIX" + "ME\n"), r"a word that must not stand"),
