@@ -82,6 +82,7 @@ CASOS = [
     ("asuntos", asunto, r"a subject of \d+ characters"),
     ("textos", anade(TEXTOS, "99999\tNadie lo dice.\tapp.kTxNadieLoDice\n"), r"the name kTxNadieLoDice is used nowhere"),
     ("textos", anade(TEXTOS, "99999\tNadie lo dice.\n"), r"number 99999 is used nowhere"),
+    ("gemelos", anade(TEXTOS, "#= 99999\tapp.kTxNadieLoDice\n"), r"99999 is named here, and has no text"),
     ("gemelos", anade(TEXTOS, "99999\tLista guardada en %1\tapp.kTxNadieLoDice\n"), r"99999 is 1034 again"),
     ("textos", anade(FORMA, "<string>TXT99999</string>\n"), r"number 99999 is not in"),
     ("textos", anade(FORMA, "<string>Una frase</string>\n"), r"a form shows keys only"),
