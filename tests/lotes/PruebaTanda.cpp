@@ -96,6 +96,7 @@ TEST(Tanda, LosLotesViejosSeVanPocoAPoco) {
       u"WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3500) INSERT INTO "
       u"LoteAntes (LOTE, HABIA, SECCION, CODPLU) SELECT ?, 0, 1, 100+i FROM n"_s,
       m.lote);
+  m.sql(u"UPDATE LoteArticulos SET ACABADO=1"_s);
   for (int i = 0; i < 20; ++i) m.lote = bien(m.lotes.empezar(u"V"_s));
   EXPECT_EQ(m.leer(u"SELECT count(*) FROM LoteAntes"_s), u"2500");
   EXPECT_EQ(m.leer(u"SELECT count(*) FROM LoteArticulos"_s), u"20");

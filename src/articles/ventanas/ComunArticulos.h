@@ -8,7 +8,7 @@
 namespace tarvo::articles {
 
 // The width of a column that fits the largest price.
-inline constexpr int kAnchoPrecio = 100;
+inline constexpr int kAnchoPrecio = 112;
 
 // The code with leading zeros: "0000012".
 QString verCodigo(qint64 codigo);
