@@ -184,7 +184,7 @@ def sql(azar):
 
 
 def maquinas():
-    """Groups come from the database (--base FILE): only what it doesn't hold stands here."""
+    """Groups come from the database (--base FILE): only what it doesn't hold is here."""
     grupos = [{"grupo": codigo} for codigo, *_ in GRUPOS]
     grupos[0] |= {"pedidos": [{"articulo": 3 + 4 * n, "peso": 2500 * (n + 1), "unidades": 0} for n in range(7)],
                   "inventarios": [{"articulo": 5 + 6 * n, "peso": 1200 * (n + 2), "unidades": 0} for n in range(5)]}

@@ -10,7 +10,7 @@
 
 #include "Pintado.h"
 #include "articles/AjustesArticulos.h"
-#include "articles/Busqueda.h"
+#include "articles/Listas.h"
 #include "articles/TablasArticulos.h"
 #include "articles/ventanas/RegistrarVentanas.h"
 #include "comm/cables/AjustesCables.h"

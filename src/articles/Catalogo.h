@@ -57,7 +57,7 @@ class Catalogo {
   }
 
   Cambios& cambios() { return cambios_; }
-  // For the engines that stand on the catalogue; windows leave it alone.
+  // For the engines built on the catalogue; windows leave it alone.
   dao::Database& base() { return db_; }
 
   // Records the history of a price written by another statement, inside its transaction.

@@ -127,7 +127,7 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
   return {};
 }
 
-// The run under way works on the group: nothing from earlier ones is told of it.
+// The run under way works on the group: nothing from earlier ones is reported of it.
 LectorResumen::DeGrupo& LectorResumen::tomarlo(int grupo) {
   DeGrupo& d = porGrupo_[grupo];
   if (d.enCurso) return d;

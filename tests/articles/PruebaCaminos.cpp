@@ -81,7 +81,7 @@ const Camino kCaminos[] = {
      "3 10 1 0 | 3 10 4 0", ""},
     {"moved", [](TiendaDeArticulos& t) { bien(t.catalogo.mover(kDiezSolo, 7)); },
      "3 10 1 1 | 3 10 4 1", ""},
-    {"not moved, the code stands there",
+    {"not moved, the code is taken there",
      [](TiendaDeArticulos& t) {
        EXPECT_EQ(bien(t.catalogo.mover(std::vector<ClaveArticulo>{{3, 11}}, 7)).size(), 1u);
      },

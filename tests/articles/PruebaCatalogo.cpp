@@ -2,7 +2,7 @@
 // operators.
 
 #include "articles/BorradoSeccion.h"
-#include "articles/Busqueda.h"
+#include "articles/Listas.h"
 #include "articles/CodigoBarras.h"
 #include "articles/Existencias.h"
 #include "articles/TiendaDeArticulos.h"

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "app/Ordenes.h"
+#include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
 
 namespace tarvo::app {
@@ -75,7 +76,7 @@ void Encargos::alzar(const QString& ventana) {
   }
   const auto abiertas = ventanas_.abiertas();
   if (abiertas.empty()) return;
-  ventanas::Ventana* principal = ventanas_.cargada(u"MainTarvo"_s);
+  ventanas::Ventana* principal = ventanas_.cargada<PuertaMainTarvo>();
   traerDelante(*(principal ? principal : abiertas.front()));
   // A modal dialog must stay in front of it.
   if (QWidget* modal = QApplication::activeModalWidget()) traerDelante(*modal);

@@ -21,11 +21,12 @@ struct PorNombre {
 
 // The first one means no destination.
 using Lleva =
-    std::variant<std::monostate, PorNombre, PuertaPortalCnf, articles::PuertaBrowGrupos,
-                 automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
-                 automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaEstadoEnvio,
-                 comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaDudasCero,
-                 totals::PuertaVerCols, totals::PuertaVerTot>;
+    std::variant<std::monostate, PorNombre, PuertaMainTarvo, PuertaPortalCnf,
+                 articles::PuertaBrowGrupos, articles::PuertaBrowOper, automation::PuertaAutomat,
+                 automation::PuertaCronos, automation::PuertaDebidos, automation::PuertaEdiCron,
+                 automation::PuertaVeoLog, comm::PuertaEstadoEnvio, comm::PuertaGestcomm,
+                 totals::PuertaCerrSes, totals::PuertaDudasCero, totals::PuertaVerCols,
+                 totals::PuertaVerTot>;
 
 // Empty if there is no destination.
 QString ventanaDe(const Lleva& lleva);

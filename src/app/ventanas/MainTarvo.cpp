@@ -40,7 +40,7 @@ const std::vector<EntradaMenu>& entradas() {
   static const std::vector<EntradaMenu> kEntradas{
       {&U::Balanzas, u"balanza", articles::PuertaBrowGrupos{.grupos = true}},
       {&U::Articulos, u"articulo", articles::PuertaBrowGrupos()},
-      {&U::Operadores, u"operador", PorNombre{u"BrowOper"_s}},
+      {&U::Operadores, u"operador", articles::PuertaBrowOper()},
       {&U::EnviarRecibir, u"recibir", comm::PuertaGestcomm()},
       {&U::Totales, u"totales", totals::PuertaVerTot()},
       {&U::Etiquetas, u"etiqueta", PorNombre{u"EdiEtqu"_s}},

@@ -23,6 +23,7 @@ class MainTarvo final : public ventanas::Ventana {
  public:
   MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion);
   ~MainTarvo() override;
+  Resultado<> entrar(const PuertaMainTarvo&) { return {}; }
 
   bool QueryUnload() override;
   Manana& manana() { return *manana_; }

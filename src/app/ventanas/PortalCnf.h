@@ -1,6 +1,7 @@
 // Configuration and utilities.
 #pragma once
 
+#include "app/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_PortalCnf.h"
 
@@ -9,6 +10,7 @@ namespace tarvo::app {
 class PortalCnf final : public ventanas::Ventana {
  public:
   PortalCnf(ventanas::Contexto& contexto, const QString& nombre);
+  Resultado<> entrar(const PuertaPortalCnf&) { return {}; }
 
  private:
   void ponerAspecto();

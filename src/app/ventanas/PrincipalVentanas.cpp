@@ -51,7 +51,7 @@ std::optional<Lleva> delProceso(const QString& ruta, const Fondo& fondo, const A
 std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
                                     const ventanas::Ventanas& todas) {
   if (!o.ventana.isEmpty()) return PorNombre{o.ventana, todas.muestra(o.ventana)};
-  if (o.proceso.trimmed().isEmpty()) return PorNombre{u"MainTarvo"_s};
+  if (o.proceso.trimmed().isEmpty()) return PuertaMainTarvo();
   return delProceso(rutaProceso(o.proceso, fondo.ajustes), fondo, app);
 }
 

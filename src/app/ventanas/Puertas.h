@@ -23,6 +23,7 @@ struct PuertaPortalCnf {
 // The main window.
 struct PuertaMainTarvo {
   static constexpr QStringView kNombre = u"MainTarvo";
+  bool operator==(const PuertaMainTarvo&) const = default;
 };
 
 }  // namespace tarvo::app

@@ -13,12 +13,8 @@
 namespace tarvo::app {
 
 void registrarVentanasPrincipal(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
-  using ventanas::Contexto;
-  ventanas.registrar(QStringLiteral("MainTarvo"), [&](Contexto& c, const QString& n) {
-    return new MainTarvo(c, n, aplicacion);
-  });
-  ventanas.registrar(QStringLiteral("PortalCnf"),
-                     [](Contexto& c, const QString& n) { return new PortalCnf(c, n); });
+  ventanas.registrar<PuertaMainTarvo, MainTarvo>(aplicacion);
+  ventanas.registrar<PuertaPortalCnf, PortalCnf>();
   ventanas.registrar<PuertaElemPerso, ElemPerso>();
 }
 

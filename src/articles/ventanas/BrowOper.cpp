@@ -1,5 +1,6 @@
 #include "articles/ventanas/BrowOper.h"
 
+#include "articles/Listas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -56,9 +57,8 @@ void BrowOper::montar() {
           Qt::QueuedConnection);
 }
 
-Resultado<> BrowOper::preparar(const ventanas::Argumentos&) {
-  TARVO_INTENTAR(
-      ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
+Resultado<> BrowOper::entrar(const PuertaBrowOper&) {
+  TARVO_INTENTAR(ui_.Grid->abrir(listaOperadores()));
   actualCambiada();
   ui_.Grid->setFocus();
   return {};

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "articles/Operadores.h"
+#include "articles/ventanas/Puertas.h"
 #include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_BrowOper.h"
@@ -14,7 +15,7 @@ class BrowOper final : public ventanas::Ventana {
   Q_OBJECT
  public:
   BrowOper(ventanas::Contexto& contexto, const QString& nombre, Operadores& motor);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const PuertaBrowOper& puerta);
   bool QueryUnload() override;
 
  private:

@@ -119,10 +119,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Importe,
        .ancho = kAnchoPrecio,
        .editar = ponerPrecio(0, 0)},
-      {.titulo = kTxUnidad,
-       .campo = u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s,
-       .ancho = 60,
-       .rango = 1},
+      {.titulo = kTxUnidad, .campo = columnaUnidad(), .ancho = 60, .rango = 1},
       {.titulo = kTxDepto,
        .campo = u"DEPTO"_s,
        .clase = Clase::Codigo,
@@ -146,7 +143,7 @@ void BrowPLUs::prepararParrilla() {
        .ancho = kAnchoPrecio,
        .oculta = true},
       {.titulo = ventanas::kTxCodigoDeBarras,
-       .campo = u"iif(isnull(CodBarExt),trim(PFX_BAR) & format(CODPLU,'000000'),CodBarExt)"_s,
+       .campo = columnaCodigoBarras(),
        .ancho = 130,
        .oculta = true}};
   anadirPrecios(columnas);
@@ -236,11 +233,7 @@ FiltroArticulos BrowPLUs::filtro() const {
 
 void BrowPLUs::listar() {
   if (seccion_ == 0) return;
-  ventanas::Origen o{.desde = u"PLUSES"_s, .clave = u"PLUSES.rowid"_s, .orden = u"CODPLU"_s};
-  Condicion c = filtro().condicion();
-  o.filtro = std::move(c.sql);
-  o.parametros = std::move(c.valores);
-  haIdoBien(ui_.Grid->abrir(std::move(o)));
+  haIdoBien(ui_.Grid->abrir(listaArticulos(filtro())));
   cambios_ = contexto().base.cambios();
   ui_.Grid->ponerVacia(t(ui_.Filtro->text().trimmed().isEmpty() ? kTxListaVacia : kTxNadaFiltrado),
                        ui_.Nuevo);

@@ -3,8 +3,8 @@
 // can be restored.
 #pragma once
 
-#include "articles/Busqueda.h"
 #include "articles/FichaArticulo.h"
+#include "articles/Listas.h"
 #include "articles/Lotes.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ParrillaPrecios.h"

@@ -56,6 +56,12 @@ struct PuertaQueHacemos {
   QString que = {};
 };
 
+// The operators.
+struct PuertaBrowOper {
+  static constexpr QStringView kNombre = u"BrowOper";
+  bool operator==(const PuertaBrowOper&) const = default;
+};
+
 // Asks for an operator and returns its code.
 struct PuertaSelOpe {
   static constexpr QStringView kNombre = u"SelOpe";

@@ -12,9 +12,6 @@
 
 namespace tarvo::articles {
 
-using namespace Qt::StringLiterals;
-using ventanas::fabrica;
-
 void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, Operadores& operadores,
                                 motor::gestcomm& motor) {
   v.registrar<PuertaBrowGrupos, BrowGrupos>(catalogo, motor);
@@ -22,7 +19,7 @@ void registrarVentanasArticulos(ventanas::Ventanas& v, Catalogo& catalogo, Opera
   v.registrar<PuertaBrowPLUs, BrowPLUs>(catalogo, motor);
   v.registrar<PuertaXEditPLU, XEditPLU>(catalogo);
   v.registrar<PuertaEntNmSc, EntNmSc>();
-  v.registrar(u"BrowOper"_s, fabrica<BrowOper>(operadores));
+  v.registrar<PuertaBrowOper, BrowOper>(operadores);
   v.registrar<PuertaSelOpe, SelOpe>();
   v.registrar<PuertaQueHacemos, QueHacemos>();
   v.registrar<PuertaVerPrecios, VerPrecios>();

@@ -1,5 +1,6 @@
 #include "articles/ventanas/SelOpe.h"
 
+#include "articles/Listas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -25,8 +26,7 @@ SelOpe::SelOpe(ventanas::Contexto& contexto, const QString& nombre) : Ventana(co
 }
 
 Resultado<> SelOpe::entrar(const PuertaSelOpe&) {
-  TARVO_INTENTAR(
-      ui_.Grid->abrir({.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s}));
+  TARVO_INTENTAR(ui_.Grid->abrir(listaOperadores()));
   ui_.Acepto->setEnabled(ui_.Grid->filas() > 0);
   ui_.Grid->setFocus();
   return {};

@@ -2,6 +2,7 @@
 
 #include <QIntValidator>
 
+#include "articles/Listas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -40,7 +41,7 @@ std::vector<ventanas::Columna> columnasHistoria(const ventanas::Ventana& v, bool
       {.titulo = kTxCuando, .campo = u"CUANDO"_s, .clase = Clase::Momento, .ancho = 170}};
   if (conArticulo) {
     c.push_back({.titulo = ventanas::kTxCodigo,
-                 .campo = u"HistoriaPrecios.CODPLU"_s,
+                 .campo = columnaCodigoHistoria(),
                  .clase = Clase::Codigo,
                  .cifras = 7});
     c.push_back({.titulo = ventanas::kTxNombre, .campo = u"NOMPLU"_s, .ancho = 170});
@@ -88,23 +89,10 @@ Resultado<> VerPrecios::entrar(const PuertaVerPrecios& puerta) {
 }
 
 void VerPrecios::filtrar() {
-  ventanas::Origen o{.desde =
-                         u"HistoriaPrecios LEFT JOIN PLUSES ON "
-                         u"(PLUSES.SECCION=HistoriaPrecios.SECCION) AND "
-                         u"(PLUSES.CODPLU=HistoriaPrecios.CODPLU)"_s,
-                     .filtro = u"HistoriaPrecios.SECCION=?"_s,
-                     .parametros = {ui_.LstSec->currentData().toInt()},
-                     .clave = u"HistoriaPrecios.ID"_s,
-                     .orden = u"HistoriaPrecios.ID DESC"_s};
-  if (const qint64 codigo = ui_.txCod->text().toLongLong(); codigo > 0) {
-    o.filtro += u" AND HistoriaPrecios.CODPLU=?"_s;
-    o.parametros.emplace_back(codigo);
-  }
-  if (const int tarifa = ui_.LstTarifa->currentData().toInt(); tarifa >= 0) {
-    o.filtro += u" AND TARIFA=?"_s;
-    o.parametros.emplace_back(tarifa);
-  }
-  haIdoBien(ui_.Grid->abrir(std::move(o)));
+  FiltroHistoria f{.seccion = ui_.LstSec->currentData().toInt()};
+  if (const qint64 codigo = ui_.txCod->text().toLongLong(); codigo > 0) f.codigo = codigo;
+  if (const int tarifa = ui_.LstTarifa->currentData().toInt(); tarifa >= 0) f.tarifa = tarifa;
+  haIdoBien(ui_.Grid->abrir(listaHistoria(f)));
 }
 
 }  // namespace tarvo::articles

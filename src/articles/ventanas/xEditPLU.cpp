@@ -11,6 +11,7 @@
 
 #include "articles/CodigoBarras.h"
 #include "articles/Limites.h"
+#include "articles/Listas.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
@@ -262,11 +263,8 @@ Resultado<> XEditPLU::entrar(const PuertaXEditPLU& puerta) {
   TARVO_TOMAR(auto ficha, fichas_.leer(clave, puerta.departamento));
   TARVO_INTENTAR(
       ventanas::llenar(*departamentos_, contexto().nombres.departamentos(clave.seccion), 2));
-  TARVO_INTENTAR(listaHistoria_->abrir({.desde = u"HistoriaPrecios"_s,
-                                        .filtro = u"SECCION=? AND CODPLU=?"_s,
-                                        .parametros = {clave.seccion, clave.codigo},
-                                        .clave = u"HistoriaPrecios.ID"_s,
-                                        .orden = u"HistoriaPrecios.ID DESC"_s}));
+  TARVO_INTENTAR(
+      listaHistoria_->abrir(listaHistoria({.seccion = clave.seccion, .codigo = clave.codigo})));
   padre_ = puerta.padre;
   cada_ = ficha.articulo.cada;
   TARVO_INTENTAR(editar(std::move(ficha)));

@@ -50,6 +50,7 @@ void XEditPLU::pintarMoneda() {
   listaHistoria_->ponerMoneda(moneda_);
   listaStock_->ponerMoneda(moneda_);
   botonMoneda_->setText(contexto().ajustes.MonedaLogo[static_cast<size_t>(moneda_)].trimmed());
+  botonMoneda_->setAccessibleName(botonMoneda_->text());
   for (Campo* c : medidas_) c->mostrar();
   unidadStock_->setText(t(r.articulo.porPeso() ? kTxKgs : kTxUds));
   pintarStock();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/ventanas/Puertas.h"
 #include "automation/ventanas/ColumnasHorario.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -140,11 +141,13 @@ Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
 
 void CronosVentana::relevarPrincipal() {
   Ventanas& todas = contexto().ventanas;
-  if (todas.cargada(u"MainTarvo"_s) && todas.descargar(u"MainTarvo"_s)) habiaPrincipal_ = true;
+  if (todas.cargada<app::PuertaMainTarvo>() &&
+      todas.descargar(ventanas::nombreDe(app::PuertaMainTarvo())))
+    habiaPrincipal_ = true;
 }
 
 bool CronosVentana::QueryUnload() {
-  if (std::exchange(habiaPrincipal_, false)) contexto().ventanas.abrir(u"MainTarvo"_s);
+  if (std::exchange(habiaPrincipal_, false)) contexto().ventanas.abrir(app::PuertaMainTarvo());
   return false;
 }
 

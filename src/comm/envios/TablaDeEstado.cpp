@@ -4,6 +4,25 @@
 
 namespace tarvo::envios {
 
+using namespace Qt::StringLiterals;
+
+dao::Origen listaEstados() {
+  return {.desde = u"EstadoDeEnvio"_s, .identidad = u"CODPLU"_s, .orden = u"CODPLU"_s};
+}
+
+dao::Origen listaEstados(Situacion cual) {
+  dao::Origen o = listaEstados();
+  o.filtro = u"SITUACION=?"_s;
+  o.parametros = {static_cast<int>(cual)};
+  return o;
+}
+
+dao::Origen listaEstadosSalvo(Situacion cual) {
+  dao::Origen o = listaEstados(cual);
+  o.filtro = u"SITUACION<>?"_s;
+  return o;
+}
+
 Resultado<bool> TablaDeEstado::paso(Trabajo::Avance& avance) {
   constexpr size_t kFilasPorPaso = 500;
   if (!hecha_) {

@@ -2,13 +2,18 @@
 #pragma once
 
 #include "comm/envios/Estado.h"
+#include "core/dao/Origen.h"
 #include "core/tiempo/Trabajo.h"
 
 namespace tarvo::envios {
 
-// Columns: CODPLU, NOMPLU, SITUACION (a number), DESDE, MOTIVO. It is dropped with the connection.
-inline constexpr char16_t kTablaDeEstado[] = u"EstadoDeEnvio";
+// The rows of the table in one state, in every state but that one, or all of them; by code.
+// Columns: CODPLU, NOMPLU, SITUACION (a number), DESDE, MOTIVO.
+dao::Origen listaEstados();
+dao::Origen listaEstados(Situacion cual);
+dao::Origen listaEstadosSalvo(Situacion cual);
 
+// Fills the table, which is dropped with the connection.
 class TablaDeEstado {
  public:
   TablaDeEstado(dao::Database& db, std::vector<EstadoArticulo> articulos)

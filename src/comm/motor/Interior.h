@@ -117,7 +117,7 @@ struct gestcomm::Interior {
   std::vector<Observador*> observadores;
   std::vector<DatosTarea> quitadas;  // removed by the operator, the latest last
   std::set<int> gruposFallidos;
-  // By group; nothing stands for a failure noted from outside.
+  // By group; nothing means a failure noted from outside.
   std::map<int, std::set<std::optional<TipoTarea>>> clasesFallidas;
   qint64 ejecucionFallidos = 0;
   std::function<void()> alCerrar;

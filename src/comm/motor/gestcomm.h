@@ -81,7 +81,7 @@ class gestcomm final : private enlace::ClienteEnlace {
   };
   bool Vigilando() const;  // the tasks have a watcher
   Cuenta CuantosQuedan() const;
-  // The groups whose reading failed or didn't stand; they are not zeroed.
+  // The groups whose reading failed or wasn't accepted; they are not zeroed.
   const std::set<int>& GruposFallidos() const;
   void anadirGrupoFallido(int grupo);
 

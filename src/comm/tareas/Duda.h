@@ -28,7 +28,7 @@ class Contraste {
     iguales_ = 0;
   }
   bool dudosa() const { return dudosa_; }
-  // A list has ended: true if it stands, since it isn't in doubt or came `veces` times running;
+  // A list has ended: true if it is accepted, since it isn't in doubt or came `veces` times running;
   // false if it is to be requested again. An Error of class Formato if it never comes twice alike.
   Resultado<bool> vale(const Lista& lista, const Textos& textos, int veces = 2) {
     iguales_ = leida_ == lista ? iguales_ + 1 : 1;
@@ -72,7 +72,7 @@ class DudaDeLista {
   void dudar() { contraste_.dudar(); }
   void romper() { contraste_.romper(); }
   Resultado<bool> vale(const Lista& lista) { return contraste_.vale(lista, e_.textos); }
-  // The last list of the task stands.
+  // The last list of the task is accepted.
   Resultado<> acabar() {
     TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota_));
     return {};

@@ -84,7 +84,7 @@ class Lista : public motor::CursoTarea {
     return Siguiente{Siguiente::Enviar, addr, p.codigo, p.datos, 0, kUnaVez};
   }
   void obedecida() { ordenada_ = false; }
-  // The list now read stands: the machine has forgotten the one on disk.
+  // The list now read is accepted: the machine has forgotten the one on disk.
   bool yaOlvidada() const { return releida_ && lineas_.empty(); }
   // A frame of lines has come, not yet added. If equal to the one before it, it may be a repeat; if
   // equal to the first, the list may have begun again.
@@ -96,7 +96,7 @@ class Lista : public motor::CursoTarea {
     if (repeticiones_ > 0 && datos == primera_) dudar();
     ultima_ = datos;
   }
-  // The list has ended: true if it stands. A disturbed list has to come identical twice running, or
+  // The list has ended: true if it is accepted. A disturbed list has to come identical twice running, or
   // four times if it has frames that repeat others; it is read again from the start.
   Resultado<bool> vale() {
     const int veces = std::exchange(repeticiones_, 0) > 0 ? 4 : 2;

@@ -183,16 +183,11 @@ void EstadoEnvio::contar(const Estados& estados) {
 void EstadoEnvio::filtrar() {
   if (!llena_) return;
   const auto que = static_cast<int>(elegido(*ui_.Ver));
-  Origen o{.desde = QString::fromUtf16(envios::kTablaDeEstado),
-           .identidad = u"CODPLU"_s,
-           .orden = u"CODPLU"_s};
-  if (que == kPorArreglar)
-    o.filtro = u"SITUACION<>?"_s, o.parametros = {static_cast<int>(Situacion::AlDia)};
-  else if (que != kTodos)
-    o.filtro = u"SITUACION=?"_s, o.parametros = {que};
   ui_.lista->ponerVacia(que == kPorArreglar ? t(kTxTodoAlDia).arg(ui_.Grupo->currentText())
                                             : t(kTxNingunoAsi));
-  haIdoBien(ui_.lista->abrir(o));
+  haIdoBien(ui_.lista->abrir(que == kPorArreglar ? envios::listaEstadosSalvo(Situacion::AlDia)
+                             : que == kTodos     ? envios::listaEstados()
+                                             : envios::listaEstados(static_cast<Situacion>(que))));
   mostrarFicha();
 }
 

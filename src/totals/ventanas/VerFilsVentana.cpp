@@ -19,18 +19,18 @@ constexpr int kReposoFilas = 60;  // ms without a change before the chart is dra
 
 // Each counter alone, or summed if one row combines all groups.
 std::vector<ventanas::Columna> columnasFilas(int tipo, TipoTotal clase, bool porGrupo) {
-  const auto cuenta = [porGrupo](const QString& campo) {
-    return porGrupo ? campo : u"sum("_s + campo + u')';
+  const auto cuenta = [porGrupo](CampoFila campo) {
+    return porGrupo ? columnaFila(campo) : columnaSumada(campo);
   };
   const auto fecha = [tipo](const dao::Valor& v) { return FormatoPeriodo(tipo, v.fecha()); };
   std::vector<ventanas::Columna> c{
       {.titulo = kTxFecha,
-       .campo = u"COLUMNA.FECHA1"_s,
+       .campo = columnaFila(CampoFila::Desde),
        .clase = Clase::Fecha,
        .ancho = 160,
        .ver = fecha},
       {.titulo = kTxHASTA,
-       .campo = u"COLUMNA.FECHAF"_s,
+       .campo = columnaFila(CampoFila::Hasta),
        .clase = Clase::Fecha,
        .ancho = 160,
        .oculta = tipo != kOtros,
@@ -38,22 +38,31 @@ std::vector<ventanas::Columna> columnasFilas(int tipo, TipoTotal clase, bool por
       {.titulo = ventanas::kTxNombre, .campo = nombreFilas(clase), .ancho = 200}};
   if (porGrupo)
     c.push_back({.titulo = ventanas::kTxGrupo,
-                 .campo = u"t.GRUPO"_s,
+                 .campo = columnaFila(CampoFila::Grupo),
                  .clase = Clase::Codigo,
                  .cifras = 4,
                  .ancho = 72});
   else
     c.push_back({.titulo = ventanas::kTxGrupos,
-                 .campo = u"count(t.CON)"_s,
+                 .campo = columnaCuantas(),
                  .clase = Clase::Entero,
                  .ancho = 80});
-  c.push_back({.titulo = kTxOp, .campo = cuenta(u"t.CON"_s), .clase = Clase::Entero, .suma = true});
-  c.push_back(
-      {.titulo = kTxPeso, .campo = cuenta(u"t.PES"_s), .clase = Clase::Cantidad, .suma = true});
-  c.push_back(
-      {.titulo = kTxImpte, .campo = cuenta(u"t.IMP"_s), .clase = Clase::Importe, .suma = true});
-  c.push_back(
-      {.titulo = kTxDesct, .campo = cuenta(u"t.SCO"_s), .clase = Clase::Importe, .suma = true});
+  c.push_back({.titulo = kTxOp,
+               .campo = cuenta(CampoFila::Operaciones),
+               .clase = Clase::Entero,
+               .suma = true});
+  c.push_back({.titulo = kTxPeso,
+               .campo = cuenta(CampoFila::Peso),
+               .clase = Clase::Cantidad,
+               .suma = true});
+  c.push_back({.titulo = kTxImpte,
+               .campo = cuenta(CampoFila::Importe),
+               .clase = Clase::Importe,
+               .suma = true});
+  c.push_back({.titulo = kTxDesct,
+               .campo = cuenta(CampoFila::Descuento),
+               .clase = Clase::Importe,
+               .suma = true});
   return c;
 }
 
@@ -124,7 +133,7 @@ void VerFilsVentana::filtrar() {
   filtro_.grupo = elegidoEn(*ui_.AllGrp);
   porGrupo_ = filtro_.grupo.has_value();
   prepararParrilla();
-  abrirFilas(filtro_.condicion());
+  haIdoBien(ui_.Grid->abrir(listaDeCodigo(filtro_)));
   const QString codigo = Ceros(filtro_.codigo, cifrasCodigo(filtro_.clase));
   setWindowTitle(t(kTxTotalizacion)
                      .arg(nombreClase(contexto().textos, filtro_.clase), codigo + u' ' + nombre_)
@@ -142,18 +151,6 @@ void VerFilsVentana::filtrar() {
 void VerFilsVentana::prepararParrilla() {
   ui_.Grid->preparar(contexto(), nombre(), columnasFilas(filtro_.tipo, filtro_.clase, porGrupo_));
   ui_.Grid->ponerMoneda(moneda_);
-}
-
-void VerFilsVentana::abrirFilas(const Condicion& c) {
-  ventanas::Origen o{.desde = fuenteFilas(filtro_.clase, true),
-                     .filtro = c.sql,
-                     .parametros = c.valores,
-                     .orden = u"COLUMNA.FECHA1 DESC"_s};
-  if (porGrupo_)
-    o.clave = u"t.rowid"_s;
-  else
-    o.agrupado = u"COLUMNA.FECHA1, COLUMNA.FECHAF, "_s + nombreFilas(filtro_.clase);
-  haIdoBien(ui_.Grid->abrir(std::move(o)));
 }
 
 void VerFilsVentana::pintarGrafica() {

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "core/ventanas/marco/Ventana.h"
-#include "totals/periodos/ConsultaFilas.h"
+#include "totals/periodos/Listas.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_VerFils.h"
 
@@ -22,7 +22,6 @@ class VerFilsVentana final : public ventanas::Ventana {
   Resultado<> elegirPrimero();
   void prepararParrilla();
   void filtrar();
-  void abrirFilas(const Condicion& c);
   void pintarGrafica();
   void pedirIntervalo();
   void usarMoneda(int moneda);

@@ -8,6 +8,7 @@
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/periodos/Listas.h"
 #include "totals/periodos/Sumas.h"
 #include "totals/ventanas/LadoGrafica.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -125,12 +126,7 @@ void VerTotVentana::tipoCambiado() {
   }
   ui_.acumule->setEnabled(tipo_ != kAnual);
   if (!ui_.Grid->consulta()) prepararParrilla();
-  ventanas::Origen o{.desde = u"COLUMNA"_s, .clave = u"COLUMNA.LINK"_s, .orden = u"FECHA1 DESC"_s};
-  if (tipo_ > 0) {
-    o.filtro = u"TIPO=?"_s;
-    o.parametros = {tipo_};
-  }
-  haIdoBien(ui_.Grid->abrir(std::move(o)));
+  haIdoBien(ui_.Grid->abrir(listaPeriodos(tipo_)));
   cambios_ = contexto().base.cambios();
   actualCambiada();
 }

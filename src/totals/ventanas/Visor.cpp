@@ -36,32 +36,44 @@ std::optional<qint64> codigoDe(const QLineEdit& campo) {
 std::vector<ventanas::Columna> columnasVisor(TipoTotal clase) {
   std::vector<ventanas::Columna> c{
       {.titulo = kTxSec,
-       .campo = u"GRUPOS.SECCION"_s,
+       .campo = columnaFila(CampoFila::Seccion),
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 56},
       {.titulo = ventanas::kTxGrupo,
-       .campo = u"t.GRUPO"_s,
+       .campo = columnaFila(CampoFila::Grupo),
        .clase = Clase::Codigo,
        .cifras = 4,
        .ancho = 72},
       {.titulo = clase == TipoTotal::Horario ? ventanas::kTxHora : ventanas::kTxCodigo,
-       .campo = u"t.CODI"_s,
+       .campo = columnaFila(CampoFila::Codigo),
        .clase = Clase::Codigo,
        .cifras = cifrasCodigo(clase)}};
   if (clase == TipoTotal::OperHora)
     c.push_back({.titulo = ventanas::kTxHora,
-                 .campo = u"t.HORA"_s,
+                 .campo = columnaFila(CampoFila::Hora),
                  .clase = Clase::Codigo,
                  .cifras = 2,
                  .ancho = 64});
   c.push_back({.titulo = ventanas::kTxNombre,
                .campo = nombreFilas(clase),
                .ancho = clase == TipoTotal::OperHora ? 160 : 220});
-  c.push_back({.titulo = kTxOp, .campo = u"t.CON"_s, .clase = Clase::Entero, .suma = true});
-  c.push_back({.titulo = kTxPeso, .campo = u"t.PES"_s, .clase = Clase::Cantidad, .suma = true});
-  c.push_back({.titulo = kTxImpte, .campo = u"t.IMP"_s, .clase = Clase::Importe, .suma = true});
-  c.push_back({.titulo = kTxDesct, .campo = u"t.SCO"_s, .clase = Clase::Importe, .suma = true});
+  c.push_back({.titulo = kTxOp,
+               .campo = columnaFila(CampoFila::Operaciones),
+               .clase = Clase::Entero,
+               .suma = true});
+  c.push_back({.titulo = kTxPeso,
+               .campo = columnaFila(CampoFila::Peso),
+               .clase = Clase::Cantidad,
+               .suma = true});
+  c.push_back({.titulo = kTxImpte,
+               .campo = columnaFila(CampoFila::Importe),
+               .clase = Clase::Importe,
+               .suma = true});
+  c.push_back({.titulo = kTxDesct,
+               .campo = columnaFila(CampoFila::Descuento),
+               .clase = Clase::Importe,
+               .suma = true});
   return c;
 }
 
@@ -199,15 +211,8 @@ void Visor::filtrar() {
   filtro_.desde = codigoDe(*ui_.desde);
   filtro_.hasta = codigoDe(*ui_.hasta);
   if (porOperador_) filtro_.desde = filtro_.hasta = elegidoEn(*ui_.LstOper);
-  const Condicion c = filtro_.condicion();
   UpdateCaption();
-  haIdoBien(
-      ui_.Grid->abrir({.desde = fuenteFilas(filtro_.clase, false),
-                       .filtro = c.sql,
-                       .parametros = c.valores,
-                       .clave = u"t.rowid"_s,
-                       .orden = filtro_.clase == TipoTotal::OperHora ? u"t.GRUPO, t.CODI, t.HORA"_s
-                                                                     : u"t.GRUPO, t.CODI"_s}));
+  haIdoBien(ui_.Grid->abrir(listaFilas(filtro_)));
   grafica_->unaVez(kReposoVisor);
   procede_->unaVez(kReposoVisor);
 }
@@ -239,9 +244,10 @@ void Visor::ponerGrafica(const std::vector<Punto>& puntos) {
 void Visor::pintarProcedencia() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0) return ui_.procede->setText({});
-  const auto texto = textoProcedencia(*this, p_, filtro_.link,
-                                      static_cast<int>(ui_.Grid->valor(fila, u"t.GRUPO").entero()),
-                                      filtro_.clase, ui_.Grid->valor(fila, u"t.CODI").entero());
+  const auto texto = textoProcedencia(
+      *this, p_, filtro_.link,
+      static_cast<int>(ui_.Grid->valor(fila, columnaFila(CampoFila::Grupo)).entero()),
+      filtro_.clase, ui_.Grid->valor(fila, columnaFila(CampoFila::Codigo)).entero());
   if (haIdoBien(texto)) ui_.procede->setText(*texto);
 }
 
@@ -249,11 +255,11 @@ void Visor::pintarProcedencia() {
 void Visor::verFila() {
   const int fila = ui_.Grid->filaActual();
   if (fila < 0 || deHoras()) return;
-  abrir(
-      PuertaVerFils{.clase = filtro_.clase,
-                    .seccion = static_cast<int>(ui_.Grid->valor(fila, u"GRUPOS.SECCION").entero()),
-                    .codigo = ui_.Grid->valor(fila, u"t.CODI").entero(),
-                    .moneda = moneda_});
+  abrir(PuertaVerFils{
+      .clase = filtro_.clase,
+      .seccion = static_cast<int>(ui_.Grid->valor(fila, columnaFila(CampoFila::Seccion)).entero()),
+      .codigo = ui_.Grid->valor(fila, columnaFila(CampoFila::Codigo)).entero(),
+      .moneda = moneda_});
 }
 
 }  // namespace tarvo::totals

@@ -5,7 +5,7 @@
 
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Aparte.h"
-#include "totals/periodos/ConsultaFilas.h"
+#include "totals/periodos/Listas.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_Visor.h"
 

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 #include <QTimer>
@@ -346,6 +347,36 @@ TEST_F(ConFicha, ParaQuienNoVe) {
     caja([&] { pulsar(w, u"Cancelo"_s); });
   });
   EXPECT_TRUE(contestado);
+}
+
+// An entry of a menu pressed by an assistive tool answers before what it opens does.
+TEST(Accesible, UnaEntradaDeMenuNoEspera) {
+  const Mesa m;
+  QMenu menu;
+  QAction* entrada = menu.addAction(u"&Puesta a CERO…"_s);
+  menu.addSeparator();
+  QAction* vetada = menu.addAction(u"Vetada"_s);
+  vetada->setEnabled(false);
+  const QMenu* otro = menu.addMenu(u"Más"_s);
+  int dadas = 0;
+  for (QAction* a : {entrada, vetada})
+    QObject::connect(a, &QAction::triggered, &menu, [&] { ++dadas; });
+  const auto hijo = [&](int cual) {
+    return QAccessible::queryAccessibleInterface(&menu)->child(cual);
+  };
+  auto* i = hijo(0);
+  ASSERT_TRUE(i && i->actionInterface());
+  EXPECT_EQ(i->text(QAccessible::Name), u"Puesta a CERO…");
+  EXPECT_EQ(i->role(), QAccessible::MenuItem);
+  EXPECT_EQ(i->parent()->object(), &menu);
+  EXPECT_EQ(hijo(1)->role(), QAccessible::Separator);
+  EXPECT_TRUE(hijo(2)->state().disabled);
+  EXPECT_EQ(hijo(3)->child(0)->object(), otro);
+  for (const int cual : {0, 2})
+    hijo(cual)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(dadas, 0) << "it waited";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(dadas, 1);
 }
 
 // Cells are restored one by one, the last first; one that can't be restored stays on the stack.

@@ -27,7 +27,9 @@ struct Lista : Mesa {
     p.show();
     p.vista()->setFocus();
   }
-  void abrir(Origen o = {.desde = u"ART"_s, .clave = u"CODIGO"_s}) { bien(p.abrir(std::move(o))); }
+  void abrir(dao::Origen o = {.desde = u"ART"_s, .clave = u"CODIGO"_s}) {
+    bien(p.abrir(std::move(o)));
+  }
   bool contada() {
     return esperar([this] { return !p.contando(); });
   }
@@ -40,7 +42,7 @@ struct Lista : Mesa {
   Parrilla p;
 };
 
-Origen agrupados() {
+dao::Origen agrupados() {
   return {.desde = u"ART"_s,
           .filtro = u"CODIGO<=?"_s,
           .parametros = {dao::Valor(300)},
@@ -102,6 +104,21 @@ TEST(Parrilla, InicioYFinVanALasFilasYConCtrlLasFlechasALasColumnas) {
   tecla(Qt::Key_Down);
   tecla(Qt::Key_Home, Qt::ShiftModifier);
   EXPECT_EQ(l.p.filasParaActuar(), (std::vector<int>{0, 1, 2, 3}));
+}
+
+TEST(Parrilla, ElegirTodasDondeSeEligeUna) {
+  Lista l(5);
+  l.abrir();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&l.p));
+  const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
+  QTest::keyClick(l.p.vista(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(l.p.filasParaActuar().size(), 5U);
+  EXPECT_EQ(aviso->text(), u"");
+  l.p.ponerUnaSola(true);
+  l.p.irA(2);
+  QTest::keyClick(l.p.vista(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(l.p.filasParaActuar(), std::vector<int>{2});
+  EXPECT_EQ(aviso->text(), u"En esta lista se elige una sola fila.");
 }
 
 // The other keys are read by another connection, which doesn't see uncommitted changes of this one;

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTabWidget>
 #include <QTableWidget>
 
@@ -106,11 +107,15 @@ TEST(TraducirForm, NombresParaQuienNoVe) {
   conNombre.setToolTip(u"TXT9900"_s);
   QPushButton boton(u"Suyo"_s, &form);
   boton.setToolTip(u"TXT9900"_s);
+  QLabel delGrupo(u"TXT9902"_s, &form);
+  QRadioButton conTexto(u"Suyo"_s, &form);
+  delGrupo.setBuddy(&conTexto);
   TraducirForm(form, m.textos, Idioma::Espanol);
   EXPECT_EQ(campo.accessibleName(), u"Nombre");
   EXPECT_EQ(conPista.accessibleName(), u"Uno");
   EXPECT_EQ(conNombre.accessibleName(), u"El suyo");
   EXPECT_EQ(boton.accessibleName(), u"");
+  EXPECT_EQ(conTexto.accessibleName(), u"") << "its own text";
 }
 
 }  // namespace tarvo::prueba

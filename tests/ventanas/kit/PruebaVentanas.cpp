@@ -135,7 +135,7 @@ TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
   p.todas().registrar(u"Conocida"_s, [&](Contexto& c, const QString& n) {
     auto* v = new Muestra(c, n, *p.db);
     v->ui.abrir->setShortcut(Qt::Key_F3);
-    v->ui.borrar->setShortcut(Qt::CTRL | Qt::Key_E);
+    v->ui.borrar->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
     return v;
   });
   Muestra* v = p.abrir(u"Conocida"_s);
@@ -145,7 +145,7 @@ TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
   v->ui.lista->vista()->setFocus();
   QSignalSpy abre(v->ui.abrir, &QAction::triggered), borra(v->ui.borrar, &QAction::triggered);
   QTest::keyClick(v->ui.lista->vista(), Qt::Key_F3);
-  QTest::keyClick(v->ui.lista->vista(), Qt::Key_E, Qt::ControlModifier);
+  QTest::keyClick(v->ui.lista->vista(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
   EXPECT_EQ(abre.count(), 1);
   EXPECT_EQ(borra.count(), 1);
   v->ui.lista->irA(0);

@@ -143,7 +143,7 @@ TEST(VentanaOfertas, IntroNoPasaDeLoQueNoVale) {
   EXPECT_EQ(m.enFoco(), u"Precio_1");
 }
 
-// However many faults there are, their words stand apart, and whole.
+// However many faults there are, their words are apart, and whole.
 TEST(VentanaOfertas, LasFaltasNoSeTapan) {
   MesaDePrecios m;
   auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});

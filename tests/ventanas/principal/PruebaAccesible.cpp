@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QToolButton>
 
 #include "TodasLasVentanas.h"
 #include "capturas/Cortes.h"
@@ -44,6 +45,24 @@ bool faltaLetra(const QLabel& r, QSet<QChar> usadas) {
          conLetra(texto, usadas) != texto;
 }
 
+constexpr qsizetype kLargoDeUnSigno = 3;
+
+// A button that shows a word is announced by it, and by no caption in its place. The title of its
+// frame may come before it. A sign or an initial is announced by the words of its tip.
+bool conOtroNombre(const QWidget& w, QAccessibleInterface& i) {
+  const auto* b = qobject_cast<const QAbstractButton*>(&w);
+  const auto* h = qobject_cast<const QToolButton*>(b);
+  const bool soloIcono = h && h->toolButtonStyle() == Qt::ToolButtonIconOnly && !h->icon().isNull();
+  if (!b || soloIcono) return false;
+  QString suyo = b->text();
+  suyo.remove(u'&').remove(u'…');
+  if (suyo.size() <= kLargoDeUnSigno) return false;
+  return !i.text(QAccessible::Name).contains(suyo) ||
+         std::ranges::any_of(i.relations(QAccessible::Label), [](const auto& r) {
+           return qobject_cast<QLabel*>(r.first->object());
+         });
+}
+
 QStringList faltasDe(Ventana& v) {
   QStringList faltas = capturas::letrasRepetidas(v);
   const QSet<QChar> usadas = letrasUsadas(v);
@@ -60,6 +79,7 @@ QStringList faltasDe(Ventana& v) {
       if (dicho.startsWith(u"TXT")) faltas << cual + u" dice "_s + dicho;
     if (const auto* r = qobject_cast<QLabel*>(w); r && faltaLetra(*r, usadas))
       faltas << cual + u" no tiene letra: "_s + r->text();
+    if (conOtroNombre(*w, *i)) faltas << cual + u" se oye con otro nombre: "_s + nombre;
     if (!esControl(*w)) continue;
     if (nombre.trimmed().isEmpty()) faltas << cual + u" no tiene nombre"_s;
     if (nombre.contains(u'&')) faltas << cual + u" se oye con su marca: "_s + nombre;

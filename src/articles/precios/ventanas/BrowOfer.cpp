@@ -1,6 +1,7 @@
 // The list: its filters and columns. Its edits are in BrowOferAcciones.cpp.
 #include "articles/precios/ventanas/BrowOfer.h"
 
+#include "articles/precios/Listas.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -68,19 +69,19 @@ void BrowOfer::prepararParrilla() {
   ui_.Grid->preparar(
       contexto(), nombre(),
       {{.titulo = ventanas::kTxGrupo,
-        .campo = u"OFERTAS.GRUPO"_s,
+        .campo = columnaOferta(CampoOferta::Grupo),
         .clase = Clase::Codigo,
         .cifras = 4,
         .oculta = true},
        {.titulo = kTxBorradaCol, .campo = u"borrado"_s, .soloDato = true},
        {.titulo = ventanas::kTxSeccion,
-        .campo = u"OFERTAS.SECCION"_s,
+        .campo = columnaOferta(CampoOferta::Seccion),
         .clase = Clase::Codigo,
         .cifras = 3,
         .oculta = true},
        {.titulo = kTxEnviadaCol, .campo = u"enviado"_s, .clase = Clase::SiNo, .oculta = true},
        {.titulo = ventanas::kTxCodigo,
-        .campo = u"OFERTAS.CODIGO"_s,
+        .campo = columnaOferta(CampoOferta::Codigo),
         .clase = Clase::Codigo,
         .cifras = 7,
         .ancho = 90},
@@ -118,14 +119,7 @@ FiltroOfertas BrowOfer::filtro() const {
 }
 
 Resultado<> BrowOfer::abrirLista() {
-  const Condicion c = filtro().condicion();
-  TARVO_INTENTAR(
-      ui_.Grid->abrir({.desde = u"OFERTAS LEFT JOIN PLUSES ON (OFERTAS.SECCION=PLUSES.SECCION) and "
-                                "(OFERTAS.CODIGO=PLUSES.CODPLU)"_s,
-                       .filtro = c.sql,
-                       .parametros = c.parametros,
-                       .clave = u"OFERTAS.rowid"_s,
-                       .orden = u"OFERTAS.CODIGO"_s}));
+  TARVO_INTENTAR(ui_.Grid->abrir(listaOfertas(filtro())));
   actualizarAcciones();
   return {};
 }
@@ -161,9 +155,10 @@ void BrowOfer::RefrescoRemoto() {
 std::optional<ClaveOferta> BrowOfer::claveDe(qint64 fila) const {
   const int i = ui_.Grid->filaDe(fila);
   if (i < 0) return std::nullopt;
-  return ClaveOferta{static_cast<int>(ui_.Grid->valor(i, u"OFERTAS.GRUPO").entero()),
-                     static_cast<int>(ui_.Grid->valor(i, u"OFERTAS.SECCION").entero()),
-                     ui_.Grid->valor(i, u"OFERTAS.CODIGO").entero()};
+  return ClaveOferta{
+      static_cast<int>(ui_.Grid->valor(i, columnaOferta(CampoOferta::Grupo)).entero()),
+      static_cast<int>(ui_.Grid->valor(i, columnaOferta(CampoOferta::Seccion)).entero()),
+      ui_.Grid->valor(i, columnaOferta(CampoOferta::Codigo)).entero()};
 }
 
 }  // namespace tarvo::precios

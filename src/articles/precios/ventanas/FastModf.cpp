@@ -2,9 +2,10 @@
 
 #include <QTableView>
 
-#include "articles/Busqueda.h"
+#include "articles/Listas.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
+#include "articles/precios/Listas.h"
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -133,11 +134,7 @@ Resultado<> FastModf::abrirLista() {
   ui_.Grd->ponerVacia(t(kTxSinArticulosQueCambiar));
   ui_.Grd->vista()->removeEventFilter(this);
   ui_.Grd->vista()->installEventFilter(this);
-  TARVO_INTENTAR(ui_.Grd->abrir({.desde = u"PLUSES"_s,
-                                 .filtro = u"(SECCION=?) AND (CODPLU>2)"_s,
-                                 .parametros = {ui_.dbS->currentData().toInt()},
-                                 .clave = u"PLUSES.rowid"_s,
-                                 .orden = kCodigo}));
+  TARVO_INTENTAR(ui_.Grd->abrir(listaRapida(ui_.dbS->currentData().toInt())));
   if (ui_.Grd->filas() > 0 && ui_.Grd->filaActual() < 0) ui_.Grd->irA(0);
   articuloCambiado();
   return {};

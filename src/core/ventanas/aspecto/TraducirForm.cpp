@@ -179,9 +179,16 @@ class Enlace {
   Idioma idioma_;
 };
 
+// A button, a check box: it is announced by what it shows.
+bool tieneTexto(const QWidget& control) {
+  const auto* boton = qobject_cast<const QAbstractButton*>(&control);
+  return boton && !boton->text().isEmpty();
+}
+
 void nombrarParaAyudas(QWidget& form) {
   for (const QLabel* rotulo : form.findChildren<QLabel*>())
-    if (QWidget* control = rotulo->buddy(); control && control->accessibleName().isEmpty())
+    if (QWidget* control = rotulo->buddy();
+        control && control->accessibleName().isEmpty() && !tieneTexto(*control))
       control->setAccessibleName(sinMarcas(rotulo->text()));
   for (QWidget* control : form.findChildren<QWidget*>()) {
     if (!control->accessibleName().isEmpty() || control->toolTip().isEmpty()) continue;

@@ -227,7 +227,7 @@ bool Ficha::leer() {
   return malas.empty();
 }
 
-// Faults in words need room, as far as the screen has it: else they stand over each other.
+// Faults in words need room, as far as the screen has it: else they would overlap.
 void Ficha::hacerSitio() {
   const QLayout* todo = cuerpo()->layout();
   if (!todo) return;

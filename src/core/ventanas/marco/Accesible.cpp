@@ -1,6 +1,9 @@
 #include "core/ventanas/marco/Accesible.h"
 
 #include <QAccessibleWidget>
+#include <QAction>
+#include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -70,7 +73,77 @@ class AccesibleBoton final : public QAccessibleWidget {
   QAbstractButton* b_;
 };
 
+// An entry of a menu. One that opens a menu remains the toolkit's: that doesn't wait.
+class AccesibleEntrada final : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  AccesibleEntrada(QAction* a, QMenu* menu) : a_(a), menu_(menu) {}
+
+  bool isValid() const override { return a_ && menu_; }
+  QObject* object() const override { return a_; }
+  QWindow* window() const override { return menu_ ? menu_->windowHandle() : nullptr; }
+  QAccessibleInterface* parent() const override {
+    return QAccessible::queryAccessibleInterface(menu_);
+  }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  int childCount() const override { return 0; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  QRect rect() const override {
+    if (!isValid()) return {};
+    const QRect sitio = menu_->actionGeometry(a_);
+    return {menu_->mapToGlobal(sitio.topLeft()), sitio.size()};
+  }
+  QAccessible::Role role() const override {
+    return a_ && a_->isSeparator() ? QAccessible::Separator : QAccessible::MenuItem;
+  }
+  QString text(QAccessible::Text que) const override {
+    if (!a_) return {};
+    if (que == QAccessible::Accelerator) return a_->shortcut().toString(QKeySequence::NativeText);
+    if (que != QAccessible::Name) return {};
+    QString rotulo = a_->text();
+    rotulo.remove(u'&');
+    return rotulo;
+  }
+  void setText(QAccessible::Text, const QString&) override {}
+  QAccessible::State state() const override {
+    QAccessible::State s;
+    if (!isValid()) return s;
+    s.invisible = !menu_->isVisible() || !a_->isVisible();
+    s.disabled = a_->isSeparator() || !a_->isEnabled();
+    s.focusable = true;
+    s.focused = menu_->activeAction() == a_;
+    s.checkable = a_->isCheckable();
+    s.checked = a_->isChecked();
+    return s;
+  }
+  void* interface_cast(QAccessible::InterfaceType cual) override {
+    return cual == QAccessible::ActionInterface ? static_cast<QAccessibleActionInterface*>(this)
+                                                : nullptr;
+  }
+  QStringList actionNames() const override {
+    if (!a_ || a_->isSeparator() || !a_->isEnabled()) return {};
+    return {pressAction()};
+  }
+  void doAction(const QString& cual) override {
+    if (cual == pressAction() && a_ && a_->isEnabled())
+      QMetaObject::invokeMethod(a_, &QAction::trigger, Qt::QueuedConnection);
+  }
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ private:
+  QPointer<QAction> a_;
+  QPointer<QMenu> menu_;
+};
+
+AccesibleEntrada* hacerEntrada(QAction& a) {
+  if (a.menu()) return nullptr;
+  for (QObject* o : a.associatedObjects())
+    if (auto* menu = qobject_cast<QMenu*>(o)) return new AccesibleEntrada(&a, menu);
+  return nullptr;
+}
+
 QAccessibleInterface* hacer(const QString&, QObject* o) {
+  if (auto* a = qobject_cast<QAction*>(o)) return hacerEntrada(*a);
   if (auto* v = qobject_cast<Ventana*>(o)) return new AccesibleVentana(v);
   if (qobject_cast<QPushButton*>(o) || qobject_cast<QToolButton*>(o))
     return new AccesibleBoton(static_cast<QAbstractButton*>(o));

@@ -21,7 +21,7 @@ QString entreParentesis(const QString& filtro) {
 
 // The filter must not drive the query plan: a period has half a million rows, and the keys are few.
 // `todas`: also rows that the filter no longer lets through.
-QString conClaves(const Origen& o, const QString& que, const QString& clave, int cuantas,
+QString conClaves(const dao::Origen& o, const QString& que, const QString& clave, int cuantas,
                   bool todas = false) {
   const QString filtro =
       o.filtro.isEmpty()
@@ -35,7 +35,7 @@ QString conClaves(const Origen& o, const QString& que, const QString& clave, int
                     {u"claves", u"?,"_s.repeated(cuantas).chopped(1)}});
 }
 
-Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, const Origen& o,
+Resultado<std::vector<ModeloParrilla::Clave>> leerClaves(dao::Database& db, const dao::Origen& o,
                                                          const QString& orden, qint64 cuantas) {
   std::vector<dao::Valor> valores = o.parametros;
   valores.emplace_back(cuantas);
@@ -65,7 +65,7 @@ ModeloSql::~ModeloSql() {
   soltarCopia();
 }
 
-Resultado<> ModeloSql::abrir(Origen origen) {
+Resultado<> ModeloSql::abrir(dao::Origen origen) {
   return leer(std::move(origen), columnaOrden_, sentido_, false);
 }
 
@@ -82,7 +82,7 @@ Resultado<> ModeloSql::ordenar(int columna, Qt::SortOrder sentido) {
 
 // `todas`: reads all keys at once, so that the selection and the row in view can be found among
 // them.
-Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
+Resultado<> ModeloSql::leer(dao::Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Q_EMIT vaARenovar();
   auto hecho = releer(std::move(nuevo), columna, sentido, todas);
   Q_EMIT renovado();
@@ -90,7 +90,7 @@ Resultado<> ModeloSql::leer(Origen nuevo, int columna, Qt::SortOrder sentido, bo
 }
 
 // Reads the first keys of the new origin; nothing changes unless that succeeds.
-Resultado<> ModeloSql::releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
+Resultado<> ModeloSql::releer(dao::Origen nuevo, int columna, Qt::SortOrder sentido, bool todas) {
   Lectura l{nuevo, {}, {}};
   if (nuevo.clave.isEmpty()) {
     TARVO_TOMAR(auto copia, copiar(nuevo));
@@ -147,7 +147,7 @@ QString ModeloSql::listaColumnas(const Lectura& l) const {
 
 // Copies rows without a key of their own into a temporary table of this connection, in the order of
 // the origin.
-Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
+Resultado<ModeloSql::Lectura> ModeloSql::copiar(const dao::Origen& o) {
   const QString tabla =
       u"parrilla_%1_%2"_s.arg(reinterpret_cast<quintptr>(this), 0, 36).arg(++serie_);
   QStringList definicion, destino, lista;
@@ -176,13 +176,13 @@ Resultado<ModeloSql::Lectura> ModeloSql::copiar(const Origen& o) {
     static_cast<void>(soltar(tabla));
     return std::unexpected(hecho.error());
   }
-  Origen copia{.desde = tabla,
-               .filtro = {},
-               .parametros = {},
-               .clave = u"k"_s,
-               .agrupado = {},
-               .identidad = u"identidad"_s,
-               .orden = {}};
+  dao::Origen copia{.desde = tabla,
+                    .filtro = {},
+                    .parametros = {},
+                    .clave = u"k"_s,
+                    .agrupado = {},
+                    .identidad = u"identidad"_s,
+                    .orden = {}};
   return Lectura{std::move(copia), tabla, {}};
 }
 

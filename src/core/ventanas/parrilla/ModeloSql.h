@@ -7,9 +7,9 @@
 #include <unordered_map>
 
 #include "core/dao/Database.h"
+#include "core/dao/Origen.h"
 #include "core/ventanas/parrilla/Aparte.h"
 #include "core/ventanas/parrilla/ModeloParrilla.h"
-#include "core/ventanas/parrilla/Origen.h"
 
 namespace tarvo::ventanas {
 
@@ -20,10 +20,10 @@ class ModeloSql final : public ModeloParrilla {
   ~ModeloSql() override;
 
   // Shows other rows; an error keeps the former ones.
-  Resultado<> abrir(Origen origen);
+  Resultado<> abrir(dao::Origen origen);
   Resultado<> refrescar();
   Resultado<> ordenar(int columna, Qt::SortOrder sentido);  // -1: the order of the origin
-  const Origen& origen() const { return origen_; }
+  const dao::Origen& origen() const { return origen_; }
   // Reads all keys now.
   Resultado<> contarTodo();
 
@@ -35,7 +35,7 @@ class ModeloSql final : public ModeloParrilla {
   void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
   // What identifies rows for the user, and the rows with those identities now (see
-  // Origen::identidad).
+  // dao::Origen::identidad).
   std::vector<dao::Valor> identidades(const std::vector<int>& filas) const;
   std::vector<int> filasDe(const std::vector<dao::Valor>& identidades) const;
 
@@ -43,14 +43,14 @@ class ModeloSql final : public ModeloParrilla {
   struct Pagina;
   // The origin as it is read: `tabla` is the name of the temporary copy of an origin without a key.
   struct Lectura {
-    Origen origen;
+    dao::Origen origen;
     QString tabla;
     QString orden;  // with its ORDER BY
   };
 
-  Resultado<> leer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
-  Resultado<> releer(Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
-  Resultado<Lectura> copiar(const Origen& origen);
+  Resultado<> leer(dao::Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
+  Resultado<> releer(dao::Origen nuevo, int columna, Qt::SortOrder sentido, bool todas);
+  Resultado<Lectura> copiar(const dao::Origen& origen);
   Resultado<> soltar(const QString& tabla);
   void soltarCopia();
   QString ordenDe(const Lectura& l, int columna, Qt::SortOrder sentido) const;
@@ -64,7 +64,7 @@ class ModeloSql final : public ModeloParrilla {
   void releerFila(int fila) override;
 
   dao::Database& db_;
-  Origen origen_;  // as given to abrir()
+  dao::Origen origen_;  // as given to abrir()
   Lectura lectura_;
   int columnaOrden_ = -1;
   Qt::SortOrder sentido_ = Qt::AscendingOrder;

@@ -65,7 +65,7 @@ ModeloParrilla* Parrilla::modelo() const {
   return vivo_;
 }
 
-Resultado<> Parrilla::abrir(Origen origen) {
+Resultado<> Parrilla::abrir(dao::Origen origen) {
   if (!sql_) {
     sql_ = new ModeloSql(d->columnas, *d->c, this);
     d->ponerModelo(sql_);
@@ -78,7 +78,7 @@ Resultado<> Parrilla::abrir(Origen origen) {
 
 Resultado<> Parrilla::filtrar(const QString& filtro, std::vector<dao::Valor> parametros) {
   if (!sql_) return {};
-  Origen otro = sql_->origen();
+  dao::Origen otro = sql_->origen();
   otro.filtro = filtro;
   otro.parametros = std::move(parametros);
   return abrir(std::move(otro));

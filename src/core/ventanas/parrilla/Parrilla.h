@@ -3,13 +3,12 @@
 //
 //    parrilla->preparar(contexto(), u"VerTot"_s,
 //                       {{.titulo = kTxFecha, .campo = u"FECHA1"_s, .clase = Clase::Fecha}, ...});
-//    haIdoBien(parrilla->abrir(
-//        {.desde = u"COLUMNA"_s, .clave = u"LINK"_s, .orden = u"FECHA1"_s}));
+//    haIdoBien(parrilla->abrir(listaPeriodos(kDiario)));  // of the room's engines
 //
 // From the keyboard: arrows, Page Up and Down, Home and End; letters move to the next row that
 // begins with them in the current column; Ctrl+F searches, F3 finds the next match (Shift+F3 if the
 // window uses F3); Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns;
-// Enter is a double click; the menu key opens the context menu. A cell whose column has `editar` is
+// Ctrl+Shift+S saves the list in a file; Enter is a double click; the menu key opens the context menu. A cell whose column has `editar` is
 // editable: F2, Enter or a double click opens its editor, Enter and Tab store the text (Tab moves
 // on to the next editable cell), Escape discards it. A character accepted by its kind opens the
 // editor too: typing on an editable cell edits it, elsewhere it searches, and what it searches is
@@ -47,7 +46,7 @@ class Parrilla final : public QWidget, private Buscable {
   void ponerMoneda(int moneda);
 
   // --- rows of a query; REQUIRE preparar
-  Resultado<> abrir(Origen origen);
+  Resultado<> abrir(dao::Origen origen);
   // Other rows of the same query.
   Resultado<> filtrar(const QString& filtro, std::vector<dao::Valor> parametros = {});
   // Reads the rows again; the selection and the row in view stay, by key. Live lists are only

@@ -174,6 +174,8 @@ void Parrilla::Interior::hacerAcciones() {
   };
   copiar = accion(u"copiar"_s, kTxCopiarFilas, QKeySequence::Copy, [this] { yo.copiar(); });
   todo = accion(u"elegirTodo"_s, kTxElegirTodo, QKeySequence::SelectAll, [this] {
+    if (yo.vista_->selectionMode() == QAbstractItemView::SingleSelection)
+      return decir(t(kTxUnaSolaFila));
     if (yo.sql_ && !yo.sql_->contarTodo()) return;
     yo.vista_->selectAll();
   });
@@ -185,7 +187,7 @@ void Parrilla::Interior::hacerAcciones() {
   elegirColumnas =
       accion(u"columnas"_s, kTxColumnas, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
              [this] { yo.elegirColumnas(); });
-  exportar = accion(u"exportar"_s, kTxExportar, QKeySequence(Qt::CTRL | Qt::Key_E),
+  exportar = accion(u"exportar"_s, kTxExportar, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                     [this] { yo.exportar(); });
   busca->setPlaceholderText(t(kTxBuscar));
   busca->setAccessibleName(t(kTxBuscar));

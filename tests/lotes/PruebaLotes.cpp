@@ -8,8 +8,8 @@ namespace {
 using namespace Qt::StringLiterals;
 using prueba::bien;
 
-struct Lotes_ : testing::Test, prueba::TiendaDeLotes {
-  Lotes_() {
+struct ConLotes : testing::Test, prueba::TiendaDeLotes {
+  ConLotes() {
     conArticulos({10, 11, 12, 13});
     existencias({.almacen = 1, .codigo = 11, .inicial = 500});
   }
@@ -36,7 +36,7 @@ struct Lotes_ : testing::Test, prueba::TiendaDeLotes {
 
 const QString kAntes = u"10 A10 100 B10 | 11 A11 100 B11 | 12 A12 100 B12 | 13 A13 100 B13"_s;
 
-TEST_F(Lotes_, VuelveCuantoSeHizo) {
+TEST_F(ConLotes, VuelveCuantoSeHizo) {
   const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
   for (const qint64 n : {10, 11, 12, 13, 20, 1}) bien(lotes.guardar(lote, {1, n}));
   // Two articles swap their bar codes, one is deleted with its stock, one is created, one stays.
@@ -72,7 +72,7 @@ struct Ajeno {
   QString quedan;  // the final articles
 };
 
-TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
+TEST_F(ConLotes, LoQueHizoOtroSeQueda) {
   const std::vector<Ajeno> casos{
       {"changed since", u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU IN (10, 11)"_s,
        u"UPDATE PLUSES SET NOMPLU='OTRO' WHERE CODPLU=10"_s, u"10"_s,
@@ -110,7 +110,7 @@ TEST_F(Lotes_, LoQueHizoOtroSeQueda) {
   }
 }
 
-TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
+TEST_F(ConLotes, SinAcabarVuelveTodoYSinSeccionNada) {
   const qint64 cortado = bien(lotes.empezar(u"V"_s));
   bien(lotes.guardar(cortado, {1, 10}));
   sql(u"UPDATE PLUSES SET PRECIO_00=7 WHERE CODPLU=10"_s);
@@ -127,7 +127,7 @@ TEST_F(Lotes_, SinAcabarVuelveTodoYSinSeccionNada) {
 
 // Undone in slices: swapped bar codes, far apart, and changes by others between two slices of the
 // work.
-TEST_F(Lotes_, EnTramos) {
+TEST_F(ConLotes, EnTramos) {
   for (int n = 1000; n < 1500; ++n)
     articulo({.codigo = n, .nombre = u"X", .precio = 5, .barras = u"C%1"_s.arg(n)});
   const QString antes = articulos();
@@ -163,7 +163,7 @@ TEST_F(Lotes_, EnTramos) {
 
 // Out of order: what the first undoing would leave alone is reported beforehand, and asking changes
 // nothing.
-TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
+TEST_F(ConLotes, AntesDeDeshacerSeSabeLoQueNoVolveria) {
   const qint64 importado =
       cambiar(u"ImpPLU"_s, u"UPDATE PLUSES SET PRECIO_00=200 WHERE CODPLU<13"_s);
   const qint64 subido =
@@ -178,7 +178,7 @@ TEST_F(Lotes_, AntesDeDeshacerSeSabeLoQueNoVolveria) {
 }
 
 // What was done long ago is forgotten with all its rows; what was cut off never is.
-TEST_F(Lotes_, SoloLosVeinteUltimosYLosCortados) {
+TEST_F(ConLotes, SoloLosVeinteUltimosYLosCortados) {
   const QString subir = u"UPDATE PLUSES SET PRECIO_00=PRECIO_00+50 WHERE CODPLU="_s;
   const qint64 hecho = cambiar(u"V"_s, subir + u"10"_s);
   const qint64 cortado = bien(lotes.empezar(u"CambioLote"_s));

@@ -1,9 +1,11 @@
-// The articles of a section in a list, and the position of one of them.
+// The lists of the catalogue: which rows, in which order, the columns that are more than a field,
+// and the position of an article.
 #pragma once
 
 #include <vector>
 
 #include "articles/Catalogo.h"
+#include "core/dao/Origen.h"
 
 namespace tarvo::articles {
 
@@ -26,6 +28,23 @@ struct FiltroArticulos {
 
 // The order of a list read by name.
 QString ordenPorNombre();
+
+// The articles of the filter, by code.
+dao::Origen listaArticulos(const FiltroArticulos& filtro);
+QString columnaUnidad();        // K, g or U
+QString columnaCodigoBarras();  // its own, else the composed one
+
+// The operators, by code.
+dao::Origen listaOperadores();
+
+// The prices of a section as they changed; the latest first.
+struct FiltroHistoria {
+  int seccion = 0;
+  std::optional<qint64> codigo = {};
+  std::optional<int> tarifa = {};  // from 0
+};
+dao::Origen listaHistoria(const FiltroHistoria& filtro);
+QString columnaCodigoHistoria();
 
 // The key of the row (PLUSES.rowid) of an article; nothing when there is none.
 Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave);

@@ -148,7 +148,7 @@ TEST_F(TablaPrueba, OrdenaYBuscaNombresComoUnLectorEspanol) {
   rs->poner(4, QStringLiteral("azahar"));
   ASSERT_TRUE(rs->Update());
   ASSERT_TRUE(rs->MoveNext());
-  EXPECT_EQ(rs->texto(4), orden[1]) << "the walk goes on from where the row stands now";
+  EXPECT_EQ(rs->texto(4), orden[1]) << "the walk goes on from where the row is now";
   for (const QString& a : orden)
     for (const QString& b : orden) {
       const int c = compararOrden(a.toUtf8(), b.toUtf8());

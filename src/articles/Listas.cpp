@@ -1,4 +1,4 @@
-#include "articles/Busqueda.h"
+#include "articles/Listas.h"
 
 #include <algorithm>
 
@@ -58,6 +58,51 @@ Condicion FiltroArticulos::condicion() const {
 
 QString ordenPorNombre() {
   return dao::expresionOrden(u"NOMPLU");
+}
+
+dao::Origen listaArticulos(const FiltroArticulos& filtro) {
+  Condicion c = filtro.condicion();
+  return {.desde = u"PLUSES"_s,
+          .filtro = std::move(c.sql),
+          .parametros = std::move(c.valores),
+          .clave = u"PLUSES.rowid"_s,
+          .orden = u"CODPLU"_s};
+}
+
+QString columnaUnidad() {
+  return u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s;
+}
+
+QString columnaCodigoBarras() {
+  return u"iif(isnull(CodBarExt),trim(PFX_BAR) & format(CODPLU,'000000'),CodBarExt)"_s;
+}
+
+dao::Origen listaOperadores() {
+  return {.desde = u"OPERS"_s, .clave = u"OPERS.rowid"_s, .orden = u"CODOPE"_s};
+}
+
+dao::Origen listaHistoria(const FiltroHistoria& filtro) {
+  dao::Origen o{.desde =
+                    u"HistoriaPrecios LEFT JOIN PLUSES ON "
+                    u"(PLUSES.SECCION=HistoriaPrecios.SECCION) AND "
+                    u"(PLUSES.CODPLU=HistoriaPrecios.CODPLU)"_s,
+                .filtro = u"HistoriaPrecios.SECCION=?"_s,
+                .parametros = {filtro.seccion},
+                .clave = u"HistoriaPrecios.ID"_s,
+                .orden = u"HistoriaPrecios.ID DESC"_s};
+  if (filtro.codigo) {
+    o.filtro += u" AND HistoriaPrecios.CODPLU=?"_s;
+    o.parametros.emplace_back(*filtro.codigo);
+  }
+  if (filtro.tarifa) {
+    o.filtro += u" AND TARIFA=?"_s;
+    o.parametros.emplace_back(*filtro.tarifa);
+  }
+  return o;
+}
+
+QString columnaCodigoHistoria() {
+  return u"HistoriaPrecios.CODPLU"_s;
 }
 
 Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave) {

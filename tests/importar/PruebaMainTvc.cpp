@@ -40,7 +40,7 @@ TEST(LineaTvc, TresSitios) {
   EXPECT_EQ(prefijoDe(7, d) + prefijoDe(10, d) + prefijoDe(-1, d), u"272020"_s);
 }
 
-struct MainTvc_ : TiendaDeImportar {
+struct ConMainTvc : TiendaDeImportar {
   std::unique_ptr<MainTvc> convertir(const QByteArray& bytes, const DestinoTvc& destino) {
     auto m = bien(MainTvc::abrir(catalogo, fichero(bytes)));
     while (bien(m->paso(destino))) continue;
@@ -51,7 +51,7 @@ struct MainTvc_ : TiendaDeImportar {
 
 // New articles bring their stock to the first warehouse; a second line with the same key replaces
 // them, and fills the price of another tarifa.
-TEST_F(MainTvc_, DosLineasDeUnArticulo) {
+TEST_F(ConMainTvc, DosLineasDeUnArticulo) {
   sql(u"DELETE FROM GRUPOS"_s);
   sql(u"DELETE FROM ALMACEN"_s);
   almacen(4, u"B").almacen(2, u"A");
@@ -80,7 +80,7 @@ TEST_F(MainTvc_, DosLineasDeUnArticulo) {
 }
 
 // Undoing a run removes the sections it made: the empty ones, and only those.
-TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
+TEST_F(ConMainTvc, LasSeccionesQueHizoSeVanAlDeshacer) {
   const QString secciones = u"SELECT NMSECC FROM SECCS ORDER BY 1"_s;
   SeccionesHechas hechas{catalogo};
   const auto deshacer = [&] {
@@ -102,7 +102,7 @@ TEST_F(MainTvc_, LasSeccionesQueHizoSeVanAlDeshacer) {
 }
 
 // A line in another layout is reported with its own reason, and creates nothing.
-TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
+TEST_F(ConMainTvc, LineasQueNoSonDeArticulos) {
   const QByteArray buena = vieja(1, 45, u"PAN"_s, '2', 100);
   const QByteArray sinFin = buena.chopped(2);
   const struct {
@@ -131,7 +131,7 @@ TEST_F(MainTvc_, LineasQueNoSonDeArticulos) {
   EXPECT_TRUE(otro.error().texto.startsWith(u"F.PLU es de otro formato, con líneas de 193"_s));
 }
 
-TEST_F(MainTvc_, SinAlmacenYFicherosVacios) {
+TEST_F(ConMainTvc, SinAlmacenYFicherosVacios) {
   sql(u"DELETE FROM GRUPOS"_s);
   sql(u"DELETE FROM ALMACEN"_s);
   convertir(vieja(1, 45, u"PAN"_s, '2', 100), {});

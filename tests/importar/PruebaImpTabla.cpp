@@ -7,7 +7,7 @@
 namespace tarvo::importar {
 namespace {
 
-struct ImpTabla_ : TiendaDeImportar {
+struct ConImpTabla : TiendaDeImportar {
   Ajustes ajustes{carpeta.path(), Idioma::Espanol};
   TablaLeida leida;
   std::unique_ptr<ImpTabla> motor;
@@ -39,7 +39,7 @@ struct ImpTabla_ : TiendaDeImportar {
   }
 };
 
-TEST_F(ImpTabla_, LosTitulosSeReconocen) {
+TEST_F(ConImpTabla, LosTitulosSeReconocen) {
   leida = bien(leerTabla(
       fichero("Lista de precios 2026\n\nREF.;Descripci\xC3\xB3n;P.V.P. (\xE2\x82\xAC/kg);Tarifa 3;"
               "C\xC3\xB3"
@@ -60,7 +60,7 @@ TEST_F(ImpTabla_, LosTitulosSeReconocen) {
   EXPECT_EQ(dos("Articulo;Descripcion\n1;2\n"), (Emparejado{Campo::Codigo, Campo::Nombre}));
 }
 
-TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
+TEST_F(ConImpTabla, EnsayarNoCambiaNadaYDiceTodo) {
   articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
       .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220, .barras = u"8400"})
       .articulo({.codigo = 12, .nombre = u"KIWI", .depto = 2, .precio = 300});
@@ -98,7 +98,7 @@ TEST_F(ImpTabla_, EnsayarNoCambiaNadaYDiceTodo) {
 }
 
 // Prices of a file are rounded, halves up, and counted: those that are written.
-TEST_F(ImpTabla_, LosDecimalesDeMasSeRedondeanYSeCuentan) {
+TEST_F(ConImpTabla, LosDecimalesDeMasSeRedondeanYSeCuentan) {
   articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
       .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220});
   ensayar(
@@ -110,7 +110,7 @@ TEST_F(ImpTabla_, LosDecimalesDeMasSeRedondeanYSeCuentan) {
 }
 
 // Applied: articles, machines, history; then all of it undone.
-TEST_F(ImpTabla_, AplicarYDeshacer) {
+TEST_F(ConImpTabla, AplicarYDeshacer) {
   articulo(
       {.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150, .mas = {{u"TEXTO_ETQ", u"x"}}})
       .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220})
@@ -132,7 +132,7 @@ TEST_F(ImpTabla_, AplicarYDeshacer) {
   EXPECT_EQ(articulos(u"NOMPLU, PRECIO_00, DEPTO, TEXTO_ETQ"_s), antes);
 }
 
-TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
+TEST_F(ConImpTabla, SeccionPropiaYSinCrearNuevos) {
   en(2).articulo({.codigo = 10});
   ensayar(u"Sección;Código;Nombre\n2;10;B\n2;11;C\n;12;D\n9;13;E\n"_s,
           [](Plan& p) { p.crearNuevos = false; });
@@ -147,7 +147,7 @@ TEST_F(ImpTabla_, SeccionPropiaYSinCrearNuevos) {
 
 // Bar codes exchanged within a table: the final state counts. Once undone, each article has its own
 // again.
-TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
+TEST_F(ConImpTabla, CodigosDeBarrasQueSePasan) {
   const struct {
     const char16_t* filas;
     QString rechazadas, quedan;
@@ -192,7 +192,7 @@ TEST_F(ImpTabla_, CodigosDeBarrasQueSePasan) {
 
 // A refusal by the store in the middle rolls its step back and names the line; the batch keeps the
 // rest. Changes made by others between two steps count.
-TEST_F(ImpTabla_, UnFalloEnMedio) {
+TEST_F(ConImpTabla, UnFalloEnMedio) {
   QString csv = u"Código;Nombre;EAN\n"_s;
   for (int n = 0; n < 2 * ImpTabla::kEscritasPorPaso + 1; ++n)
     csv += u"%1;A;%2\n"_s.arg(20 + n).arg(n == 60 ? u"8400"_s : QString());

@@ -234,7 +234,7 @@ TEST(Resumen, UnaNocheCuentaPasoAPasoLoQueLleva) {
   EXPECT_EQ(leer(*p).grupos[0].motivo, u"Recogido y puesto a cero. Sus totales cuadran.");
 }
 
-// What goes wrong tonight is told with tonight's reason; a group that isn't asked keeps last
+// What goes wrong tonight is reported with tonight's reason; a group that isn't asked keeps last
 // night's word.
 TEST(Resumen, UnaNocheEnMarchaDiceSusPropiosFallos) {
   TiendaDeProcesos tienda;

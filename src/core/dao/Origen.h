@@ -1,5 +1,6 @@
-// The rows of a grid: a query in parts, so that the grid can sort, filter, page and sum it.
-// Everything is in the SQL dialect of the store; values are bound, never pasted.
+// The rows of a list: a query in parts, so that the grid that shows it can sort, filter, page and
+// sum it. Engines write it, windows pass it on. Everything is in the SQL dialect of the store;
+// values are bound, never pasted.
 #pragma once
 
 #include <QString>
@@ -7,13 +8,13 @@
 
 #include "core/dao/Valor.h"
 
-namespace tarvo::ventanas {
+namespace tarvo::dao {
 
 struct Origen {
   QString desde = {};   // the part after FROM: tables, joins, a view
   QString filtro = {};  // the part after WHERE; empty for all rows
   // Of `filtro`; of `desde` too, in order, if `clave` is empty.
-  std::vector<dao::Valor> parametros = {};
+  std::vector<Valor> parametros = {};
   // An integer that is unique in each row and gives direct access in the store: the table's
   // "A.rowid", or a key column. Empty for grouped queries and views: their rows are copied once
   // into a temporary table, and everything else works the same.
@@ -25,4 +26,4 @@ struct Origen {
   QString orden = {};  // the part after ORDER BY until the user sorts; empty: the order of the keys
 };
 
-}  // namespace tarvo::ventanas
+}  // namespace tarvo::dao

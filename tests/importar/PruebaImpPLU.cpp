@@ -64,7 +64,7 @@ TEST(LineaPLU, LoQueNoEsUnaLinea) {
   EXPECT_EQ(leerLineaPLU(con(182, u"  "_s))->depto, 0);
 }
 
-struct ImpPLU_ : TiendaDeImportar {
+struct ConImpPLU : TiendaDeImportar {
   std::unique_ptr<ImpPLU> importar(const QByteArray& bytes,
                                    SiExiste si = SiExiste::Sobreescribirlo) {
     auto i = bien(ImpPLU::abrir(catalogo, fichero(bytes)));
@@ -79,7 +79,7 @@ struct ImpPLU_ : TiendaDeImportar {
   }
 };
 
-TEST_F(ImpPLU_, NuevosConSusDefectos) {
+TEST_F(ConImpPLU, NuevosConSusDefectos) {
   const auto i = importar("\r\n" + larga(1, 10, u"ÑORA"_s) + "\r\n\r\n" + corta(2, 11, u"PAN"_s) +
                           "\n" + larga(1, 12, u"FIN"_s) + "\x1A");
   EXPECT_EQ(i->cuenta().lineas, 3);
@@ -94,14 +94,14 @@ TEST_F(ImpPLU_, NuevosConSusDefectos) {
             u"1 0 1 0 - 0 0 0 0 0  1 0 0"_s);
 }
 
-TEST_F(ImpPLU_, UtfConSuMarca) {
+TEST_F(ConImpPLU, UtfConSuMarca) {
   const QByteArray utf = "\xEF\xBB\xBF" + QString::fromLatin1(larga(1, 10, u"ÑORA"_s)).toUtf8();
   EXPECT_EQ(importar(utf)->cuenta().nuevos, 1);
   EXPECT_EQ(articulos(u"trim(NOMPLU)"_s), u"1 10 ÑORA"_s);
 }
 
 // Overwriting leaves alone the fields not in the record, the machines' state and the stock.
-TEST_F(ImpPLU_, SobreescribirYConservar) {
+TEST_F(ConImpPLU, SobreescribirYConservar) {
   articulo({.codigo = 10,
             .nombre = u"VIEJO",
             .precio = 9,
@@ -125,7 +125,7 @@ TEST_F(ImpPLU_, SobreescribirYConservar) {
 
 // A new article's history begins with the first price of its record, also when a later line of the
 // file overwrites it.
-TEST_F(ImpPLU_, LaHistoriaDeUnoNuevo) {
+TEST_F(ConImpPLU, LaHistoriaDeUnoNuevo) {
   QByteArray sinBase = larga(1, 11, u"B"_s);
   sinBase.replace(37, 6, "000000");
   importar(larga(1, 10, u"A"_s) + "\n" + sinBase + "\n" + corta(1, 10, u"A"_s) + "\n");
@@ -136,7 +136,7 @@ TEST_F(ImpPLU_, LaHistoriaDeUnoNuevo) {
   EXPECT_EQ(leer(u"SELECT min(CUANDO)=max(CUANDO) FROM HistoriaPrecios"_s), u"1"_s);
 }
 
-TEST_F(ImpPLU_, LineasMalas) {
+TEST_F(ConImpPLU, LineasMalas) {
   const QByteArray bytes = larga(1, 10, u"A"_s) + "\n" + larga(1, 1, u"SISTEMA"_s) + "\n" +
                            larga(9, 11, u"SIN SECCION"_s) + "\n" + larga(1, 12, u"B"_s, "7") +
                            "\n" + larga(1, 13, u"C"_s) + "\n";
@@ -151,7 +151,7 @@ TEST_F(ImpPLU_, LineasMalas) {
   EXPECT_EQ(leer(u"SELECT NOMPLU FROM PLUSES WHERE CODPLU=1"_s), u"VENTA LIBRE"_s);
 }
 
-TEST_F(ImpPLU_, LosLimitesDelCatalogo) {
+TEST_F(ConImpPLU, LosLimitesDelCatalogo) {
   const auto con = [](int codigo, const char* deptoYFormato) {
     return larga(1, codigo, u"A"_s).replace(181, 4, deptoYFormato) + "\n";
   };
@@ -163,7 +163,7 @@ TEST_F(ImpPLU_, LosLimitesDelCatalogo) {
   EXPECT_EQ(articulos(u"DEPTO, FORMATO"_s), u"1 12 40 20"_s);
 }
 
-TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
+TEST_F(ConImpPLU, UnaLongitudMalaParaYLoHechoSeQueda) {
   QByteArray bytes;
   for (int n = 0; n < 1000; ++n) bytes += larga(1, 100 + n, u"A"_s) + "\n";
   bytes += larga(1, 10, u"A"_s).chopped(1) + "\n" + larga(1, 11, u"B"_s) + "\n";
@@ -174,7 +174,7 @@ TEST_F(ImpPLU_, UnaLongitudMalaParaYLoHechoSeQueda) {
   EXPECT_EQ(leer(u"SELECT count(*), max(CODPLU) FROM PLUSES WHERE CODPLU>2"_s), u"1000 1099"_s);
 }
 
-TEST_F(ImpPLU_, SeDeshaceEntero) {
+TEST_F(ConImpPLU, SeDeshaceEntero) {
   articulo({.codigo = 10, .nombre = u"VIEJO", .precio = 9});
   // The second line of code 11 overwrites the article of the first.
   const auto i = importar(larga(1, 10, u"A"_s) + "\n" + larga(1, 11, u"B"_s) + "\n" +
