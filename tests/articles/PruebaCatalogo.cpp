@@ -2,9 +2,9 @@
 // operators.
 
 #include "articles/BorradoSeccion.h"
-#include "articles/Listas.h"
 #include "articles/CodigoBarras.h"
 #include "articles/Existencias.h"
+#include "articles/Listas.h"
 #include "articles/TiendaDeArticulos.h"
 
 namespace tarvo::prueba {

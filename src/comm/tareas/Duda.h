@@ -28,8 +28,9 @@ class Contraste {
     iguales_ = 0;
   }
   bool dudosa() const { return dudosa_; }
-  // A list has ended: true if it is accepted, since it isn't in doubt or came `veces` times running;
-  // false if it is to be requested again. An Error of class Formato if it never comes twice alike.
+  // A list has ended: true if it is accepted, since it isn't in doubt or came `veces` times
+  // running; false if it is to be requested again. An Error of class Formato if it never comes
+  // twice alike.
   Resultado<bool> vale(const Lista& lista, const Textos& textos, int veces = 2) {
     iguales_ = leida_ == lista ? iguales_ + 1 : 1;
     if (!dudosa_ || iguales_ >= veces) {

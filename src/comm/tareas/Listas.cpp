@@ -96,8 +96,8 @@ class Lista : public motor::CursoTarea {
     if (repeticiones_ > 0 && datos == primera_) dudar();
     ultima_ = datos;
   }
-  // The list has ended: true if it is accepted. A disturbed list has to come identical twice running, or
-  // four times if it has frames that repeat others; it is read again from the start.
+  // The list has ended: true if it is accepted. A disturbed list has to come identical twice
+  // running, or four times if it has frames that repeat others; it is read again from the start.
   Resultado<bool> vale() {
     const int veces = std::exchange(repeticiones_, 0) > 0 ? 4 : 2;
     const auto bien = contraste_.vale(lineas_, e_.textos, veces);
