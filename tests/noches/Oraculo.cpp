@@ -252,9 +252,14 @@ void Oraculo::grupos(bool todo, const QString& cuando) {
                 else if (f.entero(2) == 0)
                   descuadrados_.erase(f.entero(0));
               });
-  for (const auto& [grupo, clase] : plan_.leidas)
-    if (clase <= kOperHora && (todo || !descuadrados_.contains(grupo)))
-      contado(grupo, clase, minimos(clase, todo), !todo, cuando);
+  std::set<qint64> preguntados;  // their reading waits for a person
+  base_.filas("SELECT GRUPO FROM Dudas WHERE RESPUESTA IS NULL",
+              [&](const Lector::Fila& f) { preguntados.insert(f.entero(0)); });
+  for (const auto& [grupo, clase] : plan_.leidas) {
+    const bool todas = todo && !preguntados.contains(grupo);
+    if (clase <= kOperHora && (todas || !descuadrados_.contains(grupo)))
+      contado(grupo, clase, minimos(clase, todas), !todas, cuando);
+  }
 }
 
 void Oraculo::listaOlvidada(std::size_t maquina) {
