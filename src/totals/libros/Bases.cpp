@@ -1,6 +1,7 @@
 // What a session's readings show of unrecorded zeroings, and of orders to forget that may not have
 // been heard: machine by machine, by all its counters.
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -158,25 +159,54 @@ Resultado<Sentencia> sentenciar(Database& db, const std::vector<Releida>& lista,
   return s;
 }
 
+// Whether there is evidence about all machines of the group once the kinds that are none are taken
+// out of it.
+Resultado<bool> dejarLasFiables(Database& db, const Ajustes& ajustes, int grupo,
+                                std::map<int, Testimonios>& testimonios) {
+  if (std::ranges::none_of(testimonios, [](const auto& m) { return algunaBaja(m.second); }))
+    return true;
+  TARVO_TOMAR(const auto fiables, clasesFiables(db, ajustes, grupo));
+  if (!fiables) return false;
+  for (auto& [addr, t] : testimonios)
+    std::erase_if(t, [&](const auto& x) { return !fiables->contains(x.first); });
+  return std::ranges::none_of(testimonios, [](const auto& m) { return m.second.empty(); });
+}
+
+// More may have been memorised of this group than its machines held, and we didn't zero it: lower
+// counters prove no zeroing. But somebody may have zeroed it by hand, which only a person can tell.
+Resultado<> resolverSinCuadre(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
+                              const std::map<int, Testimonios>& testimonios,
+                              std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto aparte, maquinasAMedias(db, grupo));
+  std::set<int> olvidadas;
+  std::map<int, Testimonios> dudosas;
+  for (const auto& [addr, t] : testimonios) {
+    if (aparte.contains(addr)) continue;
+    TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
+    TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
+    if (dicho && *dicho) olvidadas.insert(addr);
+    if (!dicho && (masQueDevoluciones(t) || (espera && !quietos(t)))) dudosas[addr] = t;
+  }
+  TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, olvidadas, textos, avisos));
+  if (dudosas.empty()) return cerrarDudas(db, grupo);
+  return abrirDudas(db, ajustes, textos, grupo, dudosas, avisos);
+}
+
 Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& textos,
-                          const std::vector<Releida>& lista, int grupo,
+                          const std::vector<Releida>& todas, int grupo,
                           std::vector<Aviso>& avisos) {
+  std::vector<Releida> lista;
+  std::ranges::copy_if(todas, std::back_inserter(lista),
+                       [grupo](const Releida& r) { return r.grupo == grupo && !r.sinCuadre; });
+  if (lista.empty()) {
+    TARVO_TOMAR(const auto testimonios, testimoniosDeGrupo(db, todas, grupo));
+    return resolverSinCuadre(db, ajustes, textos, grupo, testimonios, avisos);
+  }
   TARVO_TOMAR(auto testimonios, testimoniosDeGrupo(db, lista, grupo));
-  if (std::ranges::any_of(testimonios, [](const auto& m) { return algunaBaja(m.second); })) {
-    TARVO_TOMAR(const auto fiables, clasesFiables(db, ajustes, grupo));
-    if (!fiables) {
-      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
-      return dejarFuera(db, ajustes, grupo);
-    }
-    bool mudas = false;  // no reliable evidence is left about a machine
-    for (auto& [addr, t] : testimonios) {
-      std::erase_if(t, [&](const auto& x) { return !fiables->contains(x.first); });
-      mudas = mudas || t.empty();
-    }
-    if (mudas) {
-      avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
-      return dejarFuera(db, ajustes, grupo);
-    }
+  TARVO_TOMAR(const bool hay, dejarLasFiables(db, ajustes, grupo, testimonios));
+  if (!hay) {
+    avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
+    return dejarFuera(db, ajustes, grupo);
   }
   TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
   for (const int addr : s.guardan)  // the announced zeroing did not happen

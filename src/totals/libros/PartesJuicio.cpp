@@ -228,7 +228,8 @@ Resultado<Estado> resolverCaja(Database& db, const Ajustes& ajustes, const Texto
 
 Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes, int grupo) {
   TARVO_TOMAR(const auto addrs, maquinasAMedias(db, grupo));
-  TARVO_TOMAR(const auto lista, releidas(db, ajustes));
+  TARVO_TOMAR(auto lista, releidas(db, ajustes));
+  std::erase_if(lista, &Releida::sinCuadre);
   TARVO_TOMAR(auto testimonios, testimoniosDeGrupo(db, lista, grupo));
   std::vector<Caja> cajas;
   for (const int addr : addrs) {

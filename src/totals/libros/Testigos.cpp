@@ -58,14 +58,15 @@ Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
   std::vector<Releida> lista;
   for (const ClaseTotal& c : enVigor(ajustes)) {
     TARVO_INTENTAR(dao::recorrer(
-        db.consultar(conMarcas(u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR, SEC FROM Lecturas, Sesiones "
-                               u"WHERE CODGPO=GRUPO AND CLASE=? AND LINK IS NOT NULL AND APARTE=1 "
-                               u"AND BASE_DUDOSA=0 AND {enSesion} ORDER BY GRUPO",
+        db.consultar(conMarcas(u"SELECT GRUPO, MAQUINAS, ENTERA, ADDR, SEC, BASE_DUDOSA FROM "
+                               u"Lecturas, Sesiones WHERE CODGPO=GRUPO AND CLASE=? AND LINK IS NOT "
+                               u"NULL AND APARTE=1 AND {enSesion} ORDER BY GRUPO",
                                {{u"enSesion", CampoSesion(c.tipo)}}),
                      numeroDe(c.tipo)),
         [&](const dao::Recordset& fila) {
           lista.push_back({static_cast<int>(fila.entero(0)), &c, fila.entero(1) > 1, fila.logico(2),
-                           fila.entero(3), fila.entero(4)});
+                           fila.entero(3), fila.entero(4), Releida::Ante::Memorizado,
+                           fila.logico(5)});
         }));
   }
   return lista;
@@ -115,6 +116,15 @@ bool algunaBaja(const Testimonios& t) {
   return std::ranges::any_of(t, [](const auto& x) { return x.second.bajas > 0; });
 }
 
+bool masQueDevoluciones(const Testimonios& t) {
+  const Testimonio& f = masFino(t);
+  const auto gran = t.find(TipoTotal::GranTotal);
+  const Testimonio& g = gran == t.end() ? f : gran->second;
+  const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+  const bool parte = f.bajas > 1 && kMasQueDevoluciones * f.bajas >= f.claves;
+  return muchas || parte || g.conAhora < g.conAntes;
+}
+
 bool quietos(const Testimonios& t) {
   return std::ranges::all_of(t, [](const auto& x) { return x.second.quieto(); });
 }
@@ -149,11 +159,7 @@ Veredicto juzgarConfirmada(const Testimonios& t) {
     const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
     return peso < kNoEsAzar ? Veredicto::Duda : Veredicto::Guarda;
   }
-  const auto gran = t.find(TipoTotal::GranTotal);
-  const Testimonio& g = gran == t.end() ? f : gran->second;
-  const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
-  const bool parte = f.bajas > 1 && kMasQueDevoluciones * f.bajas >= f.claves;
-  return muchas || parte || g.conAhora < g.conAntes ? Veredicto::Olvido : Veredicto::Duda;
+  return masQueDevoluciones(t) ? Veredicto::Olvido : Veredicto::Duda;
 }
 
 }  // namespace tarvo::totals

@@ -10,8 +10,8 @@
 
 namespace tarvo::totals {
 
-// A reading of the open session from machines that held memorised sales. Where those didn't foot
-// they may be too high and prove nothing: we did not zero such a group.
+// A reading of the open session from machines that held memorised sales. `sinCuadre`: those didn't
+// foot and may be too high.
 struct Releida {
   int grupo = 0;
   const ClaseTotal* clase = nullptr;
@@ -20,6 +20,7 @@ struct Releida {
   // What it is compared with: the memorised counters, or those of machines that confirmed that they
   // forgot.
   enum class Ante { Memorizado, LoConfirmado } ante = Ante::Memorizado;
+  bool sinCuadre = false;
 };
 Resultado<std::vector<Releida>> releidas(dao::Database& db, const Ajustes& ajustes);
 
@@ -48,6 +49,8 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas);
 // have in common by chance.
 Veredicto juzgarConfirmada(const Testimonios& t);
 bool algunaBaja(const Testimonios& t);
+// So many counters are lower, or the grand total's count is, that no day's returns explain it.
+bool masQueDevoluciones(const Testimonios& t);
 // Every counter is where it was.
 bool quietos(const Testimonios& t);
 // The counters as a whole are where they were, whatever a few of them do.
