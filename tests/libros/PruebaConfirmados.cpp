@@ -41,6 +41,8 @@ constexpr Caso kCasos[] = {
     {"miente, se ve, y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
     {"obedece tarde y vende más de todo", true, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
     {"miente y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada},
+    {"obedece, por unidades, y vende casi lo mismo", true, 27, 0, 21, 0, Dicho::Preguntada},
+    {"obedece, de peso fijo, y vende casi lo mismo", true, 6, 150, 5, 0, Dicho::Preguntada},
     {"miente y vende casi de todo", false, 12, 0, 0, 11, Dicho::Preguntada},
 };
 
@@ -124,6 +126,26 @@ TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
       leerYMemorizar();
       EXPECT_EQ(dicho(), Dicho::Preguntada) << noche << t.textoAvisos().toStdString();
     }
+    for (const auto& d : bien(totals::dudasAbiertas(t.db()))) t.responder(d.grupo, d.addr, false);
+    for (const int g : {1, 2}) t.cuadra(g);
+    t.desdeCero();
+  }
+}
+
+// Nothing that a person forgets of the inbox takes away what shows whether the machine obeyed.
+TEST_F(ConfirmadosTest, OlvidarLaSesionNoOlvidaLaDuda) {
+  for (const bool vende : {false, true}) {
+    SCOPED_TRACE(vende);
+    t.masTarde(23 * 60);
+    vender(0, 12, 150);
+    leerYMemorizar();
+    for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, false, true, Tras::SinVer));
+    t.amanecer();
+    for (const int g : {1, 2}) t.leer(g);
+    bien(t.sesion().cerrarSinMemorizar());
+    t.amanecer();
+    if (vende) vender(0, 3, 70);
+    leerYMemorizar();
     for (const auto& d : bien(totals::dudasAbiertas(t.db()))) t.responder(d.grupo, d.addr, false);
     for (const int g : {1, 2}) t.cuadra(g);
     t.desdeCero();

@@ -358,6 +358,20 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
   EXPECT_FALSE(sumas.deshacer(semana(), lote));
 }
 
+// A part that the larger period of the target holds as well.
+TEST_F(VerTotDe, NamesTheWeekThatWouldHoldASummandTwice) {
+  const qint64 dia = crear(1, "04/06/2018"),
+               noche = crear(5, "04/06/2018 22:00:00", "04/06/2018 23:00:00");
+  plu(dia, 7, 1), plu(noche, 7, 1);
+  for (const qint64 link : {dia, noche}) EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(link))));
+  verTot.ponerSeleccion({dia, noche});
+  const auto suma = bien(verTot.destinoDeSuma());
+  ASSERT_EQ(suma->existente->LINK, dia);
+  EXPECT_TRUE(std::ranges::any_of(suma->solapes, [](const auto& s) {
+    return s.uno.tipo == kOtros && s.otro.tipo == kSemanal;
+  }));
+}
+
 // What the parts of the target hold themselves, and days in common that make no same period.
 TEST_F(VerTotDe, NamesWhatASumCountsTwiceThroughWhatItsPartsHold) {
   const qint64 mes = crear(3, "01/06/2018"), semana = crear(2, "04/06/2018");

@@ -276,10 +276,25 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
   return preguntas.empty();
 }
 
-Resultado<> olvidarConfirmadosDe(Database& db, qint64 sec) {
-  TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM CeroFilas WHERE GRUPO IN (SELECT GRUPO FROM Olvidos WHERE SEC=?)"_s, sec));
+// What was read before the zeroing and is still in the inbox is in no period. A reading after it
+// shows what the machine did, whether it is memorised or not.
+Resultado<> olvidarConfirmadosDe(Database& db, const Ajustes& ajustes, qint64 sec) {
+  for (const ClaseTotal& c : enVigor(ajustes))
+    TARVO_INTENTAR(db.ejecutar(
+        conMarcas(
+            u"DELETE FROM CeroFilas WHERE CLASE=? AND GRUPO IN (SELECT CODGPO FROM Sesiones, "
+            u"Olvidos o WHERE o.GRUPO=CODGPO AND o.SEC=? AND {enSesion}) AND EXISTS (SELECT 1 "
+            u"FROM Lecturas l, Ceros z WHERE l.GRUPO=CeroFilas.GRUPO AND "
+            u"l.CLASE=CeroFilas.CLASE AND z.GRUPO=l.GRUPO AND z.ADDR=CeroFilas.ADDR AND "
+            u"l.SEC<=z.SEC_HECHO)",
+            {{u"enSesion", CampoSesion(c.tipo)}}),
+        numeroDe(c.tipo), sec));
   return {};
+}
+
+Resultado<bool> sinDemostrar(Database& db, int grupo) {
+  TARVO_TOMAR(const auto n, db.uno(u"SELECT count(*) FROM CeroFilas WHERE GRUPO=?"_s, grupo));
+  return n.entero() > 0;
 }
 
 }  // namespace tarvo::totals

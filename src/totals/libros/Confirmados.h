@@ -19,6 +19,8 @@ Resultado<std::set<int>> gruposConConfirmados(dao::Database& db);
 Resultado<bool> resolverConfirmados(dao::Database& db, const Ajustes& ajustes, const Textos& textos,
                                     int grupo, std::vector<Aviso>& avisos);
 // The sales that these groups had in the inbox are in no period.
-Resultado<> olvidarConfirmadosDe(dao::Database& db, qint64 sec);
+Resultado<> olvidarConfirmadosDe(dao::Database& db, const Ajustes& ajustes, qint64 sec);
+// A machine of the group may still hold what it confirmed to have forgotten.
+Resultado<bool> sinDemostrar(dao::Database& db, int grupo);
 
 }  // namespace tarvo::totals

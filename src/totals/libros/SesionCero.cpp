@@ -137,7 +137,7 @@ Resultado<> Sesion::anotarOlvido() {
             u"EJECUCION=excluded.EJECUCION, SEC=excluded.SEC",
             {{u"totales", NombreTabla(c.tipo)}, {u"enSesion", CampoSesion(c.tipo)}}),
         d->ejecucion, sec, numeroDe(c.tipo), numeroDe(c.tipo)));
-  return olvidarConfirmadosDe(db_, sec);
+  return olvidarConfirmadosDe(db_, ajustes_, sec);
 }
 
 Resultado<> Sesion::cerrarSinMemorizar() {
@@ -246,7 +246,10 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
                                   u"{trasElCero}",
                                   {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
                         grupo, addr));
-    return otras.entero() > 0 ? Comparacion::OtrasClases : Comparacion::SinLectura;
+    if (otras.entero() > 0) return Comparacion::OtrasClases;
+    TARVO_TOMAR(const bool dudoso, sinDemostrar(db_, grupo));
+    if (dudoso) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
+    return Comparacion::SinLectura;
   }
   const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
   if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;

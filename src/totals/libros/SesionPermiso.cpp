@@ -3,6 +3,7 @@
 
 #include "core/dao/Marcas.h"
 #include "totals/TextosTotals.h"
+#include "totals/libros/Confirmados.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
@@ -182,7 +183,8 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   const bool sinLectura = !comprobar;
   if (d->enProceso && !leidoAqui) {
     TARVO_TOMAR(const auto deAntes, leidoDesdeElCero(db_, grupo));
-    comprobar = comprobar || deAntes;
+    TARVO_TOMAR(const auto dudoso, sinDemostrar(db_, grupo));
+    comprobar = comprobar || deAntes || dudoso;
   }
   if (d->enProceso && leidas.contains(TipoTotal::PLUs) && !leidas.contains(TipoTotal::GranTotal)) {
     TARVO_TOMAR(const auto porCatalogo, seLePreguntaPorElCatalogo(db_, grupo));

@@ -77,6 +77,7 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
   const auto una = [&t](const dao::Recordset& fila) {
     t[static_cast<int>(fila.entero(0))] = {.claves = fila.entero(1),
                                            .bajas = fila.entero(2),
+                                           .desaparecidas = fila.entero(7),
                                            .iguales = fila.entero(3),
                                            .pesosIguales = fila.entero(4),
                                            .conAntes = fila.entero(5),
@@ -88,7 +89,8 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
           conMarcas(
               u"SELECT b.ADDR, count(*), SUM(COALESCE(n.CON,0)<b.CON), SUM(COALESCE(n.CON,0)=b.CON "
               u"AND COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.PES<>0 AND "
-              u"n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), SUM(b.CON), SUM(b.IMP) "
+              u"n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), SUM(b.CON), SUM(b.IMP), "
+              u"SUM(b.CON>0 AND COALESCE(n.CON,0)=0) "
               u"FROM {base} b LEFT JOIN {nuevas} WHERE b.GRUPO=? AND b.CLASE=? AND (b.CON<>0 OR "
               u"b.PES<>0 OR b.IMP<>0 OR b.SCO<>0) AND (? OR n.CON IS NOT NULL) AND (? OR b.ADDR=?) "
               u"GROUP BY b.ADDR",
@@ -136,8 +138,23 @@ bool firmes(const Testimonios& t) {
          kDeCada * f.iguales >= f.claves;
 }
 
+namespace {
+
+// A machine that forgot and sold most of the same pieces again looks like one that kept everything
+// and took a few back: those are gone, its count fell, and weights show no difference.
+bool puedeSerOtroDia(const Testimonios& t) {
+  const Testimonio& f = masFino(t);
+  const auto gran = t.find(TipoTotal::GranTotal);
+  const Testimonio& g = gran == t.end() ? f : gran->second;
+  return f.bajas > 0 && f.bajas == f.desaparecidas && f.iguales >= kPorBaja * f.bajas &&
+         g.conAhora < g.conAntes && kPorPesoIgual * f.pesosIguales < kNoEsAzar;
+}
+
+}  // namespace
+
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (quietos(t)) return Veredicto::Guarda;
+  if (sospecha && puedeSerOtroDia(t)) return Veredicto::Duda;
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
@@ -157,7 +174,7 @@ Veredicto juzgarConfirmada(const Testimonios& t) {
   if (f.claves == 0) return Veredicto::Olvido;
   if (f.iguales >= kPorBaja * f.bajas) {
     const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
-    return peso < kNoEsAzar ? Veredicto::Duda : Veredicto::Guarda;
+    return peso < kNoEsAzar || puedeSerOtroDia(t) ? Veredicto::Duda : Veredicto::Guarda;
   }
   return masQueDevoluciones(t) ? Veredicto::Olvido : Veredicto::Duda;
 }

@@ -26,9 +26,10 @@ Resultado<std::vector<Releida>> releidas(dao::Database& db, const Ajustes& ajust
 
 // One machine and kind: its memorised counters against the reading.
 struct Testimonio {
-  qint64 claves = 0;              // memorised keys that are not all zero
-  qint64 bajas = 0, iguales = 0;  // of these: a lower count; the same to the unit
-  qint64 pesosIguales = 0;        // of the latter: with a weight
+  qint64 claves = 0;                    // memorised keys that are not all zero
+  qint64 bajas = 0, desaparecidas = 0;  // of these: a lower count; of the latter: none left
+  qint64 iguales = 0;                   // the same to the unit
+  qint64 pesosIguales = 0;              // of these: with a weight
   qint64 conAntes = 0, conAhora = 0, impAntes = 0, impAhora = 0;  // over all keys
   bool quieto() const { return iguales == claves && conAhora == conAntes && impAhora == impAntes; }
 };

@@ -76,6 +76,7 @@ class VerTot {
   Resultado<std::vector<Columna>> acumulados(int tipo);
   Resultado<bool> tieneDentro(const Columna& destino, const Columna& c);
   Resultado<std::vector<Periodo>> comunes(const std::vector<Periodo>& enDestino, const Columna& c);
+  static void ponerMayores(const Columna& destino, const Columna& c, Suma& suma);
   Resultado<> ponerSolapes(const std::vector<Columna>& elegidas, Suma& suma);
 
   Periodos& p_;

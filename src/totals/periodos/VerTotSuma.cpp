@@ -47,6 +47,16 @@ Resultado<std::vector<Periodo>> VerTot::comunes(const std::vector<Periodo>& enDe
   return v;
 }
 
+// What follows the target would hold the sales of `c` once more.
+void VerTot::ponerMayores(const Columna& destino, const Columna& c, Suma& suma) {
+  for (int tipo = kSemanal; tipo <= kAnual; ++tipo) {
+    const auto mayor = Periodos::mayorDe(tipo, c.periodo);
+    if (mayor && c.acumulado(tipo) && destino.acumulado(tipo) &&
+        mayor == Periodos::mayorDe(tipo, destino.periodo))
+      suma.solapes.push_back({c.periodo, *mayor});
+  }
+}
+
 Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma) {
   for (size_t i = 0; i < cuales.size(); ++i)
     for (size_t j = i + 1; j < cuales.size(); ++j)
@@ -60,6 +70,7 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
     if (c.LINK == destino.LINK) continue;
     TARVO_TOMAR(const auto dentro, tieneDentro(destino, c));
     if (dentro) suma.dentro.push_back(c.LINK);
+    ponerMayores(destino, c, suma);
     if (elegido) continue;  // reported above, as an overlap of the two
     if (dentro) {
       suma.solapes.push_back({c.periodo, destino.periodo, true});

@@ -48,7 +48,7 @@ void CerrSesVentana::montar() {
   connect(ui_.detalles, &QPushButton::clicked, this, &CerrSesVentana::detalles);
   connect(ui_.Recuperar, &QPushButton::clicked, this, &CerrSesVentana::recuperar);
   connect(ui_.Cancelar, &QPushButton::clicked, this, &CerrSesVentana::rechazar);
-  ui_.Recuperar->setShortcut(QKeySequence::Undo);
+  connect(ui_.Descrip, &QLineEdit::returnPressed, this, [this] { ui_.Guardar->setFocus(); });
 }
 
 void CerrSesVentana::decirEstado(const QString& texto) {
@@ -100,8 +100,8 @@ void CerrSesVentana::pintarCara() {
     etiqueta->setPixmap(ventanas::icono(dibujo).pixmap(lado, lado));
   if (!llena) return ui_.Cancelar->setFocus();
   pintarPeriodo();
-  // When another window is being closed, one Return too many memorises nothing.
-  ui_.Guardar->setDefault(!alSalir_);
+  // What is memorised isn't undone: no Return too many does it.
+  ui_.Guardar->setDefault(false);
   ui_.Cancelar->setDefault(alSalir_);
   alSalir_ ? ui_.Cancelar->setFocus() : ui_.Descrip->setFocus();
 }
@@ -229,10 +229,10 @@ void CerrSesVentana::detalles() {
   guardar();
 }
 
-// Undo while there is nothing that it could bring back.
 void CerrSesVentana::keyPressEvent(QKeyEvent* evento) {
   if (!evento->matches(QKeySequence::Undo)) return Ventana::keyPressEvent(evento);
   evento->accept();
+  if (ui_.Recuperar->isVisible()) return recuperar();
   decirPista(memorizado_ ? t(kTxMemorizadoQueda) : t(ventanas::kTxNadaQueDeshacer));
 }
 

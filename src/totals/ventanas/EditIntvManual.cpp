@@ -5,6 +5,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Tecleado.h"
 #include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/EditIntvVentana.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"

@@ -323,8 +323,8 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
                {u"0,50", u""},
                {u"0,49", u"El precio pasa de 1,00 a 0,49, 2 veces menos"},
                {u"0,1", u"El precio pasa de 1,00 a 0,10, 10 veces menos"},
-               {u"2,50", u"El precio pasa de 1,00 a 2,50, 2,5 veces más"},
-               {u"299", u"El precio pasa de 1,00 a 299,00, 299 veces más"},
+               {u"2,50", u"El precio pasa de 1,00 a 2,50, 2,5 veces el de antes"},
+               {u"299", u"El precio pasa de 1,00 a 299,00, 299 veces el de antes"},
                {u"0", u"El precio era 1,00 y ahora es 0"},
                {u"12000", u"El precio 12.000,00 pasa de 9.999,99"}};
   for (const bool aLado : {false, true})

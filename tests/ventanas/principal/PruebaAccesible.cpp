@@ -79,6 +79,8 @@ QStringList faltasDe(Ventana& v) {
       if (dicho.startsWith(u"TXT")) faltas << cual + u" dice "_s + dicho;
     if (const auto* r = qobject_cast<QLabel*>(w); r && faltaLetra(*r, usadas))
       faltas << cual + u" no tiene letra: "_s + r->text();
+    if (const auto* r = qobject_cast<QLabel*>(w); r && !r->buddy() && r->text().contains(u'&'))
+      faltas << cual + u" se ve con su marca: "_s + r->text();
     if (conOtroNombre(*w, *i)) faltas << cual + u" se oye con otro nombre: "_s + nombre;
     if (!esControl(*w)) continue;
     if (nombre.trimmed().isEmpty()) faltas << cual + u" no tiene nombre"_s;

@@ -9,6 +9,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QToolBox>
@@ -58,6 +59,17 @@ std::optional<Rotulo> conTexto(QObject& o) {
   return Rotulo{[c] { return c->text(); }, [c](const QString& s) { c->setText(s); }};
 }
 
+// A letter in a label is its buddy's; without one it would show as "&".
+std::optional<Rotulo> conCompanero(QObject& o) {
+  auto* l = qobject_cast<QLabel*>(&o);
+  if (!l) return std::nullopt;
+  return Rotulo{[l] { return l->text(); },
+                [l](const QString& s) {
+                  static const QRegularExpression kMarca(u"&(.)"_s);
+                  l->setText(l->buddy() ? s : QString(s).replace(kMarca, u"\\1"_s));
+                }};
+}
+
 template <class C>
 std::optional<Rotulo> conTitulo(QObject& o) {
   auto* c = qobject_cast<C*>(&o);
@@ -86,9 +98,8 @@ std::optional<Rotulo> conPista(QObject& o) {
 }
 
 std::optional<Rotulo> rotuloDe(QObject& o) {
-  for (const auto prueba :
-       {conTexto<QLabel>, conTexto<QAbstractButton>, conTexto<QAction>, conMarco, conTitulo<QMenu>,
-        conPista<QLineEdit>, conPista<QPlainTextEdit>})
+  for (const auto prueba : {conCompanero, conTexto<QAbstractButton>, conTexto<QAction>, conMarco,
+                            conTitulo<QMenu>, conPista<QLineEdit>, conPista<QPlainTextEdit>})
     if (auto r = prueba(o)) return r;
   return std::nullopt;
 }
