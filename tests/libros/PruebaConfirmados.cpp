@@ -152,6 +152,22 @@ TEST_F(ConfirmadosTest, OlvidarLaSesionNoOlvidaLaDuda) {
   }
 }
 
+// A process that only zeroes looks first at a machine whose earlier zeroing nothing has shown.
+TEST_F(ConfirmadosTest, ElCeroSueltoMiraAntesLaQueNoSeVio) {
+  using C = totals::Sesion::Comparacion;
+  t.masTarde(23 * 60);
+  vender(0, 12, 150);
+  leerYMemorizar();
+  for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, false, true, Tras::SinVer));
+  t.amanecer();
+  t.sesion().ponerEnProceso(true);
+  for (const auto& [grupo, addr] : {std::pair{1, 0}, {2, 1}}) {
+    EXPECT_TRUE(bien(t.sesion().permisoCero(grupo)).comprobar);
+    EXPECT_EQ(bien(t.sesion().compararGranTotal(grupo, addr, {13, 0, 4000, 0})), C::Mas);
+    EXPECT_EQ(bien(t.sesion().compararGranTotal(grupo, addr, {})), C::Cero);
+  }
+}
+
 // The first night reads no grand total, which the next one finds higher than before the zeroing.
 TEST_F(ConfirmadosTest, LaClaseQueNoSeLeyoNoPreguntaPorLoMemorizadoDespues) {
   for (const bool obedece : {true, false}) {
