@@ -107,7 +107,7 @@ class Cero final : public motor::CursoTarea {
   size_t maquina_ = 0;
   Marcha m_;
   std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
-  QStringList desmentidas_;          // what is said of machines that didn't obey
+  QStringList desmentidas_;          // reports of machines that didn't obey
 };
 
 Resultado<> Cero::preparar() {

@@ -52,6 +52,25 @@ const Testimonio& masFino(const Testimonios& t) {
   return std::ranges::max_element(t, {}, [](const auto& x) { return x.second.claves; })->second;
 }
 
+// The grand total's; without one, the finest kind's.
+const Testimonio& granTotalDe(const Testimonios& t) {
+  const auto gran = t.find(TipoTotal::GranTotal);
+  return gran == t.end() ? masFino(t) : gran->second;
+}
+
+bool muchasBajas(const Testimonio& f) {
+  return f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+}
+
+// A machine that forgot and sold most of the same pieces again looks like one that kept everything
+// and took a few back: those are gone, its count fell, and weights show no difference.
+bool puedeSerOtroDia(const Testimonios& t) {
+  const Testimonio& f = masFino(t);
+  const Testimonio& g = granTotalDe(t);
+  return f.bajas > 0 && f.bajas == f.desaparecidas && f.iguales >= kPorBaja * f.bajas &&
+         g.conAhora < g.conAntes && kPorPesoIgual * f.pesosIguales < kNoEsAzar;
+}
+
 }  // namespace
 
 Resultado<std::vector<Releida>> releidas(Database& db, const Ajustes& ajustes) {
@@ -120,9 +139,8 @@ bool algunaBaja(const Testimonios& t) {
 
 bool masQueDevoluciones(const Testimonios& t) {
   const Testimonio& f = masFino(t);
-  const auto gran = t.find(TipoTotal::GranTotal);
-  const Testimonio& g = gran == t.end() ? f : gran->second;
-  const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+  const Testimonio& g = granTotalDe(t);
+  const bool muchas = muchasBajas(f);
   const bool parte = f.bajas > 1 && kMasQueDevoluciones * f.bajas >= f.claves;
   return muchas || parte || g.conAhora < g.conAntes;
 }
@@ -138,20 +156,6 @@ bool firmes(const Testimonios& t) {
          kDeCada * f.iguales >= f.claves;
 }
 
-namespace {
-
-// A machine that forgot and sold most of the same pieces again looks like one that kept everything
-// and took a few back: those are gone, its count fell, and weights show no difference.
-bool puedeSerOtroDia(const Testimonios& t) {
-  const Testimonio& f = masFino(t);
-  const auto gran = t.find(TipoTotal::GranTotal);
-  const Testimonio& g = gran == t.end() ? f : gran->second;
-  return f.bajas > 0 && f.bajas == f.desaparecidas && f.iguales >= kPorBaja * f.bajas &&
-         g.conAhora < g.conAntes && kPorPesoIgual * f.pesosIguales < kNoEsAzar;
-}
-
-}  // namespace
-
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (quietos(t)) return Veredicto::Guarda;
   if (sospecha && puedeSerOtroDia(t)) return Veredicto::Duda;
@@ -160,11 +164,10 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (!baja && !todas) return Veredicto::Duda;
   if (firmes(t)) return Veredicto::Guarda;
   const Testimonio& f = masFino(t);
-  const auto gran = t.find(TipoTotal::GranTotal);
-  const Testimonio& g = gran == t.end() ? f : gran->second;
+  const Testimonio& g = granTotalDe(t);
   const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
-  const bool muchas = f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+  const bool muchas = muchasBajas(f);
   const bool bastan = muchas || (cayo && (f.bajas > 1 || aMenosDeMedias));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }

@@ -396,7 +396,7 @@ TEST_F(Gestcomm, LasSesiones) {
   accion(u"MnCanSs"_s)->trigger();
   EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{}, {.olvidar = true}}));
   EXPECT_EQ(sesion->estado(), 2);
-  // Memorised or forgotten there, the light goes out behind that window.
+  // After memorising or forgetting in another window, the light is out.
   ASSERT_TRUE(llena->isVisible());
   bien(sesion->cerrarSinMemorizar());
   pasar(1000);
