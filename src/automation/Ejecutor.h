@@ -71,6 +71,7 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
+  void avisarDelStock(const std::vector<qint64>& links, Hecho& h);
   QString sumandosDe(const totals::VerTot::Suma& suma) const;
   // REQUIRES a verb that acts on the selection or names its periods.
   Resultado<bool> operacion(const PasoPeriodos& p);

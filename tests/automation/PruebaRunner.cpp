@@ -231,6 +231,33 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
+// Sales of a part that was taken off the stock, and would be again with the sum. Each row: the
+// steps after the periods were created and the first was discounted.
+TEST_F(RunnerTest, LoDescontadoDosVecesSeDice) {
+  const QString parte = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,03/03/2026\r\n"_s;
+  const QString total = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
+  const QString b = u"P:SELECCIONAR,5,03/03/2026,04/03/2026\r\n"_s;
+  const struct {
+    QString pasos;
+    int veces;
+  } casos[] = {
+      {total + u"P:STOCK\r\n"_s + parte + b + u"P:SUMAR"_s, 2},
+      {parte + b + u"P:SUMAR"_s, 0},
+      {parte + b + u"P:SUMAR\r\n"_s + total + u"P:STOCK"_s, 2},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.pasos.toStdString());
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    correr(u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"_s + parte +
+               u"P:STOCK\r\nP:CREAR,5,02/03/2026,04/03/2026,t"_s,
+           *p);
+    const auto lineas = correr(c.pasos, *p);
+    EXPECT_EQ(lineas.filter(u"se descuentan otra vez"_s).size(), c.veces)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
 // A sum names what it added, and why it added nothing. Each row: the periods created and selected
 // by their days of March, the outcome and its sentence.
 TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {

@@ -47,7 +47,8 @@ class VerTot {
     std::optional<Columna> existente;
     int sumandos = 0;  // periods to add; 0 when the only one is the sum itself
     std::vector<Solape> solapes;
-    std::vector<qint64> dentro;  // those selected whose sales the target already holds
+    std::vector<qint64> dentro;    // those selected whose sales the target already holds
+    std::vector<Periodo> enStock;  // added, and taken off the stock once more with the target
   };
   Resultado<std::optional<Suma>> destinoDeSuma();
   // Into the period that contains the whole selection, which must exist; larger periods and stock
@@ -65,6 +66,9 @@ class VerTot {
     std::vector<Periodo> ya;           // accumulated there before
     std::vector<Solape> relacionados;  // `uno` repeats sales of `otro`, there or before it
   };
+  // Sales that discounting these would take off the stock once more: `uno`, which is contained in
+  // `otro`, was discounted before or is among them.
+  Resultado<std::vector<Solape>> yaEnStock(const std::vector<qint64>& links);
   Resultado<Prevision> preverAcumular(const std::vector<qint64>& links, int tipo);
 
  private:
