@@ -273,6 +273,7 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   if (verbo == VerboPeriodos::Sumar) return sumar();
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
   if (verbo == VerboPeriodos::Stock) avisarDelStock(elegidos, h);
+  if (verbo == VerboPeriodos::Borrar) avisarDeLoQueNoVuelve(p, h);
   const auto r = operacion(p);
   if (!r)
     h = deFallo(r.error());
@@ -292,6 +293,15 @@ void Ejecutor::avisarDelStock(const std::vector<qint64>& links, Hecho& h) {
   for (const auto& d : *dobles)
     h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(d.uno).simplified(),
                                          totals::TextoPeriodo(d.otro).simplified()}));
+}
+
+void Ejecutor::avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h) {
+  const auto* desde = std::get_if<Fecha>(&p.desde);
+  const auto* hasta = std::get_if<Fecha>(&p.hasta);
+  if (!desde || !hasta) return;
+  const auto grupos = t_.verTot.gruposSinCero(static_cast<int>(p.tipo), *desde, *hasta);
+  if (!grupos) return h.decir(grupos.error().texto);
+  if (!grupos->isEmpty()) h.decir(t_.textos(kTxBorradoSinCero, {*grupos}), false);
 }
 
 // A run that selects what it has memorised, and has memorised nothing, lacks nothing.

@@ -231,6 +231,22 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
+// What is deleted while the machines hold it doesn't come back: that is said.
+TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
+  for (const bool aCero : {false, true}) {
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    correr(u"T:RXGRTOT,1\r\nT:RXPLUS,1\r\nC:ESPERA,0,No\r\nS:CERRAR,,Si,Si\r\n"_s +
+               (aCero ? u"T:TX_ZERO,1\r\nC:ESPERA,0,No\r\n"_s : QString()),
+           *p);
+    p->lineas.clear();
+    const auto lineas = correr(u"P:BORRAR,1,01/01/2020,31/12/2030"_s, *p);
+    EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
+    EXPECT_EQ(lineas.filter(u"ventas de lo que se borra: 1. "_s).size(), aCero ? 0 : 1)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
 // Sales of a part that was taken off the stock, and would be again with the sum. Each row: the
 // steps after the periods were created and the first was discounted.
 TEST_F(RunnerTest, LoDescontadoDosVecesSeDice) {

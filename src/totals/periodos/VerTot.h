@@ -30,6 +30,8 @@ class VerTot {
   // is one among them, after the others have gone.
   Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
                                 std::span<const qint64> conservar = {});
+  // Periodos::gruposSinCero of those that BorrarIntvalo would delete.
+  Resultado<QString> gruposSinCero(int tipo, Fecha desde, Fecha hasta);
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);

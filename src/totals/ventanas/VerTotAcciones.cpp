@@ -224,11 +224,15 @@ void VerTotVentana::borrar(bool soloFilas) {
   const QString pregunta =
       t(soloFilas ? kTxVaciara : kTxBorrara, cuantos) + u'\n' + t(kTxSonValiosos);
   const auto debidos = loQueSeDebe(links);
-  if (!debidos) return;
+  const auto sinCero = p_.gruposSinCero(links);
+  if (!debidos || !haIdoBien(sinCero)) return;
+  const QString noVuelve =
+      sinCero->isEmpty() ? QString() : u"\n\n"_s + t(kTxNoVuelveARecogerse).arg(*sinCero);
   if (!MyMsgBox::Decide(this, contexto().textos,
                         pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s +
-                            t(kTxSePuedeDeshacer) + *debidos,
-                        kAceptoCancelo | kExclamacion | (debidos->isEmpty() ? 0 : kPrudente)))
+                            t(kTxSePuedeDeshacer) + noVuelve + *debidos,
+                        kAceptoCancelo | kExclamacion |
+                            (debidos->isEmpty() && noVuelve.isEmpty() ? 0 : kPrudente)))
     return;
   const auto lote = papelera_.nuevoLote();
   if (!haIdoBien(lote)) return;
