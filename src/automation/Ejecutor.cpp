@@ -375,6 +375,7 @@ void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debi
   }
   if (const auto hecho = libro.anotar(orden, debidos); !hecho) h.decir(hecho.error().texto);
   for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
+  if (const auto hecho = borrarEntregados(h); !hecho) h.decir(hecho.error().texto);
 }
 
 // A period that is still owed to an export stays: with it the debt would go, and nobody would know.
