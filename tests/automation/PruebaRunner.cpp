@@ -77,7 +77,12 @@ INSTANTIATE_TEST_SUITE_P(
         CasoPaso{u"C:ESPERA,%1,No",
                  u"El número de reintentos \"%1\" no es un número: se ha esperado sin reintentos.",
                  kMal},
-        CasoPaso{u"P:CREAR,5,02/03/2026,03/03/2026,x", u"", kBien},
+        CasoPaso{u"P:CREAR,5,02/03/2026,03/03/2026,x",
+                 u"El periodo acaba el 03/03/2026 a las 00:00, y ese día no entra; si debe entrar, "
+                 u"escriba 23:59:59 detrás de la fecha.",
+                 kBien},
+        CasoPaso{u"P:CREAR,5,02/03/2026,03/03/2026 23:59:59,x", u"", kBien},
+        CasoPaso{u"P:CREAR,5,05/03/2026,05/03/2026,x", u"No se pudo crear el intervalo", kMal},
         CasoPaso{u"P:CREAR,5,05/03/2026,02/03/2026,x", u"No se pudo crear el intervalo", kMal},
         CasoPaso{u"P:CREAR,4,01/01/1500,01/01/1500,x", u"No se pudo crear el intervalo", kMal},
         CasoPaso{u"P:CREAR,1,05/03/2026,,x", u"", kBien},
@@ -360,12 +365,16 @@ TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
 
 // --- parameters ---------------------------------------------------------------------------------
 
-TEST_F(RunnerTest, UnRangoAlRevesDelQueContestaSeDice) {
-  tienda_.respuestas.numeros = {{u"%1"_s, 9}};
-  const auto lineas = correr(u"N:%1,Desde\r\nT:TXPLUS,1,Sí,%1,5"_s);
-  EXPECT_EQ(fin_, ResultadoProceso::Problemas);
-  EXPECT_TRUE(lineas.contains(u"    Los códigos van al revés, del 9 al 5: el paso no hace nada."_s))
-      << lineas.join(u'\n').toStdString();
+TEST_F(RunnerTest, UnRangoMaloDelQueContestaSeDice) {
+  const std::pair<qint64, QString> casos[] = {
+      {9, u"    Los códigos van al revés, del 9 al 5: el paso no hace nada."_s},
+      {-3, u"    -3 no puede ser el código de un artículo: van del 0000000 al 9999999"_s}};
+  for (const auto& [desde, dice] : casos) {
+    tienda_.respuestas.numeros = {{u"%1"_s, desde}};
+    const auto lineas = correr(u"N:%1,Desde\r\nT:TXPLUS,1,Sí,%1,5"_s);
+    EXPECT_EQ(fin_, ResultadoProceso::Problemas);
+    EXPECT_TRUE(lineas.contains(dice)) << lineas.join(u'\n').toStdString();
+  }
 }
 
 TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
