@@ -96,9 +96,9 @@ void BrowPLUs::montarCampos() {
 }
 
 void BrowPLUs::prepararParrilla() {
-  const auto entero = [this](const QString& columna, int Articulo::* campo, int mayor, int nombre) {
-    return [this, columna, campo, mayor, nombre](qint64 fila, const QString& texto) {
-      return ponerEntero(fila, texto, columna, campo, mayor, nombre);
+  const auto entero = [this](const QString& columna, int Articulo::* campo) {
+    return [this, columna, campo](qint64 fila, const QString& texto) {
+      return ponerEntero(fila, texto, columna, campo);
     };
   };
   std::vector<ventanas::Columna> columnas{
@@ -129,8 +129,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 60,
-       .editar =
-           entero(u"DEPTO"_s, &Articulo::depto, kUltimoDepartamento, ventanas::kTxDepartamento),
+       .editar = entero(u"DEPTO"_s, &Articulo::depto),
        .largo = kLargoNumero,
        .rango = 2},
       {.titulo = ventanas::kTxFormato,
@@ -138,7 +137,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 70,
-       .editar = entero(u"FORMATO"_s, &Articulo::formato, kUltimoFormato, kTxFormatoEtiquetas),
+       .editar = entero(u"FORMATO"_s, &Articulo::formato),
        .largo = kLargoNumero,
        .rango = 3},
       {.titulo = kTxCoste,
