@@ -264,11 +264,13 @@ std::vector<motor::VistaTarea> EstadoEnvio::suyas() const {
 }
 
 void EstadoEnvio::parar() {
-  for (const motor::VistaTarea& t : suyas()) {
+  const auto tareas = suyas();
+  for (const motor::VistaTarea& t : tareas) {
     parando_.insert(t.datos.Id);
     s_.motor.DetenerTarea(t.datos.Id);
     s_.motor.EliminarTarea(t.datos.Id);
   }
+  if (!tareas.empty()) decirBien(Plural(t(kTxTareasParadas), static_cast<int>(tareas.size())));
 }
 
 // Shows the state of the first of its tasks. A failed one is retried for as long as the window is
