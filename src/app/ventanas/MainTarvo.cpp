@@ -60,6 +60,12 @@ const std::vector<EntradaMenu>& entradas() {
   return kEntradas;
 }
 
+// The window of that name has only its other half so far.
+bool sinGrupos(const Lleva& lleva) {
+  const auto* puerta = std::get_if<articles::PuertaBrowGrupos>(&lleva);
+  return puerta && puerta->grupos;
+}
+
 }  // namespace
 
 MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
@@ -109,6 +115,7 @@ void MainTarvo::ponerEntradas() {
       ir(e.lleva);
     });
     if (!contexto().ventanas.conoce(ventana)) b->ponerSinVentana(t(kTxSinEstaVentana));
+    if (sinGrupos(e.lleva)) b->ponerSinVentana(t(kTxGruposCerrado));
   }
   connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });
   connect(ui_.Avanzados, &QToolButton::clicked, this, [this] { mostrarPanel(kAvanzado); });
@@ -134,6 +141,7 @@ void MainTarvo::ponerLetras() {
 
 void MainTarvo::ir(const Lleva& adonde) {
   escapeAjeno_ = true;
+  if (sinGrupos(adonde)) return decirPista(t(kTxGruposCerrado));
   if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
   abrirLo(contexto().ventanas, adonde, this);
 }

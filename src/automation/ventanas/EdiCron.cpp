@@ -123,6 +123,7 @@ void EdiCron::aceptarNombre() {
   if (nombre.isEmpty()) return decirFallo(t(kTxEscribaNombre));
   const QString ruta = Ajustes::ruta(nombre + u".CRO"_s, contexto().ajustes.HomeDir);
   if (QFileInfo::exists(ruta)) return decirFallo(contexto().textos(kTxYaHayProgramacion, {nombre}));
+  tira().quitar();
   ruta_ = ruta;
   editarHorario({});
 }

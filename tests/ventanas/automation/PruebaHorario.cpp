@@ -75,6 +75,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows within the screen";
   EXPECT_EQ(e->frameGeometry().x(), std::max(0, pantalla.width() - e->frameGeometry().width()));
+  EXPECT_EQ(e->tira().texto(), QString()) << "it has a name now";
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);
