@@ -422,6 +422,13 @@ TEST(Trabajos, UnaSeccionCopiadaSeQuita) {
   EXPECT_EQ(t.leer(cuantos), u"12");
 }
 
+// A Return too many neither sends nor closes.
+TEST(Trabajos, EnviarAlSalirNoEsLoDeIntro) {
+  MesaDeArticulos t;
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  EXPECT_FALSE(t.escritorio.ventanas().preguntar(PuertaQueHacemos{}, nullptr));
+}
+
 // A section with articles goes only when its number is typed, and that number alone.
 TEST(Trabajos, UnaSeccionLlenaSeBorraEscribiendoSuNumero) {
   static constexpr struct {

@@ -250,6 +250,17 @@ TEST(Horarios, AbandonarNoTocaElFichero) {
   EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
 }
 
+// The window that asked for the name grows around its middle, into the editor.
+TEST(Horarios, CreceAlrededorDeSuMedio) {
+  Horarios s;
+  Ventana* e = s.editar();
+  const int medio = e->frameGeometry().center().y();
+  QTest::keyClicks(pieza<QLineEdit>(e, u"NomCron"_s), u"T"_s);
+  QTest::keyClick(pieza<QLineEdit>(e, u"NomCron"_s), Qt::Key_Return);
+  EXPECT_GT(e->height(), 300);
+  EXPECT_NEAR(e->frameGeometry().center().y(), medio, 2);
+}
+
 // The time stored is the one typed, regardless of the former contents; an invalid time is refused.
 TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   Horarios s;
@@ -263,6 +274,8 @@ TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   };
   escribir(u"25:00"_s);
   EXPECT_EQ(hora->text(), u"25:00") << "every key is accepted";
+  s.asentar();
+  EXPECT_GE(hora->width(), hora->maximumWidth()) << "beside the buttons of its line too";
   cuandoHayaCaja([](QWidget& caja) {
     QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
   });
