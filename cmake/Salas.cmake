@@ -27,10 +27,11 @@ endif()
 
 # Headers compiled ahead, once for all that are built alike: rooms, windows, tests.
 function(tarvo_cabeceras nombre)
-  cmake_parse_arguments(S "" "" "LINKS;CABECERAS" ${ARGN})
+  cmake_parse_arguments(S "" "" "LINKS;OPCIONES;CABECERAS" ${ARGN})
   file(WRITE ${CMAKE_BINARY_DIR}/cabeceras/${nombre}.cpp "")
   add_library(${nombre} OBJECT ${CMAKE_BINARY_DIR}/cabeceras/${nombre}.cpp)
   target_link_libraries(${nombre} PRIVATE tarvo_opciones ${S_LINKS})
+  target_compile_options(${nombre} PRIVATE ${S_OPCIONES})
   target_precompile_headers(${nombre} PRIVATE ${S_CABECERAS})
 endfunction()
 set(comunes <QByteArray> <QString> <QStringList> <QVariant> <algorithm> <expected> <functional> <map> <memory> <optional>
@@ -38,7 +39,15 @@ set(comunes <QByteArray> <QString> <QStringList> <QVariant> <algorithm> <expecte
 tarvo_cabeceras(cabeceras_sala LINKS Qt6::Core CABECERAS ${comunes})
 if(TARVO_PRUEBAS)
   find_package(GTest REQUIRED)
-  tarvo_cabeceras(cabeceras_prueba LINKS Qt6::Core GTest::gtest CABECERAS <gtest/gtest.h> ${comunes})
+  # Half of the code compiled are tests, whose own lines take no time when they run. Where a sanitizer looks at
+  # every access they do.
+  set(opciones_prueba $<$<NOT:$<BOOL:${TARVO_SANITIZAR}>>:-O0>)
+  tarvo_cabeceras(cabeceras_prueba LINKS Qt6::Core GTest::gtest OPCIONES ${opciones_prueba}
+    CABECERAS <gtest/gtest.h> ${comunes})
+  function(tarvo_como_prueba nombre)
+    target_compile_options(${nombre} PRIVATE ${opciones_prueba})
+    target_precompile_headers(${nombre} REUSE_FROM cabeceras_prueba)
+  endfunction()
 endif()
 if(TARVO_VENTANAS)
   tarvo_cabeceras(cabeceras_ventanas LINKS Qt6::Widgets CABECERAS <QtWidgets> ${comunes})
@@ -110,7 +119,7 @@ function(tarvo_prueba nombre)
   target_include_directories(${nombre} PRIVATE ${PROJECT_SOURCE_DIR}/tests ${PROJECT_SOURCE_DIR}/tools)
   target_link_libraries(${nombre} PRIVATE GTest::gtest_main tienda ${S_LINKS})
   target_compile_definitions(${nombre} PRIVATE TARVO_DATOS="${PROJECT_SOURCE_DIR}/datos")
-  target_precompile_headers(${nombre} REUSE_FROM cabeceras_prueba)
+  tarvo_como_prueba(${nombre})
   # The long ones first, or the last of them keeps one core alone: those of windows take pictures.
   set(coste 0)
   if(nombre MATCHES ventanas)

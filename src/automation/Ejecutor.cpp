@@ -272,6 +272,8 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   if (verbo == VerboPeriodos::Crear) return crear(p);
   if (verbo == VerboPeriodos::Sumar) return sumar();
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
+  if (verbo == VerboPeriodos::Stock) avisarDelStock(elegidos, h);
+  if (verbo == VerboPeriodos::Borrar) avisarDeLoQueNoVuelve(p, h);
   const auto r = operacion(p);
   if (!r)
     h = deFallo(r.error());
@@ -282,6 +284,24 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   if (verbo == VerboPeriodos::Acumular || verbo == VerboPeriodos::Stock)
     pendientes(p, r ? std::vector<qint64>{} : elegidos, h);
   return h;
+}
+
+// What its author ordered is done, and reported.
+void Ejecutor::avisarDelStock(const std::vector<qint64>& links, Hecho& h) {
+  const auto dobles = t_.verTot.yaEnStock(links);
+  if (!dobles) return h.decir(dobles.error().texto);
+  for (const auto& d : *dobles)
+    h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(d.uno).simplified(),
+                                         totals::TextoPeriodo(d.otro).simplified()}));
+}
+
+void Ejecutor::avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h) {
+  const auto* desde = std::get_if<Fecha>(&p.desde);
+  const auto* hasta = std::get_if<Fecha>(&p.hasta);
+  if (!desde || !hasta) return;
+  const auto grupos = t_.verTot.gruposSinCero(static_cast<int>(p.tipo), *desde, *hasta);
+  if (!grupos) return h.decir(grupos.error().texto);
+  if (!grupos->isEmpty()) h.decir(t_.textos(kTxBorradoSinCero, {*grupos}), false);
 }
 
 // A run that selects what it has memorised, and has memorised nothing, lacks nothing.
@@ -335,6 +355,8 @@ Hecho Ejecutor::sumar() {
     if (!s.yaDentro)
       h.decir(t_.textos(kTxSumaSolapa, {totals::TextoPeriodo(s.uno).simplified(),
                                         totals::TextoPeriodo(s.otro).simplified()}));
+  for (const auto& p : (*suma)->enStock)
+    h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(p).simplified(), destino}));
   const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
   if (!hecho) h.decir(hecho.error().texto);
   if (hecho && !sumandos.isEmpty()) h.decir(t_.textos(kTxSumado, {sumandos, destino}), false);

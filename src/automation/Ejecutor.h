@@ -71,8 +71,10 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
+  void avisarDelStock(const std::vector<qint64>& links, Hecho& h);
   QString sumandosDe(const totals::VerTot::Suma& suma) const;
   // REQUIRES a verb that acts on the selection or names its periods.
+  void avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h);
   Resultado<bool> operacion(const PasoPeriodos& p);
   Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);
   void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);

@@ -231,6 +231,49 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
+// What is deleted while the machines hold it doesn't come back: that is said.
+TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
+  for (const bool aCero : {false, true}) {
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    correr(u"T:RXGRTOT,1\r\nT:RXPLUS,1\r\nC:ESPERA,0,No\r\nS:CERRAR,,Si,Si\r\n"_s +
+               (aCero ? u"T:TX_ZERO,1\r\nC:ESPERA,0,No\r\n"_s : QString()),
+           *p);
+    p->lineas.clear();
+    const auto lineas = correr(u"P:BORRAR,1,01/01/2020,31/12/2030"_s, *p);
+    EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
+    EXPECT_EQ(lineas.filter(u"ventas de lo que se borra: 1. "_s).size(), aCero ? 0 : 1)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
+// Sales of a part that was taken off the stock, and would be again with the sum. Each row: the
+// steps after the periods were created and the first was discounted.
+TEST_F(RunnerTest, LoDescontadoDosVecesSeDice) {
+  const QString parte = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,03/03/2026\r\n"_s;
+  const QString total = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
+  const QString b = u"P:SELECCIONAR,5,03/03/2026,04/03/2026\r\n"_s;
+  const struct {
+    QString pasos;
+    int veces;
+  } casos[] = {
+      {total + u"P:STOCK\r\n"_s + parte + b + u"P:SUMAR"_s, 2},
+      {parte + b + u"P:SUMAR"_s, 0},
+      {parte + b + u"P:SUMAR\r\n"_s + total + u"P:STOCK"_s, 2},
+  };
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.pasos.toStdString());
+    TiendaDeProcesos tienda;
+    const auto p = tienda.programa();
+    correr(u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"_s + parte +
+               u"P:STOCK\r\nP:CREAR,5,02/03/2026,04/03/2026,t"_s,
+           *p);
+    const auto lineas = correr(c.pasos, *p);
+    EXPECT_EQ(lineas.filter(u"se descuentan otra vez"_s).size(), c.veces)
+        << lineas.join(u'\n').toStdString();
+  }
+}
+
 // A sum names what it added, and why it added nothing. Each row: the periods created and selected
 // by their days of March, the outcome and its sentence.
 TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {

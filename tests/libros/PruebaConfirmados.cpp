@@ -132,6 +132,39 @@ TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
   }
 }
 
+// A reading of some kinds alone may not show what a register did with the others: the whole one
+// asks, once, and its answer holds for all of them. A scale clears all or none.
+TEST_F(ConfirmadosTest, LaCajaSePreguntaEntera) {
+  for (const bool obedece : {true, false})
+    for (const TipoTotal k : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos}) {
+      SCOPED_TRACE(obedece);
+      SCOPED_TRACE(numeroDe(k));
+      t.masTarde(23 * 60);
+      vender(0, 5, 0);
+      leerYMemorizar();
+      for (const int g : {1, 2}) EXPECT_TRUE(t.ponerACero(g, obedece, true, Tras::SinVer));
+      t.amanecer();
+      vender(0, 5, 0, 2);
+      for (const int g : {1, 2}) t.leerSolo(g, k);
+      t.memorizar();
+      EXPECT_TRUE(t.textoAvisos().contains(u"Grupo 2: falta leer"))
+          << t.textoAvisos().toStdString();
+      EXPECT_FALSE(t.ponerACero(2));
+      EXPECT_EQ(bien(totals::dudasAbiertas(t.db())).size(), 1);
+      leerYMemorizar();
+      EXPECT_EQ(bien(totals::dudasAbiertas(t.db())).size(), 2);
+      for (const auto& d : bien(totals::dudasAbiertas(t.db())))
+        t.responder(d.grupo, d.addr, obedece);
+      for (const int g : {1, 2}) t.cuadra(g);
+      t.amanecer();
+      vender(0, 2, 0);
+      leerYMemorizar();
+      EXPECT_EQ(dicho(), Dicho::Nada) << t.textoAvisos().toStdString();
+      for (const int g : {1, 2}) t.cuadra(g);
+      t.desdeCero();
+    }
+}
+
 // Nothing that a person forgets of the inbox takes away what shows whether the machine obeyed.
 TEST_F(ConfirmadosTest, OlvidarLaSesionNoOlvidaLaDuda) {
   for (const bool vende : {false, true}) {
@@ -227,6 +260,25 @@ TEST_F(ConfirmadosTest, LaCajaQueSoloBorraUnaParte) {
     }
     t.desdeCero();
   }
+}
+
+// Its grand total was seen at zero and the rest wasn't; a lost record hides what the sums would
+// show.
+TEST_F(ConfirmadosTest, LaPreguntaOfreceLoPosible) {
+  t.masTarde(23 * 60);
+  vender(0, 12, 0);
+  leerYMemorizar();
+  EXPECT_TRUE(t.ponerACero(2, false, true, Tras::Cero));
+  t.grupos.at(2).at(1).granTotal.clear();
+  t.amanecer();
+  vender(0, 1, 0);
+  t.leerSolo(2, TipoTotal::GranTotal);
+  t.leerSolo(2, TipoTotal::PLUs);
+  t.leerSin(2, TipoTotal::Departamentos, {15});
+  t.memorizar();
+  const auto dudas = bien(totals::dudasAbiertas(t.db()));
+  ASSERT_EQ(dudas.size(), 1) << t.textoAvisos().toStdString();
+  EXPECT_EQ(dudas[0].siNo, 300);
 }
 
 }  // namespace tarvo::prueba

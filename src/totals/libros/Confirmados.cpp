@@ -145,7 +145,10 @@ std::optional<Via> loQueGuarda(const Testimonios& t, const std::set<TipoTotal>& 
   const auto vias = viasQueCuadran(t, enteras, visto);
   if (vias.size() == 1) return vias.front();
   Veredicto v = juzgarConfirmada(t);
-  if (visto) v = v == Veredicto::Guarda ? Veredicto::Duda : Veredicto::Olvido;
+  const auto comparables =
+      std::ranges::count_if(t, [&](const auto& x) { return enteras.contains(x.first); });
+  const bool niQueBorrara = v == Veredicto::Duda && comparables > 1 && vias.empty();
+  if (visto && !niQueBorrara) v = v == Veredicto::Guarda ? Veredicto::Duda : Veredicto::Olvido;
   // What was sold since the question takes evidence away; it adds none.
   if (v == Veredicto::Duda || (espera && v == Veredicto::Olvido)) return std::nullopt;
   return v == Veredicto::Guarda ? clasesDe(t, visto) : Via{};
@@ -213,6 +216,30 @@ Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr, con
   return {};
 }
 
+// The kinds of a register, which may have cleared each by itself, that were not read whole since
+// it confirmed. A scale clears all or none.
+Resultado<QStringList> clasesPorLeer(Database& db, const Ajustes& ajustes, const Textos& textos,
+                                     int grupo, int addr, const Testimonios& t,
+                                     const std::set<TipoTotal>& enteras) {
+  QStringList faltan;
+  TARVO_TOMAR(const auto tipo, db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo));
+  if (deNumero<TipoGrupo>(tipo.entero()) != TipoGrupo::Registradoras) return faltan;
+  for (const ClaseTotal& c : enVigor(ajustes)) {
+    if (t.contains(c.tipo) && enteras.contains(c.tipo)) continue;
+    TARVO_TOMAR(const auto n,
+                db.uno(u"SELECT count(*) FROM CeroFilas WHERE GRUPO=? AND ADDR=? AND CLASE=?",
+                       grupo, addr, numeroDe(c.tipo)));
+    if (n.entero() > 0) faltan << textos(kTxNombreTotal + numeroDe(c.tipo));
+  }
+  return faltan;
+}
+
+// A grand total that was seen at zero is no part of the question.
+Testimonios loQuePudoGuardar(Testimonios t, bool visto) {
+  if (visto && t.size() > 1) t.erase(TipoTotal::GranTotal);
+  return t;
+}
+
 // `guarda`: the kinds that were reread and are kept.
 Resultado<> aplicar(Database& db, const Textos& textos, int grupo, int addr, const Testimonios& t,
                     const Via& guarda, std::vector<Aviso>& avisos) {
@@ -257,6 +284,7 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
   for (const Releida& r : lecturas)
     if (r.entera) enteras.insert(r.clase->tipo);
   std::map<int, Testimonios> preguntas;
+  QStringList faltan;
   for (const auto& [addr, t] : testimonios) {
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
     TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
@@ -265,7 +293,9 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
     auto guarda = loQueGuarda(t, enteras, visto.logico(), espera);
     if (dicho) guarda = *dicho ? Via{} : clasesDe(t, visto.logico());
     if (!guarda) {
-      preguntas[addr] = t;
+      TARVO_TOMAR(const auto suyas, clasesPorLeer(db, ajustes, textos, grupo, addr, t, enteras));
+      faltan += suyas;
+      if (suyas.empty()) preguntas[addr] = loQuePudoGuardar(t, visto.logico());
       continue;
     }
     TARVO_INTENTAR(aplicar(db, textos, grupo, addr, t, *guarda, avisos));
@@ -273,7 +303,12 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
     if (dicho && *dicho) TARVO_INTENTAR(cerrarDuda(db, grupo, addr));
   }
   if (!preguntas.empty()) TARVO_INTENTAR(abrirDudas(db, ajustes, textos, grupo, preguntas, avisos));
-  return preguntas.empty();
+  if (!faltan.empty()) {
+    faltan.removeDuplicates();
+    avisos.push_back({grupo, textos(kTxFaltaLeerClases, {grupo, faltan.join(u", "_s)}), true});
+    TARVO_INTENTAR(dejarFuera(db, ajustes, grupo));
+  }
+  return preguntas.empty() && faltan.empty();
 }
 
 // What was read before the zeroing and is still in the inbox is in no period. A reading after it

@@ -30,6 +30,11 @@ QString importe(const Ajustes& a, qint64 n) {
   return VerImporte(a, n, a.MonedaNativa ? 1 : 0);
 }
 
+// What was sold, or that more came back.
+QString vendido(const Ajustes& a, const Textos& textos, qint64 n) {
+  return n < 0 ? textos(kTxSeDevolvioMas, {importe(a, -n)}) : importe(a, n);
+}
+
 }  // namespace
 
 Resultado<std::vector<DudaAbierta>> dudasAbiertas(Database& db) {
@@ -77,7 +82,7 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
     avisos.push_back(
         {grupo,
          textos(kTxDudaDeCero, {grupo, desde.fecha().general(), importe(ajustes, g.impAhora),
-                                importe(ajustes, g.impAhora - g.impAntes), cual}),
+                                vendido(ajustes, textos, g.impAhora - g.impAntes), cual}),
          true});
   }
   return dejarFuera(db, ajustes, grupo);
@@ -118,6 +123,15 @@ Resultado<> cerrarDudasSinBase(Database& db) {
 Resultado<bool> hayDudas(Database& db, int grupo) {
   TARVO_TOMAR(const auto n, db.uno(u"SELECT count(*) FROM Dudas WHERE GRUPO=?"_s, grupo));
   return n.entero() > 0;
+}
+
+Resultado<bool> esperaRespuesta(Database& db, int grupo, TipoTotal clase) {
+  bool espera = false;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT CLASES FROM Dudas WHERE GRUPO=?", grupo), [&](const dao::Recordset& f) {
+        espera = espera || f.texto(0).split(u',').contains(QString::number(numeroDe(clase)));
+      }));
+  return espera;
 }
 
 Resultado<bool> anotarRespuesta(Database& db, const Textos& textos, DudaAbierta cual, bool olvido) {

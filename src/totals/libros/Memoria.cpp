@@ -205,15 +205,28 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   return {};
 }
 
+// With what the reading brought into the period: of one that contains memorised counters, the
+// difference.
 Resultado<> Memoria::anotarOrigen(const Recibido& r, qint64 link) {
+  TARVO_TOMAR(
+      const auto base,
+      db_.consultar(
+          sobreFilas(
+              u"SELECT COALESCE(SUM(b.CON), 0), COALESCE(SUM(b.IMP), 0) FROM BaseFilas b WHERE ? "
+              u"AND b.GRUPO=? AND b.CLASE=? AND (EXISTS (SELECT 1 FROM Lecturas l WHERE "
+              u"l.GRUPO=b.GRUPO AND l.CLASE=b.CLASE AND l.ENTERA<>0) OR EXISTS (SELECT 1 FROM "
+              u"{tabla} i WHERE i.LINK=0 AND i.GRUPO=b.GRUPO AND i.CODI=b.CODI AND "
+              u"b.HORA={horaI}))",
+              claseDe(r.clase)),
+          r.conBase, r.CODGPO, numeroDe(r.clase)));
   TARVO_INTENTAR(db_.ejecutar(
       sobreFilas(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, "
                  u"FILAS, CON, IMP) SELECT ?, ?, ?, ?, (SELECT FIN FROM Lecturas WHERE GRUPO=? AND "
-                 u"CLASE=?), ?, ?, ?, count(*), SUM(CON), SUM(IMP) FROM {tabla} WHERE LINK=0 AND "
-                 u"GRUPO=?",
+                 u"CLASE=?), ?, ?, ?, count(*), COALESCE(SUM(CON), 0)-?, COALESCE(SUM(IMP), 0)-? "
+                 u"FROM {tabla} WHERE LINK=0 AND GRUPO=?",
                  claseDe(r.clase)),
       link, r.CODGPO, numeroDe(r.clase), ejecucion_, r.CODGPO, numeroDe(r.clase), r.desde, r.hasta,
-      r.conBase ? u"diferencia"_s : u"lectura"_s, r.CODGPO));
+      r.conBase ? u"diferencia"_s : u"lectura"_s, base->entero(0), base->entero(1), r.CODGPO));
   return {};
 }
 

@@ -82,7 +82,7 @@ Resultado<bool> haySinMemorizar(Database& db, const ClaseTotal& c, int grupo, bo
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const bool viva, haySinMemorizar(db, c, grupo, false));
-  TARVO_TOMAR(const auto espera, hayDudas(db, grupo));
+  TARVO_TOMAR(const auto espera, esperaRespuesta(db, grupo, c.tipo));
   if (!(abierta && viva) && !espera) return false;
   bool pisa = false;
   TARVO_INTENTAR(dao::recorrer(

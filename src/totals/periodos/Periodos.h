@@ -107,6 +107,9 @@ class Periodos {
 
   // What nights still owe of it: to which file, into which larger period; a sentence each.
   Resultado<QStringList> debidosDe(qint64 link);
+  // The groups whose machines still hold their sales, as a text: they are memorised, so they won't
+  // be counted again, and only what comes after them will. Empty when there are none.
+  Resultado<QString> gruposSinCero(const std::vector<qint64>& links);
 
   dao::Database& base() const { return db_; }
   const Ajustes& ajustes() const { return a_; }

@@ -119,4 +119,20 @@ Resultado<QStringList> Periodos::debidosDe(qint64 link) {
   return lineas;
 }
 
+Resultado<QString> Periodos::gruposSinCero(const std::vector<qint64>& links) {
+  constexpr qsizetype kALaVista = 8;
+  std::set<int> grupos;
+  if (!db_.existeTabla(u"Lecturas")) return QString();
+  for (const qint64 link : links)
+    TARVO_INTENTAR(dao::recorrer(
+        db_.consultar(u"SELECT DISTINCT GRUPO FROM Lecturas WHERE LINK=?", link),
+        [&](const dao::Recordset& rs) { grupos.insert(static_cast<int>(rs.entero(0))); }));
+  QStringList numeros;
+  numeros.reserve(static_cast<qsizetype>(grupos.size()));
+  for (const int grupo : grupos) numeros << QString::number(grupo);
+  const auto demas = numeros.size() - kALaVista;
+  if (demas > 0) numeros = numeros.mid(0, kALaVista) << QStringLiteral("... +%1").arg(demas);
+  return numeros.join(QStringLiteral(", "));
+}
+
 }  // namespace tarvo::totals

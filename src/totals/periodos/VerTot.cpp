@@ -132,6 +132,11 @@ Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
   return !links.empty();
 }
 
+Resultado<QString> VerTot::gruposSinCero(int tipo, Fecha desde, Fecha hasta) {
+  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
+  return p_.gruposSinCero(links);
+}
+
 Resultado<std::vector<qint64>> VerTot::entreFechas(int tipo, Fecha desde, Fecha hasta) {
   TARVO_TOMAR(const auto filas, p_.lista(tipo));
   const Fecha fin = hastaElFinal(tipo, hasta);

@@ -30,6 +30,8 @@ class VerTot {
   // is one among them, after the others have gone.
   Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
                                 std::span<const qint64> conservar = {});
+  // Periodos::gruposSinCero of those that BorrarIntvalo would delete.
+  Resultado<QString> gruposSinCero(int tipo, Fecha desde, Fecha hasta);
   bool ClrSelec();
   Resultado<bool> Seleccionar(int tipo, Fecha desde, Fecha hasta);
   Resultado<bool> SelecHnd(qint64 link);
@@ -47,7 +49,8 @@ class VerTot {
     std::optional<Columna> existente;
     int sumandos = 0;  // periods to add; 0 when the only one is the sum itself
     std::vector<Solape> solapes;
-    std::vector<qint64> dentro;  // those selected whose sales the target already holds
+    std::vector<qint64> dentro;    // those selected whose sales the target already holds
+    std::vector<Periodo> enStock;  // added, and taken off the stock once more with the target
   };
   Resultado<std::optional<Suma>> destinoDeSuma();
   // Into the period that contains the whole selection, which must exist; larger periods and stock
@@ -65,6 +68,9 @@ class VerTot {
     std::vector<Periodo> ya;           // accumulated there before
     std::vector<Solape> relacionados;  // `uno` repeats sales of `otro`, there or before it
   };
+  // Sales that discounting these would take off the stock once more: `uno`, which is contained in
+  // `otro`, was discounted before or is among them.
+  Resultado<std::vector<Solape>> yaEnStock(const std::vector<qint64>& links);
   Resultado<Prevision> preverAcumular(const std::vector<qint64>& links, int tipo);
 
  private:

@@ -71,6 +71,7 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
     TARVO_TOMAR(const auto dentro, tieneDentro(destino, c));
     if (dentro) suma.dentro.push_back(c.LINK);
     ponerMayores(destino, c, suma);
+    if (destino.stkADO > 0 && c.stkADO > 0) suma.enStock.push_back(c.periodo);
     if (elegido) continue;  // reported above, as an overlap of the two
     if (dentro) {
       suma.solapes.push_back({c.periodo, destino.periodo, true});
@@ -80,6 +81,21 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
     for (const Periodo& p : comunes) suma.solapes.push_back({c.periodo, p});
   }
   return {};
+}
+
+Resultado<std::vector<VerTot::Solape>> VerTot::yaEnStock(const std::vector<qint64>& links) {
+  std::vector<Solape> v;
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto c, p_.columna(link));
+    if (!c || c->stkADO > 0) continue;
+    TARVO_TOMAR(const auto dentro, Sumas(p_).contenido(*c));
+    for (const Periodo& p : dentro) {
+      TARVO_TOMAR(const auto suyo, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+      if (suyo && (suyo->stkADO > 0 || std::ranges::count(links, suyo->LINK) > 0))
+        v.push_back({p, c->periodo});
+    }
+  }
+  return v;
 }
 
 Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {

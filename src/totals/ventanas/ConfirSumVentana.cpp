@@ -61,14 +61,17 @@ Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
 // Lists the sales that would be counted twice, and makes Cancelar the default button.
 void ConfirSumVentana::mostrarSolapes() {
   const auto& solapes = suma_.solapes;
-  ui_.solapes->setVisible(!solapes.empty());
-  if (solapes.empty()) return;
-  QStringList lineas{t(kTxSeContaranDosVeces)};
+  ui_.solapes->setVisible(!solapes.empty() || !suma_.enStock.empty());
+  if (solapes.empty() && suma_.enStock.empty()) return;
+  QStringList lineas;
+  if (!solapes.empty()) lineas << t(kTxSeContaranDosVeces);
   for (const auto& s : solapes | std::views::take(kSolapesALaVista))
     lineas << t(s.yaDentro ? kTxYaSumadoEn : kTxEnComun)
                   .arg(TextoPeriodo(s.uno).simplified(), TextoPeriodo(s.otro).simplified());
   const int otras = static_cast<int>(solapes.size()) - kSolapesALaVista;
   if (otras > 0) lineas << t(kTxYOtrasCoincidencias, otras);
+  if (!suma_.enStock.empty())
+    lineas << t(kTxSeDescontaranDosVeces).arg(TextoPeriodos(suma_.enStock));
   ui_.solapes->setText(lineas.join(u'\n'));
   ui_.Hacerlo->setDefault(false);
   ui_.Cancelar->setDefault(true);

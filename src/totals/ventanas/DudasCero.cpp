@@ -57,9 +57,12 @@ void DudasCero::responder(bool olvido) {
   if (fila < 0) return decirDuda(t(kTxElijaDuda));
   const DudaAbierta d = todas_[static_cast<size_t>(ui_.Lista->clave(fila))];
   const Textos& textos = contexto().textos;
-  const QString pregunta =
-      textos(olvido ? kTxDudaPreguntaSi : kTxDudaPreguntaNo,
-             {nombreDe(d), d.desde.general(), dinero(olvido ? d.siOlvido : d.siNo)});
+  const qint64 vendido = olvido ? d.siOlvido : d.siNo;
+  const int numero = olvido        ? kTxDudaPreguntaSi
+                     : vendido < 0 ? kTxDudaPreguntaDevuelto
+                                   : kTxDudaPreguntaNo;
+  const QString pregunta = textos(
+      numero, {nombreDe(d), d.desde.general(), dinero(olvido ? vendido : std::abs(vendido))});
   if (!MyMsgBox::Decide(this, textos, pregunta, kAceptoCancelo | kExclamacion | kPrudente)) return;
   std::vector<Aviso> avisos;
   const auto links = motor_.responder(d.grupo, d.addr, olvido, avisos);

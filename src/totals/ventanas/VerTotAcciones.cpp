@@ -221,11 +221,15 @@ void VerTotVentana::borrar(bool soloFilas) {
   const QString pregunta =
       t(soloFilas ? kTxVaciara : kTxBorrara, cuantos) + u'\n' + t(kTxSonValiosos);
   const auto debidos = loQueSeDebe(links);
-  if (!debidos) return;
+  const auto sinCero = p_.gruposSinCero(links);
+  if (!debidos || !haIdoBien(sinCero)) return;
+  const QString noVuelve =
+      sinCero->isEmpty() ? QString() : u"\n\n"_s + t(kTxNoVuelveARecogerse).arg(*sinCero);
   if (!MyMsgBox::Decide(this, contexto().textos,
                         pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s +
-                            t(kTxSePuedeDeshacer) + *debidos,
-                        kAceptoCancelo | kExclamacion | (debidos->isEmpty() ? 0 : kPrudente)))
+                            t(kTxSePuedeDeshacer) + noVuelve + *debidos,
+                        kAceptoCancelo | kExclamacion |
+                            (debidos->isEmpty() && noVuelve.isEmpty() ? 0 : kPrudente)))
     return;
   const auto lote = papelera_.nuevoLote();
   if (!haIdoBien(lote)) return;
@@ -374,12 +378,20 @@ void VerTotVentana::descontar(bool deshacer) {
   }
   const auto que = resumenDe(links);
   if (!que) return;
-  const QString pregunta =
-      t(deshacer ? kTxVanAIncorporar : kTxVanADescontar) + u'\n' + t(kTxEsoDesea);
-  if (!MyMsgBox::Decide(this, contexto().textos,
-                        pregunta + u"\n\n"_s + t(kTxNPeriodos, que->periodos) + u": "_s +
-                            textoResumen(*this, *que) + u'.',
-                        kAceptoCancelo))
+  std::vector<Periodo> dobles;
+  if (!deshacer) {
+    const auto ya = motor_.yaEnStock(links);
+    if (!haIdoBien(ya)) return;
+    for (const VerTot::Solape& s : *ya) dobles.push_back(s.uno);
+  }
+  QString pregunta = t(deshacer ? kTxVanAIncorporar : kTxVanADescontar) + u'\n' + t(kTxEsoDesea) +
+                     u"\n\n"_s + t(kTxNPeriodos, que->periodos) + u": "_s +
+                     textoResumen(*this, *que) + u'.';
+  if (!dobles.empty())
+    pregunta += u"\n\n"_s + t(kTxSeDescontaranDosVeces).arg(TextoPeriodos(dobles));
+  if (!MyMsgBox::Decide(
+          this, contexto().textos, pregunta,
+          dobles.empty() ? kAceptoCancelo : kAceptoCancelo | kExclamacion | kPrudente))
     return;
   const auto hechos = std::make_shared<std::vector<qint64>>();
   porPasos(

@@ -101,6 +101,8 @@ TEST(VentanaAcciones, BorrarNombraLoQueSeDebe) {
     t.sql(
         u"create table %1 (NUMERO integer, LINK integer, FECHA1 real, FECHAF real, RUTA text, "
         u"VERBO integer, TIPO integer)"_s.arg(QString::fromUtf16(tabla)));
+  t.sql(u"create table if not exists Lecturas (GRUPO integer, CLASE integer, LINK integer)"_s);
+  t.sql(u"insert into Lecturas (GRUPO, CLASE, LINK) values (7, 16, ?), (9, 16, -1)"_s, lunes);
   t.sql(
       u"insert into ExportesPendientes select 1, LINK, FECHA1, FECHAF, 'VENTAS.EXP', 0, 0 from "
       u"COLUMNA where LINK=?"_s,
@@ -119,6 +121,8 @@ TEST(VentanaAcciones, BorrarNombraLoQueSeDebe) {
   });
   t.tecla(Qt::Key_Delete, Qt::ControlModifier);
   EXPECT_TRUE(pregunta.contains(u"exportarlo a VENTAS.EXP"_s)) << pregunta.toStdString();
+  EXPECT_TRUE(pregunta.contains(u"tienen todavía esas ventas: 7. Aunque"_s))
+      << pregunta.toStdString();
   EXPECT_TRUE(pregunta.contains(u"acumularlo en el periodo SEMANAL"_s)) << pregunta.toStdString();
   EXPECT_EQ(t.leer(kFilas), antes);
 }
