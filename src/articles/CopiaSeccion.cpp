@@ -61,7 +61,9 @@ Resultado<bool> CopiaSeccion::paso(qint64& hechos, qint64& total) {
 
 Resultado<> CopiaSeccion::deshacer() {
   if (destino_ == 0) return {};
-  return secciones_.borrar(std::exchange(destino_, 0));
+  TARVO_INTENTAR(secciones_.borrar(destino_));
+  destino_ = 0;
+  return {};
 }
 
 }  // namespace tarvo::articles

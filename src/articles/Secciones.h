@@ -123,9 +123,10 @@ class CopiaSeccion {
 
   // Rows are counted in articles; false when it is done.
   Resultado<bool> paso(qint64& hechos, qint64& total);
-  // Removes what was copied so far.
+  // Removes what was copied so far, or the whole copy; after a failure it can be tried again.
   Resultado<> deshacer();
   int numero() const { return destino_; }  // 0 before the first step
+  int origen() const { return origen_; }
 
  private:
   Resultado<bool> empezar(qint64& total);

@@ -299,7 +299,8 @@ void Automat::InformeAviso(const totals::Aviso& aviso) {
 Resultado<> Automat::TareaHecha(const motor::DatosTarea& tarea) {
   const bool cuenta = d->vigila() || d->fase == kAbortando;
   if (tarea.paso < 0 || !cuenta) return {};
-  return d->diario.tareaHecha(d->e.numero, tarea.paso, tarea.Grupo, d->t.reloj.ahora());
+  TARVO_INTENTAR(d->diario.tareaHecha(d->e.numero, tarea.paso, tarea.Grupo, d->t.reloj.ahora()));
+  return d->asentarVista(tarea.paso);
 }
 
 }  // namespace tarvo::automation

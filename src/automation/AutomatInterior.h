@@ -47,6 +47,7 @@ struct Automat::Interior final : motor::Observador {
   void pasosDesdeElPrincipio();
   void interrumpirVistas();
   void asentarVistas();
+  Resultado<> asentarVista(qint64 paso);
   void pasoHecho();
   void contarPorPedir(CursoEjecucion& curso) const;
 

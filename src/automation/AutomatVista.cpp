@@ -39,6 +39,17 @@ void Automat::Interior::asentarVistas() {
     if (v.estado == EstadoPaso::EnCola) v.estado = EstadoPaso::Hecho;
 }
 
+// A step whose tasks have all been done is done, whatever becomes of those of others.
+Resultado<> Automat::Interior::asentarVista(qint64 paso) {
+  if (deOtra || paso >= static_cast<qint64>(vistas.size())) return {};
+  VistaPaso& v = vistas[static_cast<size_t>(paso)];
+  if (v.estado != EstadoPaso::EnCola) return {};
+  TARVO_TOMAR(const auto quedan, diario.tareasPorHacer(e.numero, paso));
+  if (std::ranges::find(quedan, paso, &Diario::Tarea::paso) == quedan.end())
+    v.estado = EstadoPaso::Hecho;
+  return {};
+}
+
 void Automat::Interior::pasoHecho() {
   const PasoProceso& paso = pasos[static_cast<size_t>(indice)];
   if (std::holds_alternative<PasoControl>(paso)) asentarVistas();

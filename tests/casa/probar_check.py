@@ -114,6 +114,8 @@ CASOS = [
     ("manual", cambia("docs/manual/VerTot.md", r"## Cómo se hace", "## Uso"), r"begins with its title"),
     ("teclas", anade("src/stock/ventanas/Prueba.cpp", 'unir(ui_.Nada, u"borrar"_s, Qt::Key_F7, [] {});\n'),
      r"Nada has the key F7"),
+    ("teclas", anade("src/stock/ventanas/Prueba.cpp", "nada->setShortcuts({Qt::Key_F9, Qt::Key_F6});\n"),
+     r"nada has the key F6, and its row"),
     ("teclas", cambia("src/core/ventanas/parrilla/ParrillaMontaje.cpp", r"Qt::CTRL \| Qt::SHIFT \| Qt::Key_S", "Qt::Key_F10"),
      r"exportar has the key F10"),
     ("teclas", cambia("src/core/ventanas/parrilla/ParrillaTeclas.cpp", r"Qt::Key_D &&", "Qt::Key_E &&"), r"rellenar has the key Ctrl\+E"),

@@ -52,8 +52,10 @@ void Entrada::paintEvent(QPaintEvent*) {
   const QRect imagen(QPoint(h, (height() - iconSize().height()) / 2), iconSize());
   const bool vale = isEnabled() && !sinVentana_;
   icon().paint(&p, imagen, Qt::AlignCenter, vale ? QIcon::Normal : QIcon::Disabled);
+  QPalette tinta = palette();  // the style itself draws no paler text for what can't be used
+  tinta.setCurrentColorGroup(vale ? QPalette::Active : QPalette::Disabled);
   p.drawItemText(rect().adjusted(imagen.right() + h, 0, -h, 0),
-                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, palette(), vale, text(),
+                 Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic, tinta, vale, text(),
                  QPalette::WindowText);
 }
 

@@ -60,6 +60,12 @@ const std::vector<EntradaMenu>& entradas() {
   return kEntradas;
 }
 
+// The window of that name has only its other half so far.
+bool sinGrupos(const Lleva& lleva) {
+  const auto* puerta = std::get_if<articles::PuertaBrowGrupos>(&lleva);
+  return puerta && puerta->grupos;
+}
+
 }  // namespace
 
 MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
@@ -83,8 +89,10 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   refrescarPersonal();
   mostrarPanel(kPrincipal);
   atenderBandeja();
-  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this,
-          [this] { hijaIda_ = this->contexto().reloj.monotono(); });
+  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this, [this] {
+    hijaIda_ = this->contexto().reloj.monotono();
+    escapeAjeno_ = true;
+  });
   connect(manana_, &Manana::elegida, this, &MainTarvo::ir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
@@ -107,6 +115,7 @@ void MainTarvo::ponerEntradas() {
       ir(e.lleva);
     });
     if (!contexto().ventanas.conoce(ventana)) b->ponerSinVentana(t(kTxSinEstaVentana));
+    if (sinGrupos(e.lleva)) b->ponerSinVentana(t(kTxGruposCerrado));
   }
   connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });
   connect(ui_.Avanzados, &QToolButton::clicked, this, [this] { mostrarPanel(kAvanzado); });
@@ -131,12 +140,15 @@ void MainTarvo::ponerLetras() {
 }
 
 void MainTarvo::ir(const Lleva& adonde) {
+  escapeAjeno_ = true;
+  if (sinGrupos(adonde)) return decirPista(t(kTxGruposCerrado));
   if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
   abrirLo(contexto().ventanas, adonde, this);
 }
 
 void MainTarvo::mostrarPanel(Panel panel) {
   const int antes = ui_.Paneles->currentIndex();
+  if (panel != kPrincipal) escapeAjeno_ = false;
   ui_.Paneles->setCurrentIndex(panel);
   ui_.Salir->setText(t(panel == kPrincipal ? ventanas::kTxSalir : ventanas::kTxManualAtras));
   ui_.Salir->setIcon(ventanas::icono(panel == kPrincipal ? u"cerrar"_s : u"atras"_s));
@@ -165,7 +177,9 @@ void MainTarvo::moverFoco(int pasos) {
 }
 
 void MainTarvo::keyPressEvent(QKeyEvent* evento) {
-  if (evento->key() == Qt::Key_Escape && !atiendeEscape()) return evento->accept();
+  const bool escape = evento->key() == Qt::Key_Escape;
+  if (escape && !atiendeEscape(*evento)) return evento->accept();
+  if (!escape) escapeAjeno_ = false;
   const bool enColumna = ui_.Columna->isAncestorOf(focusWidget());
   if (enColumna && (evento->key() == Qt::Key_Down || evento->key() == Qt::Key_Up))
     return moverFoco(evento->key() == Qt::Key_Down ? 1 : -1);
@@ -175,10 +189,17 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
   Ventana::keyPressEvent(evento);
 }
 
-// An Escape right after a child window has closed was meant for that window. If a run or a
-// collection is in progress, it asks before closing, so that it isn't ended by accident.
-bool MainTarvo::atiendeEscape() {
+// An Escape right after a child window has closed was meant for that window, and so may be the
+// first one after an entry has been used or a window has closed, however late: nothing else was
+// done here since. If a run or a collection is in progress, it asks before closing, so that it
+// isn't ended by accident.
+bool MainTarvo::atiendeEscape(const QKeyEvent& escape) {
+  if (escape.isAutoRepeat()) return false;
   if (hijaIda_ >= 0 && contexto().reloj.monotono() - hijaIda_ < kTrasHijaMs) return false;
+  if (std::exchange(escapeAjeno_, false)) {
+    decirPista(t(kTxOtraEscape));
+    return false;
+  }
   QStringList quedan;
   if (app_.automat().enMarcha())
     quedan << contexto().textos(kTxQuedaProceso, {app_.automat().nombre()});
@@ -229,6 +250,7 @@ void MainTarvo::atenderBandeja() {
 }
 
 void MainTarvo::salir() {
+  escapeAjeno_ = false;
   ui_.Paneles->currentIndex() == kPrincipal ? static_cast<void>(close()) : mostrarPanel(kPrincipal);
 }
 

@@ -41,7 +41,7 @@ class MainTarvo final : public ventanas::Ventana {
   void minimizar();
   void reaparecer();
   void atenderBandeja();
-  bool atiendeEscape();
+  bool atiendeEscape(const QKeyEvent& escape);
   bool esLaUnica() const;
   void moverFoco(int pasos);
   void changeEvent(QEvent* evento) override;
@@ -72,8 +72,9 @@ class MainTarvo final : public ventanas::Ventana {
   SysTray* tray_;
   ventanas::Deshacer* deshacer_;  // of the person's own entries
   bool suspendiendo_ = false;
-  qint64 hijaIda_ = -1;      // when another window was last closed, on the monotonic clock
-  bool enPersonal_ = false;  // the pop-up menu or the dialog of an own entry is open
+  qint64 hijaIda_ = -1;       // when another window was last closed, on the monotonic clock
+  bool escapeAjeno_ = false;  // the next Escape may be meant for another window
+  bool enPersonal_ = false;   // the pop-up menu or the dialog of an own entry is open
   QPointer<QWidget> ultimaEntrada_;
 };
 

@@ -61,6 +61,7 @@ class BrowGrupos final : public ventanas::Ventana {
   void borrarSeccion(int seccion);
   QStringList decirVentas(std::span<const Secciones::VentasDeGrupo> ventas) const;
   bool confirmarSeccion(int seccion, const QString& nombre, const Secciones::LoQueSeVa& va);
+  Resultado<Vuelto> quitarCopia(CopiaSeccion& copia, qint64 cambios);
   Resultado<Vuelto> reponerSeccion(BorradoSeccion& ida);
   void borrarDepartamento(Nodo nodo);
   Resultado<Vuelto> reponerDepartamento(BorradoDepartamento& ido, Nodo nodo);

@@ -41,10 +41,34 @@ void BrowGrupos::copiar() {
     const bool entera = fin && *fin == Trabajo::Fin::Acabado;
     const bool limpia = entera || haIdoBien(copia->deshacer());
     RefrescoArbol();
-    if (entera) irA({numero, 0});
+    if (entera) {
+      irA({numero, 0});
+      deshacer_->apuntar(t(kTxSeccionCopia).arg(decirNodo({numero, 0})),
+                         [this, copia, cambios = contexto().base.cambios()] {
+                           return quitarCopia(*copia, cambios);
+                         });
+      actualCambiado();
+    }
     if (!fin) return decirFallo(fin.error());
     if (limpia) entera ? decirBien(t(kTxSeccionCopiada)) : decirDuda(t(kTxCopiaParada));
   });
+}
+
+// A copy in which something may have been changed since is removed only after a question; one that
+// has groups isn't.
+Resultado<BrowGrupos::Vuelto> BrowGrupos::quitarCopia(CopiaSeccion& copia, qint64 cambios) {
+  if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return Vuelto{.queda = true};
+  const QString cual = decirNodo({copia.numero(), 0});
+  TARVO_TOMAR(const auto va, secciones_.loQueSeVa(copia.numero()));
+  if (va.cuentas.grupos > 0) return fallo(Fallo::Restriccion, t(kTxCopiaConGrupos).arg(cual));
+  if (contexto().base.cambios() != cambios &&
+      !MyMsgBox::Decide(this, contexto().textos, t(kTxQuitaCopia, va.cuentas.plus).arg(cual),
+                        ventanas::kAceptoCancelo | ventanas::kExclamacion))
+    return Vuelto{.queda = true};
+  TARVO_INTENTAR(copia.deshacer());
+  RefrescoArbol();
+  irA({copia.origen(), 0});
+  return Vuelto{t(kTxNuevoQuitado).arg(cual)};
 }
 
 void BrowGrupos::borrar() {

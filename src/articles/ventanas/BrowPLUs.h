@@ -7,6 +7,7 @@
 #include "articles/Listas.h"
 #include "articles/Lotes.h"
 #include "articles/precios/ventanas/Puertas.h"
+#include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/ParrillaPrecios.h"
 #include "articles/ventanas/Puertas.h"
 #include "comm/motor/gestcomm.h"
@@ -19,7 +20,7 @@ class QMenu;
 
 namespace tarvo::articles {
 
-class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
+class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, public RecibeFichas {
   Q_OBJECT
  public:
   BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
@@ -36,8 +37,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void RefrescoRemoto() { refrescar(); }
   // Stores the prices of the current article.
   Resultado<> CambioPrecios(const Precios& precios);
-  // The complete editor has saved an article, new if `antes` is: it can be taken back here.
-  void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora);
+  void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) override;
   void SaltoPagUp() { saltar(-1); }
   void SaltoPagDn() { saltar(1); }
 

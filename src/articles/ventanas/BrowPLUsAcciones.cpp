@@ -10,6 +10,7 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/periodos/Clases.h"
@@ -62,7 +63,7 @@ void BrowPLUs::montarMenus() {
     b->setPopupMode(QToolButton::InstantPopup);
     // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this,
-            [m, b] { m->popup(b->mapToGlobal(QPoint(0, b->height()))); });
+            [m, b] { ventanas::desplegar(*m, b->mapToGlobal(QPoint(0, b->height()))); });
     return m;
   };
   const auto entrada = [this](QMenu* m, const QString& objeto, int texto, auto hacer) {
@@ -88,7 +89,10 @@ void BrowPLUs::montarMenus() {
            u"CalcPre"_s, t(kTxSinEsa));
   montarMenuEnvio(
       *menu(ui_.Envio, u"MnEnvioCambios"_s, u"enviar"_s, Qt::CTRL | Qt::Key_E, ui_.barra2), *this);
-  for (QMenu* m : {altas, modif}) addActions(m->actions());
+  for (QMenu* m : {altas, modif}) {
+    ventanas::ponerLetras(*m);
+    addActions(m->actions());
+  }
 }
 
 void BrowPLUs::habilitar() {

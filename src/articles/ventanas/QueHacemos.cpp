@@ -20,7 +20,7 @@ QueHacemos::QueHacemos(ventanas::Contexto& contexto, const QString& nombre)
 Resultado<> QueHacemos::entrar(const PuertaQueHacemos& puerta) {
   ui_.que->setText(puerta.que.isEmpty() ? t(kTxCambiosHechos) : puerta.que);
   ui_.NoMas->setChecked(false);
-  ui_.Si->setFocus();
+  ui_.Cancelar->setFocus();  // a Return too many sends nothing
   return {};
 }
 

@@ -8,7 +8,6 @@
 
 #include "articles/CodigoBarras.h"
 #include "articles/TextosArticles.h"
-#include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
@@ -222,7 +221,7 @@ void XEditPLU::aplicada() {
 
 // The list from which it was opened can take back what was saved, as it is stored.
 void XEditPLU::dejarDeshacer() {
-  auto* lista = qobject_cast<BrowPLUs*>(contexto().ventanas.cargada(padre_));
+  auto* lista = dynamic_cast<RecibeFichas*>(contexto().ventanas.cargada(padre_));
   if (!lista || antes() == r) return;
   if (const auto guardada = fichas_.leer(r.articulo.clave); haIdoBien(guardada))
     lista->FichaGuardada(antes(), *guardada);

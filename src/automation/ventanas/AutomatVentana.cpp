@@ -148,6 +148,9 @@ void AutomatVentana::soltar() {
 void AutomatVentana::conectar() {
   unir(ui_.ejecutar, u"ejecutar"_s, Qt::Key_F9, [this] { a_.ejecutar(); });
   unir(ui_.retener, u"pausa"_s, Qt::Key_F8, [this] { a_.retener(); });
+  // The keys that go on with the queue and hold it in the window of communications.
+  ui_.ejecutar->setShortcuts({Qt::Key_F9, Qt::Key_F6});
+  ui_.retener->setShortcuts({Qt::Key_F8, Qt::Key_F7});
   unir(ui_.paso, u"adelante"_s, Qt::Key_F10, [this] { a_.paso(); });
   unir(ui_.Alto, u"parar"_s, {}, [this] { alto(); });
   unir(ui_.ver, u"informacion"_s, {},
@@ -168,6 +171,7 @@ Resultado<> AutomatVentana::entrar(const PuertaAutomat& puerta) {
   vistos_.clear();
   empezarTraza();
   automatCambiado();
+  ui_.ListaPasos->vista()->setFocus();
   return {};
 }
 
@@ -238,6 +242,7 @@ void AutomatVentana::ponerCierre() {
 
 void AutomatVentana::ponerBotones() {
   const int fase = a_.fase();
+  const QWidget* foco = focusWidget();
   const bool parado = fase == kCargado || fase == kAbortado || fase == kDetenidoEnPaso;
   const bool hay = !a_.nombre().isEmpty();
   ui_.ejecutar->setEnabled(hay && (parado || fase == kPasoAPaso));
@@ -246,6 +251,8 @@ void AutomatVentana::ponerBotones() {
   ui_.Alto->setEnabled(a_.enMarcha() && fase != kAbortando);
   ui_.ver->setEnabled(hay);
   ui_.salir->setEnabled(!a_.enMarcha());
+  // The focus of a button that can't be pressed any more doesn't pass to the next one, "Alto".
+  if (foco && !foco->isEnabled()) ui_.ListaPasos->vista()->setFocus();
 }
 
 // Updates only the rows that changed: a long process changes twice a second.
@@ -316,7 +323,7 @@ void AutomatVentana::alto() {
 }
 
 void AutomatVentana::cuandoAcaba() {
-  if (!a_.enMarcha()) close();
+  if (!a_.enMarcha()) cerrarSola();
 }
 
 void AutomatVentana::keyPressEvent(QKeyEvent* evento) {

@@ -125,6 +125,7 @@ void CronosVentana::conectar() {
 
 Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
   if (!puerta.horario.isEmpty()) {
+    if (!consienteDejarlo(kTxCambiarHorario)) return {};
     avisos_.clear();
     TARVO_INTENTAR(cronos_.ActivarCron(puerta.horario));
     // Only once this window is open: the program ends when the last window is closed.
@@ -134,6 +135,8 @@ Resultado<> CronosVentana::entrar(const PuertaCronos& puerta) {
   ui_.lblNom->setText(cronos_.nombre());
   ui_.activo->setChecked(cronos_.activo());
   refrescar();
+  if (ui_.ListaCron->filaActual() < 0 && ui_.ListaCron->filas() > 0) ui_.ListaCron->irA(0);
+  ui_.ListaCron->vista()->setFocus();  // a Space too many doesn't deactivate it
   return {};
 }
 
@@ -146,7 +149,20 @@ void CronosVentana::relevarPrincipal() {
     habiaPrincipal_ = true;
 }
 
+// While it has something to run, its end is a night that doesn't run: that is asked.
+bool CronosVentana::consienteDejarlo(int pregunta) {
+  const auto sigue = [](const Entrada& e) {
+    return e.estado == EstadoEntrada::Vencida || e.estado == EstadoEntrada::Iniciada;
+  };
+  if (!cronos_.activo()) return true;
+  if (!cronos_.proximoInicio() && std::ranges::none_of(cronos_.entradas(), sigue)) return true;
+  const QString texto =
+      ui_.lblProximo->text() + u"\n\n"_s + contexto().textos(pregunta, {cronos_.nombre()});
+  return MyMsgBox::Decide(this, contexto().textos, texto, kAceptoCancelo | kExclamacion);
+}
+
 bool CronosVentana::QueryUnload() {
+  if (!consienteDejarlo(kTxCerrarHorario)) return true;
   if (std::exchange(habiaPrincipal_, false)) contexto().ventanas.abrir(app::PuertaMainTarvo());
   return false;
 }

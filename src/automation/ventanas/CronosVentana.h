@@ -22,6 +22,7 @@ class CronosVentana final : public ventanas::Ventana {
  private:
   void conectar();
   void relevarPrincipal();
+  bool consienteDejarlo(int pregunta);
   void arranca();
   void refrescar();
   void ponerLineas();

@@ -9,6 +9,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
+#include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::automation {
@@ -66,6 +67,7 @@ EdiCron::EdiCron(Contexto& c, const QString& nombre, const Lenguaje& lenguaje)
 
 void EdiCron::conectar() {
   unir(ui_.guardar, u"guardar"_s, QKeySequence::Save, [this] { guardar(); });
+  unir(ui_.activar, u"reloj"_s, Qt::Key_F9, [this] { activar(); });
   unir(ui_.abandonar, u"cerrar"_s, {}, [this] { rechazar(); });
   unir(ui_.insertar, u"anadir"_s, {}, [this] { insertar(); });
   unir(ui_.borrar, u"borrar"_s, {}, [this] { borrar(); });
@@ -87,7 +89,8 @@ void EdiCron::conectarLinea() {
       pintarLinea();
     });
   connect(ui_.Aplicar, &QPushButton::clicked, this, [this] { aplicarLinea(); });
-  connect(ui_.Cancelar, &QPushButton::clicked, this, [this] { ponerLinea(); });
+  connect(ui_.Cancelar, &QPushButton::clicked, this, [this] { cancelarLinea(); });
+  ui_.Hora->setMinimumWidth(ui_.Hora->maximumWidth());  // the buttons of the line leave it whole
 }
 
 // --- opening ------------------------------------------------------------------------------------
@@ -120,6 +123,7 @@ void EdiCron::aceptarNombre() {
   if (nombre.isEmpty()) return decirFallo(t(kTxEscribaNombre));
   const QString ruta = Ajustes::ruta(nombre + u".CRO"_s, contexto().ajustes.HomeDir);
   if (QFileInfo::exists(ruta)) return decirFallo(contexto().textos(kTxYaHayProgramacion, {nombre}));
+  tira().quitar();
   ruta_ = ruta;
   editarHorario({});
 }
@@ -128,7 +132,10 @@ void EdiCron::editarHorario(Horario horario) {
   static_cast<void>(editar(std::move(horario)));
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
-  if (tamano_.isValid()) crecer(std::exchange(tamano_, QSize()));
+  if (tamano_.isValid()) {
+    move(pos() - QPoint(0, (tamano_.height() - height()) / 2));  // it grows around its middle
+    crecer(std::exchange(tamano_, QSize()));
+  }
   deshacer_->olvidar();
   const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
   ui_.lblNom->setText(contexto().textos(kTxProgramacion, {nombre}));
@@ -163,6 +170,11 @@ void EdiCron::ponerLinea() {
   tocada_ = false;
   pintarLinea();
   ui_.borrar->setEnabled(hay);
+}
+
+void EdiCron::cancelarLinea() {
+  ponerLinea();
+  ui_.ListaBat->vista()->setFocus();
 }
 
 // While a line is being changed, it can only be applied or cancelled.
@@ -232,16 +244,27 @@ void EdiCron::apuntar(int que, int fila) {
 
 // --- closing ------------------------------------------------------------------------------------
 
-void EdiCron::guardar() {
-  if (ruta_.isEmpty() || !aplicarLinea()) return;
+bool EdiCron::escribir() {
+  if (ruta_.isEmpty() || !aplicarLinea()) return false;
   const auto sin = std::ranges::find(r.lineas, QString(), &LineaActivacion::nombre);
   if (sin != r.lineas.end()) {
     const auto fila = sin - r.lineas.begin();
     ui_.ListaBat->irA(static_cast<int>(fila));
-    return decirFallo(contexto().textos(kTxLineaSinProceso, {fila + 1}));
+    decirFallo(contexto().textos(kTxLineaSinProceso, {fila + 1}));
+    return false;
   }
-  if (!haIdoBien(guardarHorario(ruta_, r, lenguaje_))) return;
+  if (!haIdoBien(guardarHorario(ruta_, r, lenguaje_))) return false;
   guardada();
+  return true;
+}
+
+void EdiCron::guardar() {
+  if (escribir()) aceptar();
+}
+
+// The window of the active timetable takes the place of this one, and of the main window.
+void EdiCron::activar() {
+  if (!escribir() || !contexto().ventanas.abrir(PuertaCronos{ruta_}, dueno())) return;
   aceptar();
 }
 
@@ -256,7 +279,7 @@ void EdiCron::keyPressEvent(QKeyEvent* evento) {
   if (tocada() && intro)
     aplicarLinea();
   else if (tocada() && evento->key() == Qt::Key_Escape)
-    ponerLinea();
+    cancelarLinea();
   else
     FichaDe::keyPressEvent(evento);
 }

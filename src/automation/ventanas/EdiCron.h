@@ -31,12 +31,15 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   void ponerLinea();
   bool tocada() const { return tocada_; }  // the line in the controls has pending changes
   bool cambiada() const override { return !ruta_.isEmpty() && (tocada_ || !(r == antes())); }
+  void cancelarLinea();
   void pintarLinea();
   bool aplicarLinea();
   void apuntar(int que, int fila);
   void insertar();
   void borrar();
+  bool escribir();
   void guardar();
+  void activar();
 
   const Lenguaje& lenguaje_;
   Ui::FormaEdiCron ui_;

@@ -59,11 +59,11 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
   return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 150},
-          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 120},
-          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 112},
+          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 152},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 148},
           {.titulo = ventanas::kTxEstado,
            .campo = u"distinto"_s,
-           .ancho = 120,
+           .ancho = 108,
            .ver =
                [=](const dao::Valor& v) {
                  return v.nulo() ? QString() : v.logico() ? distinto : igual;
@@ -95,7 +95,7 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(780), escalar(560)});
+  ui_.division->setSizes({escalar(748), escalar(592)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
@@ -264,11 +264,13 @@ std::vector<motor::VistaTarea> EstadoEnvio::suyas() const {
 }
 
 void EstadoEnvio::parar() {
-  for (const motor::VistaTarea& t : suyas()) {
+  const auto tareas = suyas();
+  for (const motor::VistaTarea& t : tareas) {
     parando_.insert(t.datos.Id);
     s_.motor.DetenerTarea(t.datos.Id);
     s_.motor.EliminarTarea(t.datos.Id);
   }
+  if (!tareas.empty()) decirBien(Plural(t(kTxTareasParadas), static_cast<int>(tareas.size())));
 }
 
 // Shows the state of the first of its tasks. A failed one is retried for as long as the window is

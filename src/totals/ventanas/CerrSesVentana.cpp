@@ -47,7 +47,7 @@ void CerrSesVentana::montar() {
   connect(ui_.Olvidar, &QPushButton::clicked, this, &CerrSesVentana::olvidar);
   connect(ui_.detalles, &QPushButton::clicked, this, &CerrSesVentana::detalles);
   connect(ui_.Recuperar, &QPushButton::clicked, this, &CerrSesVentana::recuperar);
-  connect(ui_.Cancelar, &QPushButton::clicked, this, &CerrSesVentana::rechazar);
+  connect(ui_.Cancelar, &QPushButton::clicked, this, [this] { alSalir_ ? aceptar() : rechazar(); });
   connect(ui_.Descrip, &QLineEdit::returnPressed, this, [this] { ui_.Guardar->setFocus(); });
 }
 
@@ -182,7 +182,10 @@ void CerrSesVentana::guardar() {
 
 void CerrSesVentana::olvidar() {
   const int cuantos = static_cast<int>(motor_.recibidos().size());
-  const QString que = t(kTxSeOlvidan, cuantos) + u": "_s + ui_.lbPerio->text().simplified();
+  const auto bandeja = motor_.enBandeja();
+  if (!haIdoBien(bandeja)) return;
+  const QString que = t(kTxSeOlvidan, cuantos) + u": "_s + ui_.lbPerio->text().simplified() +
+                      u'\n' + t(kTxEnBandeja).arg(conMoneda(contexto(), bandeja->importe));
   const QString pregunta = t(kTxSeranOlvidados) + u"\n\n"_s + que + u"\n\n"_s + t(kTxOlvidoVuelve);
   if (!ventanas::MyMsgBox::Decide(this, contexto().textos, pregunta,
                                   ventanas::kAceptoCancelo | ventanas::kExclamacion))
@@ -247,7 +250,7 @@ void CerrSesVentana::tictac() {
   ui_.cierre->setValue(--cuenta_);
   if (cuenta_ > 1) return;
   reloj_->parar();
-  descargar();
+  cerrarSola();
 }
 
 }  // namespace tarvo::totals

@@ -1,5 +1,6 @@
 #include "totals/ventanas/ConfirSumVentana.h"
 
+#include <algorithm>
 #include <ranges>
 
 #include "core/ventanas/aspecto/Medidas.h"
@@ -47,7 +48,12 @@ Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
   ui_.Descrip->setReadOnly(existe);
   TARVO_INTENTAR(editar({existe ? suma_.existente->DESCR : QString()}));
   TARVO_TOMAR(const auto que, resumir(p_, links));
-  ui_.resumen->setText(t(kTxNPeriodos, que.periodos) + u": "_s + textoResumen(*this, que));
+  QString resumen = t(kTxNPeriodos, que.periodos) + u": "_s + textoResumen(*this, que);
+  // The one that receives the sum doesn't stay as it is.
+  if (existe && std::ranges::find(links, suma_.existente->LINK) != links.end())
+    resumen += u'\n' + t(kTxSumaSobreElegido);
+  ui_.resumen->setText(resumen);
+  if (links.size() != 2) setWindowTitle(t(kTxSumaDeVarios, static_cast<int>(links.size())));
   mostrarSolapes();
   return {};
 }

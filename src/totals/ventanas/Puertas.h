@@ -41,7 +41,8 @@ struct PuertaFormDetalles {
 };
 
 // The session: the readings received, to be memorised or forgotten. `alSalir`: opened by a window
-// that is being closed, where Return leaves the session as it is.
+// that is being closed, where Return leaves the session as it is and accepts; given up with a full
+// inbox, that window stays.
 struct PuertaCerrSes {
   static constexpr QStringView kNombre = u"CerrSes";
   bool alSalir = false;

@@ -66,6 +66,7 @@ void VerTotVentana::montarMenus() {
                                     [this, clase] { VerIntervalo(clase); });
     a->setVisible(clase != TipoTotal::OperHora || contexto().ajustes.EsEspanol());
   }
+  for (QMenu* m : {mnuAcu_, mnDesAcu_, mnuVer_}) ventanas::ponerLetras(*m);
   ui_.acumule->setMenu(mnuAcu_);
   ui_.DesAcum->setMenu(mnDesAcu_);
   ui_.VerCosa->setMenu(mnuVer_);
@@ -75,12 +76,8 @@ void VerTotVentana::montarMenus() {
     if (b) b->setPopupMode(QToolButton::InstantPopup);
     // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this, [this, a, b] {
-      a->menu()->popup(b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
-                                           : ui_.Grid->mapToGlobal(QPoint(0, 0)));
-      const auto entradas = a->menu()->actions();
-      const auto primera = std::ranges::find_if(
-          entradas, [](const QAction* e) { return e->isEnabled() && e->isVisible(); });
-      if (primera != entradas.end()) a->menu()->setActiveAction(*primera);
+      ventanas::desplegar(*a->menu(), b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
+                                                          : ui_.Grid->mapToGlobal(QPoint(0, 0)));
     });
   }
 }

@@ -23,7 +23,6 @@ struct Mercado : MesaDeArticulos {
   ventanas::Ventana* porMenu(Qt::Key k, const QString& nombre) {
     tecla(k);
     EXPECT_TRUE(esperar([] { return QApplication::activePopupWidget() != nullptr; }));
-    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
     QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     return cargada(nombre);
   }

@@ -397,6 +397,69 @@ TEST(Trabajos, LoQueNoVolveriaDeLoCortadoSeDiceAntes) {
   }
 }
 
+// A copy made by a key too many goes again; what was done in it since is asked about, and groups
+// keep it.
+TEST(Trabajos, UnaSeccionCopiadaSeQuita) {
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowGrupos{});
+  const QString cuantos = u"select count(*) from PLUSES where SECCION=3"_s;
+  const auto copiar = [&] {
+    v->findChild<QAction*>(u"Copia"_s)->trigger();
+    ASSERT_TRUE(esperar([&] { return !v->trabajo().enMarcha(); }));
+    EXPECT_EQ(t.leer(cuantos), u"12");
+  };
+  const auto deshacer = [&] { v->findChild<QAction*>(u"Deshacer"_s)->trigger(); };
+  copiar();
+  EXPECT_TRUE(v->tira().texto().contains(u"Ctrl+Z"));
+  deshacer();
+  EXPECT_EQ(t.leer(cuantos), u"0");
+  EXPECT_EQ(v->tira().texto(), u"Sección 003 se ha quitado.");
+
+  copiar();
+  t.sql(u"UPDATE PLUSES SET PRECIO_00=777 WHERE SECCION=3"_s);
+  for (const QString& boton : {u"Cancelo"_s, u"Acepto"_s}) {
+    t.responder(boton);
+    deshacer();
+    EXPECT_TRUE(t.textoModal.contains(u"10 artículos")) << t.textoModal.toStdString();
+    EXPECT_EQ(t.leer(cuantos), boton == u"Cancelo" ? u"12" : u"0");
+  }
+  copiar();
+  t.sql(u"INSERT INTO GRUPOS (CODGPO, SECCION) VALUES (9, 3)"_s);
+  deshacer();
+  EXPECT_TRUE(v->tira().texto().contains(u"ya tiene grupos")) << v->tira().texto().toStdString();
+  EXPECT_EQ(t.leer(cuantos), u"12");
+}
+
+// A Return too many neither sends nor closes.
+TEST(Trabajos, EnviarAlSalirNoEsLoDeIntro) {
+  MesaDeArticulos t;
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w->focusWidget(), Qt::Key_Return); });
+  EXPECT_FALSE(t.escritorio.ventanas().preguntar(PuertaQueHacemos{}, nullptr));
+}
+
+// A section with articles goes only when its number is typed, and that number alone.
+TEST(Trabajos, UnaSeccionLlenaSeBorraEscribiendoSuNumero) {
+  static constexpr struct {
+    const char16_t* escrito;
+    bool seVa;
+  } kCasos[] = {{u"", false}, {u"1", false}, {u"x2", false}, {u"22", false}, {u" 002 ", true}};
+  MesaDeArticulos t;
+  auto* v = t.abrir(PuertaBrowGrupos{});
+  auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
+  arbol->setCurrentItem(arbol->topLevelItem(1));
+  for (const auto& c : kCasos) {
+    const QString escrito = QString::fromUtf16(c.escrito);
+    t.alAbrirse([&](QWidget* w) {
+      QTest::keyClicks(w->findChild<QLineEdit*>(), escrito);
+      QTest::keyClick(w->findChild<QLineEdit*>(), Qt::Key_Return);
+    });
+    v->findChild<QAction*>(u"Borro"_s)->trigger();
+    EXPECT_EQ(t.leer(u"select count(*) from SECCS where NMSECC=2"_s), c.seVa ? u"0" : u"1")
+        << escrito.toStdString();
+    EXPECT_EQ(v->tira().texto().contains(u"«"_s + escrito + u"»"_s), !c.seVa);
+  }
+}
+
 TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
   MesaDeArticulos t;
   auto* v = t.abrir(PuertaBrowGrupos{});

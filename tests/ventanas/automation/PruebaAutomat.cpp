@@ -5,6 +5,8 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTableView>
+#include <QToolBar>
 
 #include "MesaDeProcesos.h"
 
@@ -78,6 +80,31 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   EXPECT_EQ(s.automat().fase(), kEjecutando);
   s.pasar(4);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
+}
+
+// A step whose tasks are done is done, while those of another are waited for and when the run is
+// stopped. The keys of the queue hold and go on here too, and none leaves the focus on "Alto".
+TEST(Automat, LoHechoSigueHechoAlParar) {
+  Proceso s({2});
+  QWidget* v = s.correr(u"T:RXGRTOT,1\r\nT:RXGRTOT,2\r\nC:ESPERA,1000,No\r\n"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  s.pasar(60);
+  EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
+  EXPECT_EQ(Proceso::resultado(v, 1), u"En la cola");
+  QWidget* lista = pieza<ventanas::Parrilla>(v, u"ListaPasos"_s)->vista();
+  EXPECT_EQ(v->focusWidget(), lista);
+  auto* barra = pieza<QToolBar>(v, u"barra"_s);
+  barra->widgetForAction(pieza<QAction>(v, u"retener"_s))->setFocus();
+  QTest::keyClick(v, Qt::Key_F7);
+  EXPECT_EQ(s.automat().fase(), kPasoAPaso);
+  EXPECT_EQ(v->focusWidget(), lista);
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_EQ(s.automat().fase(), kEjecutando);
+  s.automat().abortar();
+  s.pasar(1);
+  EXPECT_EQ(s.automat().fase(), kAbortado);
+  EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
+  EXPECT_EQ(Proceso::resultado(v, 1), u"Interrumpido");
 }
 
 // A run that was stopped begins again by its button or its key only.

@@ -43,6 +43,17 @@ struct Horarios : MesaDeProcesos {
     QTest::keyClick(pieza<QComboBox>(v, u"NomMacro"_s), proceso);
     QTest::keyClick(campo, Qt::Key_Return);
   }
+  // Escape on the window; the button, or Return on the question that comes. Returns the question.
+  static QString alCerrar(Ventana* v, const QString& boton) {
+    QString dicho;
+    cuandoHayaCaja([&dicho, boton](QWidget& caja) {
+      dicho = pieza<QLabel>(&caja, u"Mensaje"_s)->text();
+      boton.isEmpty() ? QTest::keyClick(&caja, Qt::Key_Return)
+                      : QTest::keyClick(pieza<QPushButton>(&caja, boton), Qt::Key_Space);
+    });
+    QTest::keyClick(v, Qt::Key_Escape);
+    return dicho;
+  }
   QStringList lineas(const QString& nombre) {
     return texto(nombre).split(u"\r\n"_s, Qt::SkipEmptyParts);
   }
@@ -64,6 +75,7 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   EXPECT_LE(e->frameGeometry().bottom(), pantalla.bottom()) << "it grows within the screen";
   EXPECT_EQ(e->frameGeometry().x(), std::max(0, pantalla.width() - e->frameGeometry().width()));
+  EXPECT_EQ(e->tira().texto(), QString()) << "it has a name now";
   auto* lista = pieza<Parrilla>(e, u"ListaBat"_s);
   ASSERT_EQ(lista->filas(), 1) << "the blank line";
   Horarios::llenar(e, u"22:05:00"_s, Qt::Key_End);
@@ -95,8 +107,48 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   EXPECT_FALSE(c->isMinimized());
   EXPECT_EQ(filas->texto(0, u"ko"), u"1");
   EXPECT_EQ(filas->texto(1, u"ok"), u"1");
-  c->close();
+  EXPECT_TRUE(Horarios::alCerrar(c, u"Acepto"_s).startsWith(u"Próximo: MAL"));
   EXPECT_TRUE(s.abierta(u"MainTarvo"_s));
+  EXPECT_FALSE(s.cronos.activo());
+}
+
+// The night runs only while the timetable is open: a key too many doesn't end it.
+TEST(Horarios, CerrarElActivoSePregunta) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s);
+  s.fichero(u"OTRO.CRO"_s, u"22:05:00;"_s + kSiempre + u";MAL\r\n"_s);
+  Ventana* c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
+  s.asentar();
+  EXPECT_EQ(pieza<Parrilla>(c, u"ListaCron"_s)->filaActual(), 0) << "F9 has a line";
+  EXPECT_FALSE(pieza<QCheckBox>(c, u"activo"_s)->hasFocus()) << "Space doesn't deactivate it";
+  EXPECT_TRUE(Horarios::alCerrar(c, {}).contains(u"tampoco esta noche"));
+  EXPECT_TRUE(s.abierta(u"Cronos"_s));
+  EXPECT_TRUE(s.cronos.activo());
+  // Nor does another one take its place unasked.
+  cuandoHayaCaja([](QWidget& caja) { QTest::keyClick(&caja, Qt::Key_Return); });
+  s.todas().abrir(PuertaCronos{s.ruta(u"OTRO.CRO"_s)});
+  EXPECT_EQ(s.cronos.nombre(), u"T");
+  // Without anything to run there is nothing to ask.
+  QTest::keyClick(pieza<QCheckBox>(c, u"activo"_s), Qt::Key_Space);
+  QTest::keyClick(c, Qt::Key_Escape);
+  EXPECT_FALSE(s.abierta(u"Cronos"_s));
+}
+
+// The editor activates what it has written.
+TEST(Horarios, ElEditorLoActiva) {
+  Horarios s;
+  s.fichero(u"T.CRO"_s, u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s);
+  s.todas().abrir(u"MainTarvo"_s);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(e));
+  QTest::keyClick(pieza<QComboBox>(e, u"NomMacro"_s), Qt::Key_End);
+  QTest::keyClick(e, Qt::Key_F9);
+  s.asentar();
+  EXPECT_FALSE(s.abierta(u"EdiCron"_s));
+  EXPECT_FALSE(s.abierta(u"MainTarvo"_s));
+  ASSERT_TRUE(s.abierta(u"Cronos"_s));
+  EXPECT_TRUE(s.cronos.activo());
+  EXPECT_EQ(s.cronos.entradas().front().proceso, u"MAL");
 }
 
 TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
@@ -121,6 +173,7 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
   EXPECT_FALSE(lista->isEnabled()) << "the line is still being changed";
   QTest::keyClick(dia, Qt::Key_Escape);
   EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape cancels the line, not the window";
+  EXPECT_EQ(e->focusWidget(), lista->vista());
 
   QTest::keyClick(lista->vista(), Qt::Key_Insert);
   pieza<QAction>(e, u"guardar"_s)->trigger();
@@ -197,6 +250,17 @@ TEST(Horarios, AbandonarNoTocaElFichero) {
   EXPECT_EQ(s.texto(u"T.CRO"_s), antes);
 }
 
+// The window that asked for the name grows around its middle, into the editor.
+TEST(Horarios, CreceAlrededorDeSuMedio) {
+  Horarios s;
+  Ventana* e = s.editar();
+  const int medio = e->frameGeometry().center().y();
+  QTest::keyClicks(pieza<QLineEdit>(e, u"NomCron"_s), u"T"_s);
+  QTest::keyClick(pieza<QLineEdit>(e, u"NomCron"_s), Qt::Key_Return);
+  EXPECT_GT(e->height(), 300);
+  EXPECT_NEAR(e->frameGeometry().center().y(), medio, 2);
+}
+
 // The time stored is the one typed, regardless of the former contents; an invalid time is refused.
 TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   Horarios s;
@@ -210,6 +274,8 @@ TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   };
   escribir(u"25:00"_s);
   EXPECT_EQ(hora->text(), u"25:00") << "every key is accepted";
+  s.asentar();
+  EXPECT_GE(hora->width(), hora->maximumWidth()) << "beside the buttons of its line too";
   cuandoHayaCaja([](QWidget& caja) {
     QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
   });

@@ -44,6 +44,7 @@ TEST_F(Gestcomm, LasOrdenesVanATodasLasElegidas) {
   pasar(150);
   EXPECT_EQ(cola()->filas(), 2);
   EXPECT_EQ(v->tira().texto(), u"2 tareas vuelven a la cola.");
+  EXPECT_EQ(cola()->filasElegidas().size(), 2U);
   EXPECT_FALSE(accion(u"ReponP"_s)->isEnabled());
 }
 

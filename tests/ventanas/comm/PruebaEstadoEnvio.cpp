@@ -110,6 +110,8 @@ TEST_F(VentanaEstado, UnaMaquinaQueNoContesta) {
   tecla(Qt::Key_F7);
   ASSERT_TRUE(dicho(u"Se vuelve a probar"_s));
   tecla(Qt::Key_F8);
+  EXPECT_EQ(escritorio.ventanas().cargada(u"EstadoEnvio"_s)->tira().texto(),
+            u"Se quita de la cola 1 tarea de este grupo.");
   EXPECT_TRUE(hasta([&] { return aviso->isHidden() && gestor->CuantosQuedan().total == 0; }));
 }
 

@@ -115,6 +115,7 @@ TEST_F(Gestcomm, UnaFallaSeDiagnosticaSeReintentaYSeQuita) {
   pasar(150);
   ASSERT_EQ(cola()->filas(), 2);
   EXPECT_EQ(celda(1, u"Tarea"), u"002");
+  EXPECT_EQ(cola()->filasElegidas(), std::vector{1}) << "the next key is for what came back";
   EXPECT_FALSE(accion(u"ReponP"_s)->isEnabled());
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
   EXPECT_TRUE(gestor->ModoAutomatico());
@@ -354,20 +355,21 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
 
 namespace {
 
-// Notes how it is opened, and is closed without an answer.
+// Notes how it is opened, and is accepted or given up at once.
 class CerrSesCallada final : public ventanas::Ventana {
  public:
   CerrSesCallada(ventanas::Contexto& c, const QString& n,
-                 std::vector<totals::PuertaCerrSes>& puertas)
-      : Ventana(c, n), puertas_(puertas) {}
+                 std::vector<totals::PuertaCerrSes>& puertas, bool& acepta)
+      : Ventana(c, n), puertas_(puertas), acepta_(acepta) {}
   Resultado<> entrar(const totals::PuertaCerrSes& puerta) {
     puertas_.push_back(puerta);
-    QTimer::singleShot(0, this, [this] { rechazar(); });
+    QTimer::singleShot(0, this, [this] { acepta_ ? aceptar() : rechazar(); });
     return {};
   }
 
  private:
   std::vector<totals::PuertaCerrSes>& puertas_;
+  bool& acepta_;
 };
 
 }  // namespace
@@ -386,7 +388,8 @@ TEST_F(Gestcomm, LasSesiones) {
   // The picture opens the closing of the session by a double click, not by an accidental single
   // one. To forget what was received is asked for there as well, where it can be brought back.
   std::vector<totals::PuertaCerrSes> puertas;
-  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas);
+  bool acepta = false;
+  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas, acepta);
   auto* llena = control<QToolButton>(u"ImgLlena"_s);
   QTest::mouseClick(llena, Qt::LeftButton);
   EXPECT_EQ(abiertas.back(), u"gestcomm");
@@ -421,9 +424,14 @@ TEST_F(Gestcomm, AlCerrarPreguntaPorLaBandejaSinMemorizarPorIntro) {
   ASSERT_TRUE(hasta([&] { return gestor->CuantosQuedan().total == 0 && sesion->estado() == 2; }));
   pasar(200);
   std::vector<totals::PuertaCerrSes> puertas;
-  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas);
-  EXPECT_TRUE(escritorio.ventanas().descargar(u"gestcomm"_s));
-  EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{.alSalir = true}}));
+  bool acepta = false;
+  escritorio.ventanas().registrar<totals::PuertaCerrSes, CerrSesCallada>(puertas, acepta);
+  // Given up with Escape there, this window stays too.
+  for (const bool cual : {false, true}) {
+    acepta = cual;
+    EXPECT_EQ(escritorio.ventanas().descargar(u"gestcomm"_s), acepta);
+  }
+  EXPECT_EQ(puertas, (std::vector<totals::PuertaCerrSes>{{.alSalir = true}, {.alSalir = true}}));
   EXPECT_EQ(sesion->estado(), 2);
 }
 

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <QTreeView>
 #include <set>
 
 #include "Muestra.h"
@@ -298,6 +299,21 @@ TEST(Parrilla, ExportarSinNombreSeDice) {
     EXPECT_TRUE(dicho.startsWith(u"Falta el nombre del fichero")) << ruta.toStdString();
     QObject::disconnect(oido);
   }
+}
+
+// The dialog that asks for a file cuts no heading.
+TEST(Parrilla, LaCajaDeFicherosSeLeeEntera) {
+  Lista l(5);
+  l.abrir();
+  int vistas = 0;
+  l.alAbrirse([&](QWidget* w) {
+    const auto* cabecera = w->findChild<QTreeView*>(u"treeView"_s)->header();
+    for (int c = 0; c < cabecera->count(); ++c, ++vistas)
+      EXPECT_GE(cabecera->sectionSize(c), cabecera->sectionSizeHint(c)) << c;
+    w->close();
+  });
+  l.p.exportar();
+  EXPECT_GE(vistas, 4);
 }
 
 // Where space is short, columns with a rank are hidden, but never the current one.

@@ -3,9 +3,12 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTimer>
+#include <QToolButton>
 #include <QWindow>
 
 #include "Muestra.h"
@@ -233,6 +236,36 @@ TEST(Ventanas, NingunaSobreviveAlEscritorio) {
     EXPECT_TRUE(v) << "deleted later, as its own keys may have closed it";
   }
   EXPECT_FALSE(v);
+}
+
+// What doesn't fit is scrolled, and no line of it is cut.
+TEST(Ventanas, ElDetalleLargoSeDesplaza) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  for (const int lineas : {2, 80}) {
+    v->decirDuda(u"Con avisos"_s, u"Un aviso que se lee.\n"_s.repeated(lineas).trimmed());
+    QTest::mouseClick(v->tira().findChild<QToolButton*>(u"verDetalle"_s), Qt::LeftButton);
+    QTest::qWait(20);
+    const auto* sitio = v->tira().findChild<QScrollArea*>(u"sitioDetalle"_s);
+    const auto* texto = v->tira().findChild<QLabel*>(u"detalle"_s);
+    ASSERT_TRUE(sitio && sitio->isVisible());
+    EXPECT_GE(texto->height(), texto->heightForWidth(texto->width()));
+    EXPECT_EQ(sitio->verticalScrollBar()->maximum() > 0, lineas > 2);
+    EXPECT_LT(v->tira().height(), 300);
+  }
+}
+
+// A window that closes by its own clock takes no Escape to its owner.
+TEST(Ventanas, ElEscapeDeLaQueSeCierraSolaNoEsDelDueno) {
+  Puesto p;
+  for (const bool sola : {true, false}) {
+    Muestra* v = p.abrir(u"Muestra"_s);
+    Muestra* hija = p.abrir(u"Muestra#1"_s, v);
+    sola ? hija->cerrarSola() : hija->descargar();
+    QTest::keyClick(v, Qt::Key_Escape);
+    EXPECT_EQ(p.todas().cargada(u"Muestra"_s) != nullptr, sola);
+    p.todas().descargar(u"Muestra"_s);
+  }
 }
 
 TEST(Ventanas, RecuerdaSuTamano) {

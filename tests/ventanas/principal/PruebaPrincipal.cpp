@@ -1,4 +1,7 @@
 // The morning of a shop manager in the main window.
+#include <pwd.h>
+#include <unistd.h>
+
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -185,6 +188,20 @@ TEST(Principal, SinNingunaNocheDiceQueHacer) {
   EXPECT_EQ(totales->toolTip(), u"Esta versión de TARVO no tiene esta ventana.");
   totales->click();
   EXPECT_EQ(v->tira().texto(), totales->toolTip()) << "whoever presses it is told why";
+  const auto masOscuro = [v](const QString& entrada) {
+    const QImage foto = v->findChild<QToolButton*>(entrada)->grab().toImage();
+    int oscuro = 255;
+    for (int y = 0; y < foto.height(); ++y)
+      for (int x = 48; x < foto.width(); ++x)  // the text
+        oscuro = std::min(oscuro, qGray(foto.pixel(x, y)));
+    return oscuro;
+  };
+  EXPECT_GT(masOscuro(u"Totales"_s), masOscuro(u"Avanzados"_s) + 40) << "and it looks like it";
+  // Nor has the one that opens a half of a window which isn't there yet.
+  auto* balanzas = v->findChild<QToolButton*>(u"Balanzas"_s);
+  EXPECT_TRUE(balanzas->toolTip().startsWith(u"Los grupos de balanzas todavía"));
+  balanzas->click();
+  EXPECT_EQ(v->tira().texto(), balanzas->toolTip());
   QTest::mouseClick(pieza(*v, u"Bandeja de entrada"_s), Qt::LeftButton);
   EXPECT_TRUE(v->isVisible());
 }
@@ -247,6 +264,10 @@ TEST(Principal, PanelesYSalida) {
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(v->isVisible());
   QTest::qWait(1050);
+  // However late it comes: nothing else was done here since.
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(v->tira().texto(), u"Pulse Esc otra vez para salir de TARVO.");
   // Escape unloads from any panel.
   QTest::mouseClick(v->findChild<QToolButton*>(u"Almacen"_s), Qt::LeftButton);
   bool vacio = false;
@@ -254,6 +275,20 @@ TEST(Principal, PanelesYSalida) {
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(vacio);
   EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
+}
+
+// An Escape for the window that an entry didn't open, or one held down, doesn't end the program.
+TEST(Principal, UnEscapeDeMasNoSale) {
+  MesaPrincipal t;
+  auto* v = t.principal();
+  v->findChild<QToolButton*>(u"Etiquetas"_s)->click();
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_EQ(v->tira().texto(), u"Pulse Esc otra vez para salir de TARVO.");
+  QKeyEvent sostenida(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(v, &sostenida);
+  EXPECT_TRUE(t.todas().cargada(u"MainTarvo"_s));
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
 }
 
 // Escape never leaves a collection behind without asking, and the safe answer is the default.
@@ -314,6 +349,8 @@ TEST(Principal, NoSeCierraMientrasTransfiere) {
   t.todas().abrir(u"VerTot"_s);
   QTest::mouseClick(v->findChild<QToolButton*>(u"EnviarRecibir"_s), Qt::LeftButton);
   t.suplente(u"gestcomm"_s)->seNiega = true;
+  QTest::keyClick(v, Qt::Key_Escape);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Pulse Esc")) << "it was for the window just opened";
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(v->isVisible());
   EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "every other window is untouched";
@@ -400,6 +437,25 @@ TEST(Principal, EsperaALasCapturas) {
   });
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(t.todas().abiertas().empty());
+}
+
+// Who changed a price is known, also in a service, which has no USER.
+TEST(Aplicacion, LaHistoriaDiceQuienCambioElPrecio) {
+  for (const bool deServicio : {false, true}) {
+    const QByteArray usuario = qgetenv("USER"), nombre = qgetenv("LOGNAME");
+    deServicio ? qunsetenv("USER") : qputenv("USER", "ana");
+    if (deServicio) qunsetenv("LOGNAME");
+    MesaPrincipal t;
+    usuario.isNull() ? qunsetenv("USER") : qputenv("USER", usuario);
+    if (!nombre.isNull()) qputenv("LOGNAME", nombre);
+    t.articulo({.codigo = 10, .nombre = u"Pera"_s, .precio = 100});
+    articles::Precios precios{};
+    precios[0][0] = 200;
+    bien(t.aplicacion.catalogo().ponerPrecios({1, 10}, precios, u"FastModf"_s));
+    const QString quien = t.leer(u"select QUIEN from HistoriaPrecios"_s).section(u'@', 0, 0);
+    const QString cuenta = QString::fromLocal8Bit(::getpwuid(::getuid())->pw_name);
+    EXPECT_EQ(quien, deServicio ? cuenta : u"ana"_s);
+  }
 }
 
 TEST(SysTray, SeisMensajes) {

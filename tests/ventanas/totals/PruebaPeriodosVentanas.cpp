@@ -1,13 +1,10 @@
 // Jobs on the list of periods: summing, deleting and undoing, exporting and importing.
 #include <QCalendarWidget>
-#include <QGraphicsSimpleTextItem>
-#include <QGraphicsView>
 #include <QScrollBar>
 
 #include "MesaDeTotales.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
-#include "totals/ventanas/Grafica.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
@@ -113,16 +110,55 @@ TEST(VentanaPeriodos, DiceLoQueUnaSumaContariaDosVeces) {
   QTest::keyClick(grid.vista(), Qt::Key_F7);
   EXPECT_EQ(v->tira().texto(), u"No hay nada que sumar: elija al menos dos periodos.");
   grid.elegir({lunes, 2});
-  QString dicho;
-  t.alAbrirse([&](QWidget* w) {
-    dicho = w->findChild<QLabel*>(u"solapes"_s)->text();
-    QTest::keyClick(w->focusWidget(), Qt::Key_Return);
-  });
-  QTest::keyClick(grid.vista(), Qt::Key_F7);
+  QString dicho, titulo;
+  const auto sumar = [&] {
+    ASSERT_TRUE(esperar([v] { return v->isActiveWindow(); }));
+    t.alAbrirse([&](QWidget* w) {
+      const auto* solapes = w->findChild<QLabel*>(u"solapes"_s);
+      dicho = solapes->text();
+      titulo = w->windowTitle();
+      EXPECT_GE(solapes->height(), solapes->heightForWidth(solapes->width())) << "it is cut";
+      EXPECT_TRUE(w->findChild<QLabel*>(u"resumen"_s)->text().contains(u"uno de los elegidos"));
+      QTest::keyClick(w->focusWidget(), Qt::Key_Return);
+    });
+    QTest::keyClick(grid.vista(), Qt::Key_F7);
+  };
+  const qint64 martes = t.dia("05/06/2018", 3);
+  bien(t.periodos.AcumularPeriodo(2, *bien(t.periodos.columna(martes))));
+  ASSERT_TRUE(grid.refrescar());
+  grid.elegir({lunes, martes, 2});
+  sumar();
+  EXPECT_EQ(titulo, u"Suma de 3 Intervalos");
+  grid.elegir({lunes, 2});
+  sumar();
+  EXPECT_EQ(titulo, u"Suma de dos Intervalos");
   EXPECT_EQ(dicho,
             u"ATENCIÓN: se contarán dos veces las ventas que tienen en común:\n4 junio 2018 "
             u"(DIARIO) y Semana 4 06 18 (SEMANAL)");
   EXPECT_EQ(t.cuenta(u"Sumados"_s), 0) << "Return means no";
+}
+
+// The key of a menu opens it ready for Return, and each of its entries has a letter of its own.
+TEST(VentanaPeriodos, LosMenusSeManejanConTeclas) {
+  MesaDeTotales t;
+  t.dia("04/06/2018");
+  auto* v = t.abrir(u"VerTot"_s);
+  static constexpr struct {
+    const char16_t* menu;
+    QKeyCombination tecla;
+  } kMenus[] = {
+      {u"MnuAcu", Qt::Key_F6}, {u"MnDesAcu", Qt::SHIFT | Qt::Key_F6}, {u"MnuVer", Qt::Key_F4}};
+  for (const auto& c : kMenus) {
+    QTest::keyClick(t.lista(v).vista(), c.tecla.key(), c.tecla.keyboardModifiers());
+    auto* menu = v->findChild<QMenu*>(QString::fromUtf16(c.menu));
+    ASSERT_TRUE(menu->isVisible());
+    EXPECT_TRUE(menu->activeAction());
+    QSet<QKeySequence> letras;
+    for (const QAction* a : menu->actions()) letras << QKeySequence::mnemonic(a->text());
+    EXPECT_FALSE(letras.contains(QKeySequence()));
+    EXPECT_EQ(letras.size(), menu->actions().size());
+    menu->hide();
+  }
 }
 
 TEST(VentanaPeriodos, AcumulaYAvisaDeLoRepetido) {
@@ -405,94 +441,6 @@ TEST(VentanaPeriodos, LaFechaSeEscogeEnUnCalendario) {
     EXPECT_TRUE(v->isVisible()) << "that Return only closes the calendar";
     t.responder(u"Acepto"_s);  // abandons it
     v->descargar();
-  }
-}
-
-TEST(VentanaVisor, FiltraYLaGraficaSigue) {
-  MesaDeTotales t;
-  const qint64 lunes = t.dia("04/06/2018");
-  auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = TipoTotal::PLUs});
-  auto& grid = t.lista(v);
-  EXPECT_EQ(grid.filas(), 60);
-  auto* grafica = v->findChild<QWidget*>(u"grafica"_s);
-  ASSERT_TRUE(esperar([&] { return grafica->accessibleDescription().contains(u"Artículo 30"); }));
-  QTest::keyClicks(v->findChild<QLineEdit*>(u"hasta"_s), u"3"_s);
-  ASSERT_TRUE(esperar([&] { return grid.filas() == 6; }));
-  ASSERT_TRUE(esperar([&] { return !grafica->accessibleDescription().contains(u"Artículo 30"); }));
-  EXPECT_TRUE(grafica->accessibleDescription().contains(u"Artículo 3 6,00"))
-      << grafica->accessibleDescription().toStdString();
-  auto* clases = v->findChild<QComboBox*>(u"LstClase"_s);
-  v->findChild<QLineEdit*>(u"hasta"_s)->clear();
-  clases->setCurrentIndex(clases->findData(numeroDe(TipoTotal::Horario)));
-  Q_EMIT clases->activated(clases->currentIndex());
-  EXPECT_EQ(grid.filas(), 10);
-  ASSERT_TRUE(esperar([&] { return grafica->accessibleName() == u"Ventas por horas"; }));
-  EXPECT_TRUE(v->tira().isHidden());  // nothing failed
-  QTest::keyClick(v, Qt::Key_G, Qt::ControlModifier);
-  EXPECT_FALSE(grafica->isVisible());
-  v->descargar();
-  EXPECT_FALSE(
-      t.abrir(PuertaVerCols{.link = lunes})->findChild<QWidget*>(u"grafica"_s)->isVisible());
-}
-
-// Names are complete, at any font size; below vertical bars, only those that don't overlap are
-// shown.
-TEST(VentanaVisor, LaGraficaNoCortaSusNombres) {
-  for (const double escala : {1.0, 1.5}) {
-    MesaDeTotales t;
-    t.escritorio.tema().ponerEscala(escala);
-    const qint64 lunes = t.dia("04/06/2018");
-    t.sql(u"update GRUPOS set NOMGPO='FRUTERIA MOSTRADOR ' & CODGPO"_s);
-    const auto nombres = [&](TipoTotal clase) {
-      auto* v = t.abrir(PuertaVerCols{.link = lunes, .clase = clase});
-      v->resize(1366, 700);
-      const auto* vista = v->findChild<QGraphicsView*>();
-      QStringList vistos;
-      EXPECT_TRUE(esperar([&] {
-        vistos.clear();
-        QRectF anterior;
-        for (const QGraphicsItem* i : vista->scene()->items(Qt::AscendingOrder)) {
-          const auto* texto = qgraphicsitem_cast<const QGraphicsSimpleTextItem*>(i);
-          if (!texto || !texto->isVisible()) continue;
-          vistos << texto->text();
-          if (anterior.intersects(texto->sceneBoundingRect())) return false;
-          anterior = texto->sceneBoundingRect();
-        }
-        return !vistos.empty() && vista->isVisible();
-      })) << vistos.join(u'|').toStdString();
-      v->descargar();
-      return vistos.join(u'|');
-    };
-    EXPECT_EQ(nombres(TipoTotal::GranTotal), u"FRUTERIA MOSTRADOR 2|FRUTERIA MOSTRADOR 1");
-    EXPECT_EQ(nombres(TipoTotal::Horario), u"9|10|11|12|13");
-    t.escritorio.tema().ponerEscala(1);
-  }
-}
-
-TEST(VentanaVisor, UnCodigoEnElTiempo) {
-  MesaDeTotales t;
-  for (const char* d : {"04/06/2018", "05/06/2018", "06/06/2018"}) t.dia(d);
-  auto* v = t.abrir(PuertaVerFils{.clase = TipoTotal::PLUs, .seccion = 3, .codigo = 7});
-  auto& grid = t.lista(v);
-  ASSERT_EQ(grid.filas(), 3);
-  EXPECT_EQ(grid.texto(0, u"COLUMNA.FECHA1"), u"6 junio 2018");
-  EXPECT_EQ(grid.texto(0, u"sum(t.IMP)"), u"14,00");
-  auto* grupos = v->findChild<QComboBox*>(u"AllGrp"_s);
-  grupos->setCurrentIndex(1);
-  Q_EMIT grupos->activated(1);
-  EXPECT_EQ(grid.texto(0, u"t.IMP"), u"7,00");
-}
-
-// A line through one point would be a dot.
-TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
-  for (const int dias : {1, 2}) {
-    MesaDeTotales t;
-    for (int d = 0; d < dias; ++d) t.dia(d == 0 ? "04/06/2018" : "05/06/2018");
-    auto* v = t.abrir(PuertaVerFils{.clase = TipoTotal::PLUs, .seccion = 3, .codigo = 7});
-    auto* grafica = v->findChild<Grafica*>();
-    ASSERT_TRUE(esperar([&] { return grafica->puntos() > 0; }));
-    EXPECT_EQ(grafica->puntos(), dias);
-    EXPECT_EQ(grafica->esLinea(), dias > 1);
   }
 }
 

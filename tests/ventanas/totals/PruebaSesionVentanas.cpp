@@ -157,6 +157,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   t.responder(u"Acepto"_s);
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
   EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
+  EXPECT_TRUE(t.textoModal.contains(u"Son 30,00")) << t.textoModal.toStdString();
   EXPECT_TRUE(t.textoModal.endsWith(u"«Deshacer» los trae de vuelta."));
   EXPECT_EQ(t.sesion.estado(), 0);
   EXPECT_FALSE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
@@ -200,6 +201,20 @@ TEST(VentanaSesion, UnIntroDeMasNoMemoriza) {
     if (alSalir) continue;
     QTest::keyClick(v->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
+  }
+}
+
+// Before another window closes: "Cerrar" lets it close, and Escape, of the question, doesn't.
+TEST(VentanaSesion, EscapeNoCierraLaQueLaAbre) {
+  for (const bool cierra : {true, false}) {
+    MesaDeTotales t;
+    recibirDosDias(t);
+    t.alAbrirse([&](QWidget* w) {
+      cierra ? QTest::mouseClick(w->findChild<QPushButton*>(u"Cancelar"_s), Qt::LeftButton)
+             : QTest::keyClick(w, Qt::Key_Escape);
+    });
+    EXPECT_EQ(t.escritorio.ventanas().preguntar(PuertaCerrSes{.alSalir = true}, nullptr), cierra);
+    EXPECT_EQ(t.sesion.estado(), 2);
   }
 }
 

@@ -148,6 +148,8 @@ void gestcommVentana::reponer() {
   }
   int vuelven = 0;
   QStringList dicho;
+  std::set<int> antes;
+  for (const motor::VistaTarea& v : s_.motor.tareas()) antes.insert(v.datos.Id);
   for (size_t i = 0; i < cuantas && s_.motor.hayQuitadas(); ++i) {
     const int r = s_.motor.ReponerTarea();
     if (r == 0)
@@ -161,6 +163,16 @@ void gestcommVentana::reponer() {
     dicho.prepend(vuelven == 1 ? t(kTxTareaRepuesta) : t(kTxTareasRepuestas).arg(vuelven));
   todas ? decirBien(dicho.join(u' ')) : decirPista(dicho.join(u' '));
   colaCambiada();
+  refrescar();
+  elegirNuevas(antes);
+}
+
+// The tasks that weren't there become the selected ones, the first of them the current one.
+void gestcommVentana::elegirNuevas(const std::set<int>& antes) {
+  std::vector<ModeloParrilla::Clave> nuevas;
+  for (const motor::VistaTarea& v : s_.motor.tareas())
+    if (!antes.contains(v.datos.Id)) nuevas.emplace_back(v.datos.Id);
+  if (!nuevas.empty()) ui_.s_espe->elegir(nuevas);
 }
 
 // The buttons are updated at once: the next key may be one of theirs.
@@ -235,8 +247,10 @@ bool gestcommVentana::QueryUnload() {
   }
   const auto* quien = qobject_cast<const Ventana*>(dueno());
   const bool deAutomat = quien && quien->nombre() == u"Automat";
-  if (s_.sesion.estado() == 2 && !deAutomat && contexto().ventanas.conoce<totals::PuertaCerrSes>())
-    static_cast<void>(preguntar(totals::PuertaCerrSes{.alSalir = true}));
+  if (s_.sesion.estado() == 2 && !deAutomat &&
+      contexto().ventanas.conoce<totals::PuertaCerrSes>() &&
+      !preguntar(totals::PuertaCerrSes{.alSalir = true}) && s_.sesion.estado() == 2)
+    return true;
   s_.motor.CambioAModo(true);  // no task waits for a button of a closed window
   return false;
 }

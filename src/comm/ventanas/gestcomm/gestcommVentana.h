@@ -50,6 +50,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void cambiarModo(bool automatico);
   void reintentarTodo();
   void reponer();
+  void elegirNuevas(const std::set<int>& antes);
   void diagnosticar();
   void verTramas();
   void verEstado();

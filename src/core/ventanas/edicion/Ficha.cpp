@@ -227,6 +227,12 @@ bool Ficha::leer() {
   return malas.empty();
 }
 
+// Texts that wrap ask for a height that the least size of a window doesn't count.
+void Ficha::showEvent(QShowEvent* evento) {
+  Ventana::showEvent(evento);
+  hacerSitio();
+}
+
 // Faults in words need room, as far as the screen has it: else they would overlap.
 void Ficha::hacerSitio() {
   const QLayout* todo = cuerpo()->layout();

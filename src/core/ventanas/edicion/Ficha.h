@@ -45,6 +45,7 @@ class Ficha : public Ventana {
   bool QueryUnload() override;
 
  protected:
+  void showEvent(QShowEvent* evento) override;
   Ficha(Contexto& contexto, const QString& nombre);
   ~Ficha() override;
 

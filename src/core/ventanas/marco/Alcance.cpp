@@ -6,12 +6,14 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
 #include <utility>
 
 namespace tarvo::ventanas {
@@ -85,6 +87,21 @@ QString conLetra(const QString& texto, QSet<QChar>& usadas) {
     return hecho.insert(i, u'&');
   }
   return hecho;
+}
+
+void ponerLetras(QMenu& menu) {
+  QSet<QChar> usadas;
+  for (QAction* a : menu.actions())
+    if (a->isVisible() && !a->isSeparator()) a->setText(conLetra(a->text(), usadas));
+}
+
+void desplegar(QMenu& menu, const QPoint& donde) {
+  menu.popup(donde);
+  const auto entradas = menu.actions();
+  const auto primera = std::ranges::find_if(entradas, [](const QAction* e) {
+    return e->isEnabled() && e->isVisible() && !e->isSeparator();
+  });
+  if (primera != entradas.end()) menu.setActiveAction(*primera);
 }
 
 void seguirAccion(QToolButton& boton, QAction& accion) {

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 class QAction;
+class QMenu;
 class QToolButton;
 
 namespace tarvo::ventanas {
@@ -19,6 +20,11 @@ void ponerAlAlcance(QWidget& cuerpo);
 // Makes a button follow an action that already has one in a tool bar, except for the letter, which
 // stays with the bar: Qt activates neither of two buttons with the same letter.
 void seguirAccion(QToolButton& boton, QAction& accion);
+
+// Gives each entry of a menu a letter of its own.
+void ponerLetras(QMenu& menu);
+// Opens it at a point of the screen with its first entry highlighted, so that Return chooses it.
+void desplegar(QMenu& menu, const QPoint& donde);
 
 // The letters that reach the controls below it, in capitals.
 QSet<QChar> letrasUsadas(const QWidget& cuerpo);

@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QGridLayout>
 #include <QLabel>
+#include <QScrollArea>
 #include <QStyle>
 #include <QToolButton>
 
@@ -17,7 +18,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCaducaBien = 8000;  // ms
-constexpr int kColumnaBoton = 5;   // after icon, word, text, detail and copy
+constexpr int kAltoDetalle = 140;
+constexpr int kColumnaBoton = 5;  // after icon, word, text, detail and copy
 
 // Removes the mnemonic, since another control of the window may have the same letter, and Qt then
 // activates neither.
@@ -55,6 +57,7 @@ Tira::Tira(const Textos& textos, Reloj& reloj, QWidget* padre)
       palabra_(new QLabel(this)),
       texto_(new QLabel(this)),
       detalle_(new QLabel(this)),
+      sitioDetalle_(new QScrollArea(this)),
       verDetalle_(botonTira(u"verDetalle"_s, t_(kTxVerDetalle), this)),
       copiar_(botonTira(u"copiar"_s, t_(kTxCopiar), this)),
       cerrar_(botonTira(u"cerrar"_s, {}, this)),
@@ -80,13 +83,17 @@ Tira::Tira(const Textos& textos, Reloj& reloj, QWidget* padre)
     cuadricula->addWidget(w, 0, columna++, w == texto_ ? Qt::Alignment() : Qt::AlignTop);
   cuadricula->addWidget(cerrar_, 0, kColumnaBoton + 1, Qt::AlignTop);
   for (QLabel* l : {imagen_, palabra_, texto_}) l->setMinimumHeight(escalar(kAltoControl));
-  cuadricula->addWidget(detalle_, 1, 2, 1, kColumnaBoton);
+  sitioDetalle_->setObjectName(u"sitioDetalle"_s);
+  sitioDetalle_->setWidget(detalle_);
+  sitioDetalle_->setWidgetResizable(true);
+  sitioDetalle_->setFrameShape(QFrame::NoFrame);
+  detalle_->setAutoFillBackground(false);
+  sitioDetalle_->viewport()->setAutoFillBackground(false);
+  cuadricula->addWidget(sitioDetalle_, 1, 2, 1, kColumnaBoton);
   cuadricula->setColumnStretch(2, 1);
   connect(cerrar_, &QToolButton::clicked, this, &Tira::quitar);
-  connect(verDetalle_, &QToolButton::clicked, this, [this] {
-    detalle_->setVisible(!detalle_->isVisible());
-    verDetalle_->setText(sinLetra(t_(detalle_->isVisible() ? kTxOcultarDetalle : kTxVerDetalle)));
-  });
+  connect(verDetalle_, &QToolButton::clicked, this,
+          [this] { mostrarDetalle(!sitioDetalle_->isVisible()); });
   connect(copiar_, &QToolButton::clicked, this, [this] {
     QApplication::clipboard()->setText(texto_->text() + u'\n' + detalle_->text());
   });
@@ -102,13 +109,23 @@ void Tira::decir(Estado estado, const QString& texto, const QString& detalle) {
   ++veces_;
   texto_->setText(texto);
   detalle_->setText(detalle);
-  detalle_->hide();
-  verDetalle_->setText(sinLetra(t_(kTxVerDetalle)));
+  mostrarDetalle(false);
   verDetalle_->setVisible(!detalle.isEmpty());
   copiar_->setVisible(estado != Estado::Bien);
   pintar();
   show();
   estado == Estado::Bien ? caduca_->unaVez(kCaducaBien) : caduca_->parar();
+}
+
+// As high as the text asks for, up to a limit, beyond which it is scrolled.
+void Tira::mostrarDetalle(bool si) {
+  if (si) {
+    const int ancho = layout()->contentsRect().width() - imagen_->width() - palabra_->width();
+    const int pide = detalle_->heightForWidth(std::max(ancho, escalar(kAltoDetalle)));
+    sitioDetalle_->setFixedHeight(std::clamp(pide, 0, escalar(kAltoDetalle)));
+  }
+  sitioDetalle_->setVisible(si);
+  verDetalle_->setText(sinLetra(t_(si ? kTxOcultarDetalle : kTxVerDetalle)));
 }
 
 void Tira::ponerBoton(QWidget* boton) {

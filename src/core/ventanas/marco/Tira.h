@@ -10,6 +10,7 @@
 #include "core/ventanas/aspecto/Tema.h"
 
 class QLabel;
+class QScrollArea;
 class QToolButton;
 
 namespace tarvo::ventanas {
@@ -32,6 +33,7 @@ class Tira final : public QFrame {
 
  private:
   void pintar();
+  void mostrarDetalle(bool si);
 
   const Textos& t_;
   Estado estado_ = Estado::Ninguno;
@@ -40,6 +42,7 @@ class Tira final : public QFrame {
   QLabel* palabra_;
   QLabel* texto_;
   QLabel* detalle_;
+  QScrollArea* sitioDetalle_;
   QToolButton *verDetalle_, *copiar_, *cerrar_;
   std::unique_ptr<Temporizador> caduca_;
 };

@@ -33,6 +33,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qint64 kTrasHijaMs = 1000;
+
 // All instances, such as "VerCols#12", share one memory.
 QString sinInstancia(const QString& nombre) {
   return nombre.section(u'#', 0, 0);
@@ -198,6 +200,11 @@ bool Ventana::descargar() {
   return cerrada_;  // a nested close() returns true during QueryUnload
 }
 
+bool Ventana::cerrarSola() {
+  if (auto* suya = qobject_cast<Ventana*>(dueno_)) suya->hijaSola_ = c_.reloj.monotono();
+  return descargar();
+}
+
 bool Ventana::ejecutar() {
   QEventLoop bucle;
   const Retenida mientras(dueno_);
@@ -291,6 +298,7 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   if (decirPorQueNo(*evento)) return evento->accept();
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
+  if (hijaSola_ >= 0 && c_.reloj.monotono() - hijaSola_ < kTrasHijaMs) return;
   // Escape during work means to stop the work; what was done can still be undone then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }

@@ -67,6 +67,9 @@ class Ventana : public QWidget {
   // window stays too. The object is deleted in the next turn of the event loop, or after the last
   // Retenida that keeps it.
   bool descargar();
+  // The same, by a clock of the window and not by its user, whose Escape at that moment was meant
+  // for this window: it doesn't close the owner.
+  bool cerrarSola();
   // Runs it as a modal dialog until aceptar() or rechazar() (Escape, the close button); true for
   // aceptar().
   bool ejecutar();
@@ -157,7 +160,8 @@ class Ventana : public QWidget {
   QString pendiente_;  // the last text of decirPendiente
   int pista_ = -1;     // the strip's count while it shows a hint
   std::any salida_;
-  int retenida_ = 0;  // event loops running in functions of this window
+  int retenida_ = 0;      // event loops running in functions of this window
+  qint64 hijaSola_ = -1;  // when a window on top closed by itself, on the monotonic clock
   bool modal_ = false, aceptada_ = false, cerrada_ = false, alcanzada_ = false, conSitio_ = false;
 };
 

@@ -8,6 +8,7 @@
 #include <QLocale>
 #include <QMenu>
 #include <QRegularExpression>
+#include <QTreeView>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -220,6 +221,8 @@ void Parrilla::exportar() {
   };
   connect(&caja, &QFileDialog::filterSelected, &caja, deTipo);
   deTipo(caja.selectedNameFilter());
+  if (auto* lista = caja.findChild<QTreeView*>(u"treeView"_s))
+    lista->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   if (caja.exec() == QDialog::Accepted) exportarEn(caja.selectedFiles().value(0));
 }
 
