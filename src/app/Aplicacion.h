@@ -29,11 +29,11 @@ namespace tarvo::app {
 QStringList dudasDe(const Ajustes& ajustes, const Textos& textos);
 // The database is not in the program's folder.
 bool baseFuera(const Ajustes& ajustes);
-// The settings name a database that isn't there, in a folder that is.
+// The settings of a folder where a shop has been name a database that isn't there.
 bool faltaLaBase(const Ajustes& ajustes);
 
-// What becomes of a missing database. A new folder gets an empty one in any case; one that the
-// settings name may have been lost, and an empty one in its place would hide that.
+// What becomes of that. A new folder gets an empty one in any case; here one may have been lost or
+// misspelt, and an empty one in its place would hide that.
 enum class SiFaltaLaBase { Negarse, Crearla };
 
 // The basis of every use of the program: its folder, texts, settings and database.

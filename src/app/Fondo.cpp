@@ -109,9 +109,19 @@ Resultado<Fondo::Vista> Fondo::mirar(const QString& carpeta, Idioma idioma, cons
   return Vista{std::move(ajustes), std::move(*db)};
 }
 
+// Another database, traces or exports.
+bool huboTienda(const QString& carpeta) {
+  QStringList rastros = QDir(carpeta).entryList({QStringLiteral("*.MDB"), QStringLiteral("*.TZA"),
+                                                 QStringLiteral("*.TZC"), QStringLiteral("*.EXP")},
+                                                QDir::Files);
+  rastros.removeAll(esquema::kPlantilla.toString());
+  return !rastros.isEmpty();
+}
+
 bool faltaLaBase(const Ajustes& ajustes) {
   const QFileInfo base(ajustes.BaseDatos);
-  return ajustes.baseNombrada && !base.exists() && QFileInfo(base.path()).isDir();
+  return ajustes.baseNombrada && !base.exists() && QFileInfo(base.path()).isDir() &&
+         huboTienda(ajustes.carpeta);
 }
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,

@@ -293,6 +293,7 @@ std::optional<Cronos::Proxima> Cronos::proximoInicio() const {
 }
 void Cronos::parar() {
   d->temporizador->parar();
+  ponerActivo(false);
 }
 
 }  // namespace tarvo::automation

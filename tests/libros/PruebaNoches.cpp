@@ -478,26 +478,4 @@ TEST(LibrosAlAzar, CadaVentaEstaUnaVez) {
   }
 }
 
-// What a reading brought is noted, not what it held: the later ones hold the first as well.
-TEST(Origenes, DicenLoQueEntroEnElPeriodo) {
-  TiendaDeLibros t(kLunes);
-  t.grupo(1);
-  t.desdeCero();
-  auto& m = t.grupos.at(1).at(0);
-  for (const qint64 vendido : {1000, 300, -200}) {
-    t.masTarde(5);
-    m.vender(vendido < 0 ? 10 : 12, vendido, 0, vendido < 0 ? -1 : 1);
-    for (int codigo = 10; vendido == 1000 && codigo < 30; ++codigo) m.vender(codigo, 200, 0);
-    const auto antes = t.enPeriodos(1, TipoTotal::PLUs).IMP;
-    t.leer(1);
-    t.memorizar();
-    EXPECT_EQ(bien(t.db().uno(u"SELECT [IMP] FROM Origenes WHERE CLASE=? ORDER BY rowid DESC LIMIT "
-                              u"1",
-                              numeroDe(TipoTotal::PLUs)))
-                  .entero(),
-              t.enPeriodos(1, TipoTotal::PLUs).IMP - antes);
-  }
-  EXPECT_EQ(t.enPeriodos(1, TipoTotal::PLUs).IMP, 5100);
-}
-
 }  // namespace tarvo::prueba

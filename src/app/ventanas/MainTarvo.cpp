@@ -89,10 +89,8 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   refrescarPersonal();
   mostrarPanel(kPrincipal);
   atenderBandeja();
-  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this, [this] {
-    hijaIda_ = this->contexto().reloj.monotono();
-    escapeAjeno_ = true;
-  });
+  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this,
+          [this] { hijaIda_ = this->contexto().reloj.monotono(); });
   connect(manana_, &Manana::elegida, this, &MainTarvo::ir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
@@ -140,7 +138,6 @@ void MainTarvo::ponerLetras() {
 }
 
 void MainTarvo::ir(const Lleva& adonde) {
-  escapeAjeno_ = true;
   if (sinGrupos(adonde)) return decirPista(t(kTxGruposCerrado));
   if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
   abrirLo(contexto().ventanas, adonde, this);
@@ -176,6 +173,11 @@ void MainTarvo::moverFoco(int pasos) {
   if (ui_.Propias->isAncestorOf(va)) ui_.SitioPropias->ensureWidgetVisible(va);
 }
 
+void MainTarvo::hijaCerradaSola() {
+  Ventana::hijaCerradaSola();
+  escapeAjeno_ = true;
+}
+
 void MainTarvo::keyPressEvent(QKeyEvent* evento) {
   const bool escape = evento->key() == Qt::Key_Escape;
   if (escape && !atiendeEscape(*evento)) return evento->accept();
@@ -190,9 +192,8 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
 }
 
 // An Escape right after a child window has closed was meant for that window, and so may be the
-// first one after an entry has been used or a window has closed, however late: nothing else was
-// done here since. If a run or a collection is in progress, it asks before closing, so that it
-// isn't ended by accident.
+// first one after one has closed by itself, however late: nothing else was done here since. If a
+// run or a collection is in progress, it asks before closing, so that it isn't ended by accident.
 bool MainTarvo::atiendeEscape(const QKeyEvent& escape) {
   if (escape.isAutoRepeat()) return false;
   if (hijaIda_ >= 0 && contexto().reloj.monotono() - hijaIda_ < kTrasHijaMs) return false;

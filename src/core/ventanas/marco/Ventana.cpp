@@ -201,8 +201,12 @@ bool Ventana::descargar() {
 }
 
 bool Ventana::cerrarSola() {
-  if (auto* suya = qobject_cast<Ventana*>(dueno_)) suya->hijaSola_ = c_.reloj.monotono();
+  if (auto* suya = qobject_cast<Ventana*>(dueno_)) suya->hijaCerradaSola();
   return descargar();
+}
+
+void Ventana::hijaCerradaSola() {
+  hijaSola_ = c_.reloj.monotono();
 }
 
 bool Ventana::ejecutar() {

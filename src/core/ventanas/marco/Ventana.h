@@ -107,6 +107,8 @@ class Ventana : public QWidget {
   void descargada(const QString& nombre);
 
  protected:
+  // A window on top of this one has closed by itself (cerrarSola).
+  virtual void hijaCerradaSola();
   // The widget for the form: ui_.setupUi(cuerpo()).
   QWidget* cuerpo() const { return cuerpo_; }
   // To be called once, after setupUi and before anything is filled: texts, accessible names, and
