@@ -29,18 +29,34 @@ namespace tarvo::app {
 QStringList dudasDe(const Ajustes& ajustes, const Textos& textos);
 // The database is not in the program's folder.
 bool baseFuera(const Ajustes& ajustes);
+// The settings name a database that isn't there, in a folder that is.
+bool faltaLaBase(const Ajustes& ajustes);
+
+// What becomes of a missing database. A new folder gets an empty one in any case; one that the
+// settings name may have been lost, and an empty one in its place would hide that.
+enum class SiFaltaLaBase { Negarse, Crearla };
 
 // The basis of every use of the program: its folder, texts, settings and database.
 class Fondo {
  public:
   // Reads the settings, locks the database, opens it (created in a new folder) and upgrades it to
   // this version. The error's text is a whole sentence for the user; Ocupado: another program has
-  // it. REQUIRES that the texts outlive it.
+  // it; NoExiste: it is missing. REQUIRES that the texts outlive it.
   static Resultado<std::unique_ptr<Fondo>> abrir(const QString& carpeta, Idioma idioma,
-                                                 const Textos& textos, Reloj& reloj);
+                                                 const Textos& textos, Reloj& reloj,
+                                                 SiFaltaLaBase siFalta = SiFaltaLaBase::Negarse);
   // The current settings of a folder, without touching the database. The same errors.
   static Resultado<Ajustes> leerAjustes(const QString& carpeta, Idioma idioma, const Textos& textos,
                                         Reloj& reloj);
+
+  // A look at the database while another program works on it: nothing can be written. The same
+  // errors, except Ocupado.
+  struct Vista {
+    Ajustes ajustes;
+    std::unique_ptr<dao::Database> db;
+  };
+  static Resultado<Vista> mirar(const QString& carpeta, Idioma idioma, const Textos& textos,
+                                Reloj& reloj);
 
   const Textos& textos;
 

@@ -40,14 +40,19 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fech
 
 // All stored money is in this currency. Settings without it, or with an unreadable one, must not
 // divide a shop's prices by a hundred.
-Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
-  const QString clave = QStringLiteral("MonedaNativa");
-  totals::EstadoBase estado(db);
-  TARVO_TOMAR(const auto ultima, estado.leer(clave));
+const QString kMonedaNativa = QStringLiteral("MonedaNativa");
+
+Resultado<dao::Valor> seguirMoneda(dao::Database& db, Ajustes& ajustes) {
+  TARVO_TOMAR(auto ultima, totals::EstadoBase(db).leer(kMonedaNativa));
   if (!ultima.nulo() && !ajustes.monedaLeida)
     ajustes.ponerMonedaNativa(static_cast<int>(ultima.entero()));
+  return ultima;
+}
+
+Resultado<> recordarMoneda(dao::Database& db, Ajustes& ajustes) {
+  TARVO_TOMAR(const auto ultima, seguirMoneda(db, ajustes));
   if (!ultima.nulo() && ultima.entero() == ajustes.MonedaNativa) return {};
-  return estado.poner(clave, ajustes.MonedaNativa);
+  return totals::EstadoBase(db).poner(kMonedaNativa, ajustes.MonedaNativa);
 }
 
 }  // namespace
@@ -89,8 +94,29 @@ bool baseFuera(const Ajustes& ajustes) {
   return !ficheroReal(ajustes.BaseDatos).startsWith(carpeta);
 }
 
+Resultado<Fondo::Vista> Fondo::mirar(const QString& carpeta, Idioma idioma, const Textos& textos,
+                                     Reloj& reloj) {
+  TARVO_TOMAR(auto ajustes, leerAjustes(carpeta, idioma, textos, reloj));
+  const auto abrirla = [&]() -> Resultado<std::unique_ptr<dao::Database>> {
+    TARVO_TOMAR(auto db, dao::Database::OpenDatabase(ajustes.BaseDatos, {.soloLeer = true}));
+    TARVO_INTENTAR(seguirMoneda(*db, ajustes));
+    return db;
+  };
+  auto db = abrirla();
+  if (!db)
+    return fallo(db.error().clase,
+                 textos(kTxBaseNoAbierta).arg(ajustes.BaseDatos, db.error().texto));
+  return Vista{std::move(ajustes), std::move(*db)};
+}
+
+bool faltaLaBase(const Ajustes& ajustes) {
+  const QFileInfo base(ajustes.BaseDatos);
+  return ajustes.baseNombrada && !base.exists() && QFileInfo(base.path()).isDir();
+}
+
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,
-                                               const Textos& textos, Reloj& reloj) {
+                                               const Textos& textos, Reloj& reloj,
+                                               SiFaltaLaBase siFalta) {
   // The settings name the database to lock; the rest of them counts once it is locked, as its
   // previous holder may have written them meanwhile.
   TARVO_TOMAR(const auto antes, leerAjustes(carpeta, idioma, textos, reloj));
@@ -102,6 +128,8 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
   TARVO_TOMAR(auto ajustes, leerAjustes(carpeta, idioma, textos, reloj));
   if (ficheroReal(ajustes.BaseDatos) != ficheroReal(antes.BaseDatos))
     return conMotivo({Fallo::Ocupado, 0, {}});
+  if (siFalta == SiFaltaLaBase::Negarse && faltaLaBase(ajustes))
+    return fallo(Fallo::NoExiste, textos(kTxBaseNoEsta).arg(ajustes.BaseDatos));
   std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), std::move(ajustes), textos));
   // Opening it may write: not into a file that another program holds by another name.
   const QString& base = fondo->ajustes.BaseDatos;

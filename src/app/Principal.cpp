@@ -24,8 +24,8 @@ int decirAyuda(const Textos& t) {
   return kBien;
 }
 
-int hacerCuadre(const Ordenes& o, Fondo& fondo, const Textos& t) {
-  const auto informe = totals::informeCuadre(*fondo.db, fondo.ajustes, t, o.link);
+int hacerCuadre(const Ordenes& o, dao::Database& db, const Ajustes& ajustes, const Textos& t) {
+  const auto informe = totals::informeCuadre(db, ajustes, t, o.link);
   informe ? decir(informe->texto) : avisar(t(kTxCuadreFallido).arg(informe.error().texto));
   return informe && informe->cuadra ? kBien : kProblemas;
 }
@@ -45,6 +45,23 @@ int responderPuesta(const Ordenes& o, Fondo& fondo, const Textos& t, Reloj& relo
     const bool guardado = aplicacion.sesion().reflejar().has_value();
     return guardado && std::ranges::none_of(avisos, &totals::Aviso::grave) ? kBien : kProblemas;
   });
+}
+
+// While another program has the database. What a person answers changes the books, so it is the
+// other's to record.
+int mientrasOtro(const Ordenes& o, const Textos& t, const QString& carpeta, const Error& error,
+                 Reloj& reloj) {
+  if (o.que != Ordenes::Que::Cuadre) {
+    avisar(error.texto);
+    avisar(t(kTxContesteEnLaVentana));
+    return kSinBase;
+  }
+  const auto vista = Fondo::mirar(carpeta, o.idioma, t, reloj);
+  const auto foto = vista ? dao::Transaccion::empezar(*vista->db)
+                          : Resultado<dao::Transaccion>(std::unexpected(vista.error()));
+  if (foto) return hacerCuadre(o, *vista->db, vista->ajustes, t);
+  avisar(foto.error().texto);
+  return kSinBase;
 }
 
 int decirSinCarpeta(const Error& e, const Textos& t, const Avisar& avisar) {
@@ -90,30 +107,44 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
       return kBien;
     default:
       if (o.que == Ordenes::Que::Proceso) return correrProceso(o, t);
-      return conFondo(o, t, avisar, [&](Fondo& fondo, Reloj& reloj) {
-        return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, fondo, t)
-                                             : responderPuesta(o, fondo, t, reloj);
-      });
+      return conFondo(
+          o, t, avisar,
+          [&](Fondo& fondo, Reloj& reloj) {
+            return o.que == Ordenes::Que::Cuadre ? hacerCuadre(o, *fondo.db, fondo.ajustes, t)
+                                                 : responderPuesta(o, fondo, t, reloj);
+          },
+          {.ocupada = [&](const QString& carpeta, const Error& error,
+                          Reloj& reloj) { return mientrasOtro(o, t, carpeta, error, reloj); },
+           .crearla = {}});
   }
 }
 
 }  // namespace
 
 int conFondo(const Ordenes& o, const Textos& t, const Avisar& avisar,
-             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer,
-             const SiOcupada& siOcupada) {
+             const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer, const SiNoSeAbre& siNo) {
   const auto carpeta = carpetaPrograma(o.carpeta);
   if (!carpeta) return decirSinCarpeta(carpeta.error(), t, avisar);
   RelojReal reloj;
+  auto siFalta = SiFaltaLaBase::Negarse;
   while (true) {
-    const auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj);
+    const auto fondo = Fondo::abrir(*carpeta, o.idioma, t, reloj, siFalta);
     if (fondo) return hacer(**fondo, reloj);
-    if (fondo.error().clase == Fallo::Ocupado && siOcupada) {
-      const auto estado = siOcupada(*carpeta, fondo.error(), reloj);
+    const Error& error = fondo.error();
+    if (error.clase == Fallo::Ocupado && siNo.ocupada) {
+      const auto estado = siNo.ocupada(*carpeta, error, reloj);
       if (!estado) continue;
       return *estado;
     }
-    avisar(fondo.error().texto);
+    if (error.clase == Fallo::NoExiste && siNo.crearla && siFalta == SiFaltaLaBase::Negarse) {
+      const auto ajustes = Fondo::leerAjustes(*carpeta, o.idioma, t, reloj);
+      if (ajustes && faltaLaBase(*ajustes)) {
+        if (!siNo.crearla(ajustes->BaseDatos)) return kSinBase;
+        siFalta = SiFaltaLaBase::Crearla;
+        continue;
+      }
+    }
+    avisar(error.texto);
     return kSinBase;
   }
 }

@@ -15,14 +15,19 @@ int principal(int argc, char** argv, const ConVentanas& conVentanas = {});
 // Reports a failed start.
 using Avisar = std::function<void(const QString& texto)>;
 
-// What to do when another program has the database: the exit status, or nothing to try again.
-using SiOcupada =
-    std::function<std::optional<int>(const QString& carpeta, const Error& error, Reloj& reloj)>;
+// What to do about a database that can't be opened; each may be empty.
+struct SiNoSeAbre {
+  // Another program has it: the exit status, or nothing to try again.
+  std::function<std::optional<int>(const QString& carpeta, const Error& error, Reloj& reloj)>
+      ocupada;
+  // It is missing: whether to create an empty one.
+  std::function<bool(const QString& base)> crearla;
+};
 
 // Opens folder, settings and database and hands them over; a failure is reported, with its status.
 int conFondo(const Ordenes& ordenes, const Textos& textos, const Avisar& avisar,
              const std::function<int(Fondo& fondo, Reloj& reloj)>& hacer,
-             const SiOcupada& siOcupada = {});
+             const SiNoSeAbre& siNo = {});
 
 // Makes the application's objects and hands them over; a failure is reported, with its status.
 int conAplicacion(Fondo& fondo, Reloj& reloj, automation::Preguntas& preguntas,

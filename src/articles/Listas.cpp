@@ -73,6 +73,10 @@ QString columnaUnidad() {
   return u"switch(CADA=0,'K',CADA=1,'g',true,'U')"_s;
 }
 
+QString ordenPorUnidad() {
+  return u"CADA"_s;
+}
+
 QString columnaCodigoBarras() {
   return u"iif(isnull(CodBarExt),trim(PFX_BAR) & format(CODPLU,'000000'),CodBarExt)"_s;
 }

@@ -31,7 +31,8 @@ QString ordenPorNombre();
 
 // The articles of the filter, by code.
 dao::Origen listaArticulos(const FiltroArticulos& filtro);
-QString columnaUnidad();        // K, g or U
+QString columnaUnidad();  // K, g or U
+QString ordenPorUnidad();
 QString columnaCodigoBarras();  // its own, else the composed one
 
 // The operators, by code.

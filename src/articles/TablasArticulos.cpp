@@ -37,11 +37,22 @@ CREATE TABLE IF NOT EXISTS LotePorHacer (LOTE INTEGER, SECCION INTEGER, CODPLU I
 CREATE UNIQUE INDEX IF NOT EXISTS LotePorHacer_Clave ON LotePorHacer (LOTE, SECCION, CODPLU);
 )";
 
+// The list of articles can be sorted by these columns, however many there are.
+constexpr QStringView kGuionOrdenes =
+    uR"(
+CREATE INDEX IF NOT EXISTS [PLUSES.PRECIO] ON PLUSES (SECCION, PRECIO_00);
+CREATE INDEX IF NOT EXISTS [PLUSES.DEPTO] ON PLUSES (SECCION, DEPTO);
+CREATE INDEX IF NOT EXISTS [PLUSES.FORMATO] ON PLUSES (SECCION, FORMATO);
+CREATE INDEX IF NOT EXISTS [PLUSES.CADA] ON PLUSES (SECCION, CADA);
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasArticulos() {
   return {.sala = QStringLiteral("articles"),
-          .pasos = {{1, kGuion.toString()}, {2, kGuionPorHacer.toString()}},
+          .pasos = {{1, kGuion.toString()},
+                    {2, kGuionPorHacer.toString()},
+                    {3, kGuionOrdenes.toString()}},
           .copias = {{QStringLiteral("LoteAntes"), QStringLiteral("PLUSES")},
                      {QStringLiteral("LoteDespues"), QStringLiteral("PLUSES")},
                      {QStringLiteral("LoteMovs"), QStringLiteral("MovsAlm")}}};

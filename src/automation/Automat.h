@@ -125,6 +125,7 @@ class Automat final : private motor::Vigilante {
   // The same with what it does; a step whose group a parameter is still to fill names none.
   std::optional<CursoEjecucion> curso() const;
   bool enMarcha() const;  // a run is under way, moving or held
+  bool libre() const;     // none is, and no window is in the middle of a change
   bool diferida() const;
   const QString& nombre() const;  // of the process; empty before the first one
   const std::vector<VistaPaso>& pasos() const;

@@ -59,8 +59,9 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
     TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
     hecho = std::move(h);
   }
+  const auto anotado = hecho->anotar ? hecho->anotar(*hecho) : Resultado<>();
   informar(*hecho);
-  if (hecho->anotar) TARVO_INTENTAR(hecho->anotar());
+  TARVO_INTENTAR(anotado);
   TARVO_INTENTAR(diario.historial().periodosHechos(e.numero, hecho->periodos));
   TARVO_INTENTAR(registrar());
   TARVO_INTENTAR(tr.confirmar());

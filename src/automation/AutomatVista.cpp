@@ -59,6 +59,9 @@ void Automat::Interior::pasoHecho() {
 bool Automat::enMarcha() const {
   return d->vigila() || d->fase == kAbortando;
 }
+bool Automat::libre() const {
+  return !enMarcha() && d->t.db.profundidad() == 0;
+}
 bool Automat::diferida() const {
   return d->diferida;
 }

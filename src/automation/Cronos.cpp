@@ -143,7 +143,11 @@ void Cronos::Interior::pasada(Fecha desde, Fecha ahora) {
         break;
       case EstadoEntrada::Vencida:
         // A process run by a person is waited for as well.
-        if (marcha == Marcha::Parada && !corredor.ocupado()) arrancar(e);
+        if (marcha != Marcha::Parada) break;
+        if (!corredor.ocupado())
+          arrancar(e);
+        else if (yo.alEsperar)
+          yo.alEsperar(e);
         break;
       case EstadoEntrada::Iniciada:
         if (marcha == Marcha::EnCurso) break;
@@ -216,7 +220,7 @@ std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) cons
 // --- the outside --------------------------------------------------------------------------------
 
 Cronos::Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj)
-    : Cronos({.ocupado = [&automat] { return automat.enMarcha(); },
+    : Cronos({.ocupado = [&automat] { return !automat.libre(); },
               .correr =
                   [&automat](const Entrada& e, const QString& traza) {
                     automat.PROCESO(e.pasos, traza, e.proceso, e.omitidas);

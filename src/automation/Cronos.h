@@ -66,6 +66,8 @@ class Cronos {
   std::function<void()> alCambiar;
   // The process of an entry is about to be started.
   std::function<void(const Entrada&)> alArrancar;
+  // A due entry has to wait for a process that isn't its own; at each tick.
+  std::function<void(const Entrada&)> alEsperar;
   // A message for observers (an unusable process...).
   std::function<void(const QString&)> alAvisar;
   void parar();

@@ -120,6 +120,10 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
     h.error(2);
     return h;
   }
+  if (const auto codigo = p.rango ? p.rango->imposible() : std::nullopt) {
+    h.decir(t_.textos(kTxCodigoImposible, {*codigo, Ceros(kPrimerCodigo, 7), kUltimoCodigo}));
+    return h;
+  }
   if (p.rango && p.rango->alReves()) {
     h.decir(t_.textos(kTxPasoAlReves, {orden->desde, orden->hasta}));
     return h;
@@ -323,16 +327,19 @@ Hecho Ejecutor::crear(const PasoPeriodos& p) {
   const auto lejos = [ahora](Fecha f) {
     return f.qdate().year() < kPrimerAno || f.qdate().year() > ahora + kAnosPorVenir;
   };
-  if (i.hasta < i.desde || lejos(i.desde) || lejos(i.hasta)) {
+  if (i.hasta <= i.desde || lejos(i.desde) || lejos(i.hasta)) {
     h.error(kErrorCrear);
-    h.decir(t_.textos(i.hasta < i.desde ? kTxAcabaAntes : kTxFechasLejanas,
-                      {i.desde.corta(), i.hasta.corta()}));
+    const int motivo = i.hasta < i.desde    ? kTxAcabaAntes
+                       : i.hasta == i.desde ? kTxPeriodoSinDuracion
+                                            : kTxFechasLejanas;
+    h.decir(t_.textos(motivo, {i.desde.corta(), i.hasta.corta()}));
     return h;
   }
   const auto creado =
       t_.verTot.CrearIntvalo(totals::Periodo{i.tipo, i.desde, i.hasta}, p.descripcion);
   if (!creado) return deFallo(creado.error(), kErrorCrear);
   if (creado->existia) h.decir(t_.textos(kTxYaExistia, {nombrePeriodo(creado->link)}), false);
+  if (i.hasta == i.hasta.dia()) h.decir(t_.textos(kTxAcabaALasCero, {i.hasta.corta()}), false);
   return h;
 }
 
@@ -397,6 +404,7 @@ void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debi
   }
   if (const auto hecho = libro.anotar(orden, debidos); !hecho) h.decir(hecho.error().texto);
   for (const qint64 link : debidos) h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
+  if (const auto hecho = borrarEntregados(h); !hecho) h.decir(hecho.error().texto);
 }
 
 // A period that is still owed to an export stays: with it the debt would go, and nobody would know.

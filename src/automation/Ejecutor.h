@@ -18,8 +18,9 @@ struct Hecho {
   bool problemas = false;
   bool sesionMovida = false;     // the settings file must be updated
   std::vector<qint64> periodos;  // memorised by it
-  // To be written in the transaction that records the step; may be empty.
-  std::function<Resultado<>()> anotar;
+  // To be written in the transaction that records the step, adding what there is to say; may be
+  // empty.
+  std::function<Resultado<>(Hecho&)> anotar;
 
   void error(int cual) { codigo = cual, problemas = true; }
   void sinQueHacer(int cual, const QString& texto) {
@@ -80,14 +81,17 @@ class Ejecutor {
   void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoExportar& p, const Ejecucion& e);
+  // What an export step has done so far.
+  struct Exportados {
+    std::vector<Pendientes::Exporte> propios;  // still to be exported to the step's own file
+    std::vector<Pendientes::Exporte> saldados, debidos;
+  };
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
-                          std::vector<qint64>& propios, std::vector<Pendientes::Exporte>& saldados,
-                          Hecho& h);
-  Resultado<bool> exportarUno(const Pendientes::Exporte& e, const Exportacion& x, Hecho& h);
-  Resultado<bool> esperaOtro(qint64 link, const QString& ruta);
-  void exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
-                       const QString& marca, std::vector<Pendientes::Exporte>& saldados,
-                       std::vector<Pendientes::Exporte>& debidos, Hecho& h);
+                          Exportados& ya, Hecho& h);
+  Resultado<bool> exportarUno(const Pendientes::Exporte& e, bool corto);
+  void exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h);
+  Resultado<> anotarExportes(const Pendientes::Destino& destino, const Exportados& ya, Hecho& h);
+  Resultado<> borrarEntregados(Hecho& h);
   QString nombrePeriodo(qint64 link) const;
 
   const Taller& t_;

@@ -1,6 +1,7 @@
 // The export step: first what is owed to its file, each period under its own mark, then those
 // selected now.
 #include <algorithm>
+#include <utility>
 
 #include "automation/Ejecutor.h"
 #include "automation/TextosAutomation.h"
@@ -16,66 +17,76 @@ constexpr int kErrorExportar = 14;
 
 }  // namespace
 
-// A period that another file still waits for stays: with it the debt would go, and nobody would
-// know.
-Resultado<bool> Ejecutor::esperaOtro(qint64 link, const QString& ruta) {
-  TARVO_TOMAR(const auto debidos, Pendientes(t_.db).todos());
-  return std::ranges::any_of(debidos, [&](const Pendientes::Debido& d) {
-    return d.que == Pendientes::Debido::Que::Exportar && d.link == link && d.fichero != ruta;
-  });
-}
-
-Resultado<bool> Ejecutor::exportarUno(const Pendientes::Exporte& e, const Exportacion& x,
-                                      Hecho& h) {
-  totals::OpcionesExport como = x.como;
-  if (como.borrar) {
-    TARVO_TOMAR(const auto espera, esperaOtro(e.link, e.ruta));
-    como.borrar = !espera;
-    if (espera) h.decir(t_.textos(totals::kTxNoSeBorraDebido, {nombrePeriodo(e.link)}));
-  }
-  return t_.xporTot.XportRemoto({e.link}, como,
+Resultado<bool> Ejecutor::exportarUno(const Pendientes::Exporte& e, bool corto) {
+  return t_.xporTot.XportRemoto({e.link}, {corto, e.borrar.value_or(false)},
                                 e.ruta.isEmpty() ? QString() : t_.xporTot.fichero(e.ruta), e.marca);
 }
 
 // Periods tried here for the step's own file leave `propios`: one that is selected again is neither
-// exported nor owed twice.
+// exported nor owed twice. One whose own file is still to get it isn't deleted yet.
 void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos,
-                                  const Exportacion& x, std::vector<qint64>& propios,
-                                  std::vector<Pendientes::Exporte>& saldados, Hecho& h) {
+                                  const Exportacion& x, Exportados& ya, Hecho& h) {
   for (const auto& viejo : viejos) {
     const bool suyo = x.destino.ruta == viejo.ruta || x.destino.absoluta == viejo.ruta;
-    const bool elegido = std::ranges::find(propios, viejo.link) != propios.end();
+    const auto propio = std::ranges::find(ya.propios, viejo.link, &Pendientes::Exporte::link);
+    const bool elegido = propio != ya.propios.end();
+    Pendientes::Exporte este = viejo;
+    este.borrar = viejo.borrar.value_or(x.como.borrar) || (elegido && *propio->borrar);
+    if (elegido && !suyo) propio->borrar = std::exchange(este.borrar, false);
+    if (elegido && suyo) ya.propios.erase(propio);
+    const auto r = exportarUno(este, x.como.corto);
     const QString periodo = nombrePeriodo(viejo.link);
-    Exportacion como = x;
-    if (elegido && !suyo) como.como.borrar = false;  // its own file is still to get it
-    const auto r = exportarUno(viejo, como, h);
-    if (suyo) std::erase(propios, viejo.link);
     if (r && *r) {
       h.decir(t_.textos(kTxPendienteHecho, {periodo}), false);
-      saldados.push_back(viejo);
+      ya.saldados.push_back(este);
       continue;
     }
-    if (elegido && suyo) h.error(kErrorExportar);
+    if (elegido && suyo) {
+      h.error(kErrorExportar);
+      ya.debidos.push_back(este);
+    }
     h.decir(t_.textos(kTxSiguePendiente, {periodo, r ? QString() : r.error().texto}));
   }
 }
 
 // Each period has its own mark: one that can't be exported holds back no other.
-void Ejecutor::exportarPropios(const std::vector<qint64>& propios, const Exportacion& x,
-                               const QString& marca, std::vector<Pendientes::Exporte>& saldados,
-                               std::vector<Pendientes::Exporte>& debidos, Hecho& h) {
-  for (const qint64 link : propios) {
-    const Pendientes::Exporte uno{u"%1.%2"_s.arg(marca).arg(link), x.destino.ruta, link};
-    const auto r = exportarUno(uno, x, h);
+void Ejecutor::exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h) {
+  for (const auto& uno : ya.propios) {
+    const auto r = exportarUno(uno, x.como.corto);
     if (r && *r) {
-      saldados.push_back(uno);
+      ya.saldados.push_back(uno);
       continue;
     }
     h.error(kErrorExportar);
-    debidos.push_back(uno);
+    ya.debidos.push_back(uno);
     if (!r) h.decir(r.error().texto);
-    h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(link)}));
+    h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(uno.link)}));
   }
+}
+
+// With the deletions that these exports allow, and those that still have to wait.
+Resultado<> Ejecutor::anotarExportes(const Pendientes::Destino& destino, const Exportados& ya,
+                                     Hecho& h) {
+  Pendientes libro(t_.db);
+  for (const auto& saldado : ya.saldados) TARVO_INTENTAR(libro.saldarExporte(saldado));
+  for (const auto& debido : ya.debidos) TARVO_INTENTAR(libro.anotarExporte(destino, debido));
+  TARVO_INTENTAR(libro.limpiar());
+  TARVO_INTENTAR(borrarEntregados(h));
+  for (const auto& saldado : ya.saldados) {
+    TARVO_TOMAR(const auto espera, t_.xporTot.entregados().espera(saldado.link));
+    if (espera && *saldado.borrar)
+      h.decir(t_.textos(totals::kTxNoSeBorraTodavia, {nombrePeriodo(saldado.link)}));
+  }
+  return {};
+}
+
+Resultado<> Ejecutor::borrarEntregados(Hecho& h) {
+  TARVO_TOMAR(const auto libres, t_.xporTot.entregados().borrarLibres());
+  for (const auto& libre : libres)
+    h.decir(t_.textos(libre.borrado ? totals::kTxEntregadoBorrado : totals::kTxEntregadoCambiado,
+                      {totals::TextoPeriodo(libre.periodo)}),
+            !libre.borrado);
+  return {};
 }
 
 Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
@@ -93,17 +104,15 @@ Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
   const auto viejos = Pendientes(t_.db).exportes(x.destino);
   if (!viejos) return deFallo(viejos.error(), kErrorExportar);
 
-  std::vector<qint64> propios = t_.verTot.LosSelec();
-  std::vector<Pendientes::Exporte> saldados, debidos;
-  if (propios.empty()) sinElegidos(kErrorExportar, e, h);
-  exportarPendientes(*viejos, x, propios, saldados, h);
-  exportarPropios(propios, x, u"%1.%2"_s.arg(e.numero).arg(e.paso), saldados, debidos, h);
-  h.anotar = [this, saldados, debidos, destino = x.destino]() -> Resultado<> {
-    Pendientes libro(t_.db);
-    for (const auto& saldado : saldados) TARVO_INTENTAR(libro.saldarExporte(saldado));
-    for (const auto& debido : debidos)
-      TARVO_INTENTAR(libro.anotarExporte(destino, debido.link, debido.marca));
-    return libro.limpiar();
+  Exportados ya;
+  for (const qint64 link : t_.verTot.LosSelec())
+    ya.propios.push_back(
+        {u"%1.%2.%3"_s.arg(e.numero).arg(e.paso).arg(link), x.destino.ruta, link, x.como.borrar});
+  if (ya.propios.empty()) sinElegidos(kErrorExportar, e, h);
+  exportarPendientes(*viejos, x, ya, h);
+  exportarPropios(x, ya, h);
+  h.anotar = [this, ya = std::move(ya), destino = x.destino](Hecho& hecho) {
+    return anotarExportes(destino, ya, hecho);
   };
   return h;
 }

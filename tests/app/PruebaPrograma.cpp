@@ -1,9 +1,10 @@
 // The program's answers to its command line: the exit status, and a word of its output.
 #include <unistd.h>
 
-#include "app/Ordenes.h"
+#include "app/Principal.h"
 #include "app/Programa.h"
 #include "core/esquema/Esquema.h"
+#include "textos/TextosDePrueba.h"
 
 using namespace tarvo;
 using namespace tarvo::prueba;
@@ -192,6 +193,54 @@ TEST_F(Programa, LoQueNoSePuedeAbrirEsCuatro) {
   espera(u"escribir");
 }
 
+// A database that the settings name and that isn't there has been lost or misspelt: no night runs
+// on an empty one in its place.
+TEST_F(Programa, UnaBaseNombradaQueFaltaNoSeCrea) {
+  poner(QStringLiteral("V.AUT"), "");
+  ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  ASSERT_TRUE(QFile::rename(en(QStringLiteral("TARVO.MDB")), en(QStringLiteral("COPIA.MDB"))));
+  const QByteArray suyo = ver(QStringLiteral("TARVO.INI"));
+  for (const QByteArray& ini : {suyo, QByteArray("BaseDatos= pepe\r\n")}) {
+    poner(QStringLiteral("TARVO.INI"), ini);
+    for (const QStringList& orden :
+         {QStringList{kSinVentana, "V"}, QStringList{"--cuadre"}, QStringList{kSinVentana, "C"}}) {
+      const Fin fin = correrAqui(orden);
+      EXPECT_EQ(fin.estado, 4) << orden.join(u' ').toStdString();
+      EXPECT_TRUE(fin.errores.contains(u"recupérela de una copia")) << fin.errores.toStdString();
+    }
+    EXPECT_EQ(QDir(dir.path()).entryList({"*.MDB", "pepe"}), QStringList{"COPIA.MDB"});
+    EXPECT_EQ(ver(QStringLiteral("TARVO.INI")), ini);
+  }
+  poner(QStringLiteral("TARVO.INI"), "BaseDatos= copia.mdb\r\n");
+  EXPECT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  poner(QStringLiteral("TARVO.INI"), "WhoAmI= 3\r\n");
+  EXPECT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.MDB")))) << "a folder that names none";
+}
+
+// A person is asked whether to begin anew.
+TEST_F(Programa, UnaBaseNombradaQueFaltaSeCreaSiSePide) {
+  poner(QStringLiteral("TARVO.INI"), "BaseDatos= pepe.mdb\r\n");
+  app::Ordenes ordenes;
+  ordenes.carpeta = dir.path();
+  for (const bool si : {false, true}) {
+    QStringList preguntas, fallos;
+    const int estado = app::conFondo(
+        ordenes, textosDePrueba(), [&](const QString& texto) { fallos << texto; },
+        [](app::Fondo& fondo, Reloj&) {
+          return static_cast<int>(fondo.db->uno(u"SELECT count(*) FROM GRUPOS")->entero());
+        },
+        {.ocupada = {}, .crearla = [&](const QString& base) {
+           preguntas << base;
+           return si;
+         }});
+    EXPECT_EQ(estado, si ? 1 : 4);
+    EXPECT_EQ(preguntas, QStringList{en(QStringLiteral("pepe.mdb"))});
+    EXPECT_TRUE(fallos.isEmpty()) << fallos.join(u' ').toStdString();
+    EXPECT_EQ(QFile::exists(en(QStringLiteral("pepe.mdb"))), si);
+  }
+}
+
 // Two processes at once, wherever the database is reached from: the second waits its turn, and
 // gives up when told not to wait.
 TEST_F(Programa, UnaBaseEsDeUnSoloProceso) {
@@ -235,11 +284,13 @@ TEST_F(Programa, UnaCopiaDeLaCarpetaTieneSuBase) {
   poner(QStringLiteral("V.AUT"), "");
   ASSERT_EQ(correrAqui({kSinVentana, "V"}).estado, 0);
   QDir(dir.path()).mkpath(QStringLiteral("copia"));
-  for (const QString& nombre : {QStringLiteral("TARVO.INI"), QStringLiteral("V.AUT")})
+  for (const QString& nombre :
+       {QStringLiteral("TARVO.INI"), QStringLiteral("TARVO.MDB"), QStringLiteral("V.AUT")})
     QFile::copy(en(nombre), en(QStringLiteral("copia/") + nombre));
   ASSERT_EQ(correr({"--carpeta", en(QStringLiteral("copia")), kSinVentana, "V"}).estado, 0);
-  EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/TARVO.MDB"))));
+  EXPECT_EQ(ver(QStringLiteral("copia/TARVO.INI")), ver(QStringLiteral("TARVO.INI")));
   EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/V.TZA"))));
+  EXPECT_TRUE(QFile::exists(en(QStringLiteral("copia/TARVO.LCK"))));
 }
 
 // A timetable doesn't hold the database while it waits for its hours.
@@ -267,6 +318,8 @@ TEST_F(Programa, LosAjustesQueNoSeEntiendenSeDicen) {
       {"MonedaNativa= 0", "", nullptr, "MonedaNativa= 0"},
       {"MonedaNativa= 0", "MonedaNativa= 1", nullptr, "MonedaNativa= 1"},
       {"", "MonedaNativa= pepe", u"«MonedaNativa= pepe»; vale 1", "MonedaNativa= pepe"},
+      {"", "Euro= 12345678901234567890", u"vale 166.386000", "Euro= 12345678901234567890"},
+      {"", "ÚltimosPeriodos= -1", u"«ÚltimosPeriodos= -1»", nullptr},
       {"", "TimeCero= 999999999", u"«TimeCero= 999999999»; vale 150000", "TimeCero= 999999999"},
       {"", "Monedero= 3", u"«Monedero= 3»; no se tiene en cuenta", "MonedaNativa= 1"},
   };

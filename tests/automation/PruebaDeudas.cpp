@@ -83,7 +83,7 @@ TEST_F(DeudasTest, LaDeudaEsDelFicheroYNoDelPaso) {
   EXPECT_EQ(veces(u"B.EXP"_s), 1);
   EXPECT_EQ(Pendientes(p->db()).todos()->size(), 1U);
   // A period that another file waits for isn't deleted.
-  EXPECT_EQ(exportar(u"E:TOTALIZA,No,Sí,C\r\n"_s).filter(u"No se borra"_s).size(), 1);
+  EXPECT_EQ(exportar(u"E:TOTALIZA,No,Sí,C\r\n"_s).filter(u"Se borrará cuando"_s).size(), 1);
   EXPECT_EQ(veces(u"C.EXP"_s), 1);
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 1);
   ASSERT_TRUE(QDir(tienda_.dir.path()).rmdir(u"A.EXP"_s));
@@ -91,6 +91,132 @@ TEST_F(DeudasTest, LaDeudaEsDelFicheroYNoDelPaso) {
   EXPECT_EQ(veces(u"A.EXP"_s), 1);
   exportar(u"P:LIMPIAR\r\n"_s + a);
   EXPECT_EQ(veces(u"A.EXP"_s), 1);
+}
+
+// A shop with a period that VENTAS.EXP waits for, because it can't be written yet.
+class BorradoTest : public DeudasTest {
+ protected:
+  void SetUp() override {
+    p_ = tienda_.programa();
+    p_->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"lunes"})
+        .total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
+    atascar();
+  }
+  void atascar() {
+    QFile::remove(tienda_.dir.filePath(u"VENTAS.EXP"_s));
+    ASSERT_TRUE(QDir(tienda_.dir.path()).mkpath(u"VENTAS.EXP"_s));
+  }
+  void desatascar() { QDir(tienda_.dir.path()).rmdir(u"VENTAS.EXP"_s); }
+  QStringList exportar(const QString& opciones, const QString& fichero, bool elegido = true) {
+    p_->lineas.clear();
+    correr((elegido ? u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\n"_s : u"P:LIMPIAR\r\n"_s) +
+               u"E:TOTALIZA,No,%1,%2\r\n"_s.arg(opciones, fichero),
+           *p_);
+    return p_->lineas;
+  }
+  qint64 periodos() { return p_->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(); }
+  std::unique_ptr<Programa> p_;
+};
+
+// An export that deletes lets the period wait for all that is owed of it, and it goes with the last
+// debt, however that is paid.
+TEST_F(BorradoTest, SeBorraAlPagarseLoUltimoQueSeDebe) {
+  exportar(u"No"_s, u"VENTAS"_s);
+  EXPECT_EQ(exportar(u"Sí"_s, u"OTRO"_s).filter(u"Se borrará cuando"_s).size(), 1);
+  EXPECT_EQ(periodos(), 1);
+  EXPECT_EQ(Pendientes(p_->db()).todos()->back().que, Pendientes::Debido::Que::Borrar);
+  desatascar();
+  EXPECT_EQ(exportar(u"No"_s, u"VENTAS"_s, false).filter(u"se borra como se pidió"_s).size(), 1);
+  EXPECT_EQ(p_->fin, ResultadoProceso::Problemas) << "nothing was selected";
+  EXPECT_EQ(periodos(), 0);
+  for (const QString& fichero : {u"VENTAS.EXP"_s, u"OTRO.EXP"_s})
+    EXPECT_EQ(tienda_.texto(fichero).count(u"*lunes"_s), 1) << fichero.toStdString();
+  EXPECT_TRUE(Pendientes(p_->db()).todos()->empty());
+}
+
+TEST_F(BorradoTest, TambienEsperaALaSemana) {
+  Pendientes libro(p_->db());
+  exportar(u"No"_s, u"OTRO"_s);
+  ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 4}, {7}));
+  exportar(u"Sí"_s, u"OTRO"_s);
+  EXPECT_EQ(periodos(), 1);
+  p_->lineas.clear();
+  correr(u"P:LIMPIAR\r\nP:ACUMULAR,4\r\n"_s, *p_);
+  EXPECT_EQ(p_->lineas.filter(u"se borra como se pidió"_s).size(), 1);
+  EXPECT_EQ(p_->uno(u"SELECT group_concat(TIPO) FROM COLUMNA"_s).texto(), u"4");
+}
+
+// A person who pays without deleting leaves that to the next night, and can take it off the list.
+TEST_F(BorradoTest, LoQuePagaUnaPersonaLoBorraLaNoche) {
+  stock::Almacenes almacenes(p_->db(), p_->reloj(), textosDePrueba());
+  totals::Periodos motor(p_->db(), p_->ajustes(), almacenes, textosDePrueba());
+  for (const bool olvida : {true, false}) {
+    atascar();
+    exportar(u"Sí"_s, u"VENTAS"_s);
+    EXPECT_TRUE(Pendientes(p_->db()).todos()->front().luegoSeBorra);
+    desatascar();
+    ASSERT_TRUE(totals::XporTot(motor).XportRemoto({7}, {}, u"VENTAS"_s, {}));
+    EXPECT_EQ(periodos(), 1);
+    Pendientes libro(p_->db());
+    const auto todos = libro.todos();
+    ASSERT_EQ(todos->size(), 1U);
+    EXPECT_EQ(todos->front().que, Pendientes::Debido::Que::Borrar);
+    if (olvida) {
+      EXPECT_TRUE(*libro.olvidar(todos->front()));
+    }
+    exportar(u"No"_s, u"OTRO"_s, false);
+    EXPECT_EQ(periodos(), olvida ? 1 : 0);
+  }
+}
+
+// Only a period that somebody wants deleted is, and only with the sales that the file got.
+TEST_F(BorradoTest, NoSeBorraLoQueNadiePidioNiLoQueHaCambiado) {
+  exportar(u"No"_s, u"VENTAS"_s);
+  desatascar();
+  exportar(u"Sí"_s, u"VENTAS"_s, false);
+  EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*lunes"_s), 1);
+  EXPECT_EQ(periodos(), 1) << "the step would delete its own periods, and has none";
+  atascar();
+  exportar(u"No"_s, u"VENTAS"_s);
+  exportar(u"Sí"_s, u"OTRO"_s);
+  p_->sql(u"UPDATE TOTPLU SET PES=2"_s);
+  exportar(u"Sí"_s, u"OTRO"_s);
+  desatascar();
+  EXPECT_EQ(exportar(u"No"_s, u"VENTAS"_s, false).filter(u"han cambiado después"_s).size(), 1);
+  EXPECT_EQ(periodos(), 1) << "OTRO.EXP has a block without the correction";
+}
+
+// Killed at any moment of the export that deletes or of the one that pays, and started again.
+TEST(Deudas, UnCorteNoPierdeElBorradoNiElPeriodo) {
+  int cortes = 0;
+  for (bool cortado = true; cortado; ++cortes) {
+    TiendaDeProcesos tienda;
+    const auto vida = [&tienda](const QString& proceso, int corteEn) {
+      const auto p = tienda.programa(corteEn);
+      try {
+        p->correr(proceso);
+        return !p->hastaElFin();
+      } catch (const Corte&) {
+        return true;
+      }
+    };
+    ASSERT_TRUE(QDir(tienda.dir.path()).mkpath(u"VENTAS.EXP"_s));
+    tienda.programa()->periodo(
+        {.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"lunes"});
+    const QString elegir = u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\n"_s;
+    ASSERT_FALSE(vida(elegir + u"E:TOTALIZA,No,No,VENTAS\r\n"_s, 0));
+    ASSERT_TRUE(QDir(tienda.dir.path()).rmdir(u"VENTAS.EXP"_s));
+    const QString proceso =
+        elegir + u"E:TOTALIZA,No,Sí,OTRO\r\nP:LIMPIAR\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s;
+    cortado = vida(proceso, cortes + 1);
+    if (cortado) {
+      ASSERT_FALSE(vida(proceso, 0));
+    }
+    EXPECT_EQ(tienda.programa()->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0) << cortes;
+    for (const QString& fichero : {u"VENTAS.EXP"_s, u"OTRO.EXP"_s})
+      EXPECT_EQ(tienda.texto(fichero).count(u"*lunes"_s), 1) << cortes << fichero.toStdString();
+  }
+  EXPECT_GT(cortes, 10);
 }
 
 // A name that contains the date means another file every night: the debt goes to that of its night.
@@ -235,7 +361,7 @@ TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   p->total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
   Pendientes libro(p->db());
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Stock, 0}, {7}));
-  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"x"_s, u"x.EXP"_s, {}}, 7, u"1.1.7"_s));
+  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"x"_s, u"x.EXP"_s, {}}, {u"1.1.7"_s, {}, 7, {}}));
   periodo(43001);
   EXPECT_TRUE(libro.todos()->empty());
   p->lineas.clear();

@@ -45,23 +45,27 @@ TEST_P(LineaTest, SeLeeYSeEscribe) {
 
 INSTANTIATE_TEST_SUITE_P(
     Tareas, LineaTest,
-    testing::Values(CasoLinea{u"T:RXGRTOT,1", u"T:RXGRTOT,0001"},
-                    CasoLinea{u"TAREA:RXGRTOT , 1 ", u"T:RXGRTOT,0001"},
-                    CasoLinea{u"Tonto:RXGRTOT,1", u"T:RXGRTOT,0001"},
-                    CasoLinea{u"t:RXGRTOT,1", u"-"}, CasoLinea{u"T:RXGRTOT,ALL", u"T:RXGRTOT,ALL"},
-                    CasoLinea{u"T:RXGRTOT,%1", u"T:RXGRTOT,%1"}, CasoLinea{u"T:RXGRTOT,X1", u"!"},
-                    CasoLinea{u"T:RXGRTOT,%12", u"!"}, CasoLinea{u"T:RXGRTOT,", u"!"},
-                    CasoLinea{u"T:NADA,1", u"!"}, CasoLinea{u"T:", u"!"}, CasoLinea{u"T", u"!"},
-                    CasoLinea{u"T:RXGRTOT,123456", u"T:RXGRTOT,123456"},
-                    CasoLinea{u"T:TXPLUS,12, No, 1, 99", u"T:TXPLUS,0012, No, 0000001, 0000099"},
-                    CasoLinea{u"T:TXPLUS,12,Si,%a,%b", u"T:TXPLUS,0012, Sí, %a, %b"},
-                    CasoLinea{u"T:TXPLUS,%1", u"T:TXPLUS,%1, Sí, 0000000, 9999999"},
-                    CasoLinea{u"T:TXPLUS,1,Sí,7,7", u"T:TXPLUS,0001, Sí, 0000007, 0000007"},
-                    CasoLinea{u"T:RXPLUS,1,Sí,9999999,0000000", u"!"},
-                    CasoLinea{u"T:TXPLUS,1,Sí,10000000", u"!"},
-                    CasoLinea{u"T:TXPLUS,ALL", u"T:TXPLUS,ALL, Sí, 0000000, 9999999"},
-                    CasoLinea{u"T:TXPLUS,X1", u"!"}, CasoLinea{u"T:TXPLUS,1,quizá,1,2", u"!"},
-                    CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));
+    testing::Values(
+        CasoLinea{u"T:RXGRTOT,1", u"T:RXGRTOT,0001"},
+        CasoLinea{u"TAREA:RXGRTOT , 1 ", u"T:RXGRTOT,0001"},
+        CasoLinea{u"Tonto:RXGRTOT,1", u"T:RXGRTOT,0001"}, CasoLinea{u"t:RXGRTOT,1", u"-"},
+        CasoLinea{u"T:RXGRTOT,ALL", u"T:RXGRTOT,ALL"}, CasoLinea{u"T:RXGRTOT,%1", u"T:RXGRTOT,%1"},
+        CasoLinea{u"T:RXGRTOT,X1", u"!"}, CasoLinea{u"T:RXGRTOT,%12", u"!"},
+        CasoLinea{u"T:RXGRTOT,", u"!"}, CasoLinea{u"T:NADA,1", u"!"}, CasoLinea{u"T:", u"!"},
+        CasoLinea{u"T", u"!"}, CasoLinea{u"T:RXGRTOT,123456", u"T:RXGRTOT,123456"},
+        CasoLinea{u"T:TXPLUS,12, No, 1, 99", u"T:TXPLUS,0012, No, 0000001, 0000099"},
+        CasoLinea{u"T:TXPLUS,12,Si,%a,%b", u"T:TXPLUS,0012, Sí, %a, %b"},
+        CasoLinea{u"T:TXPLUS,%1", u"T:TXPLUS,%1, Sí, 0000000, 9999999"},
+        CasoLinea{u"T:TXPLUS,1,Sí,7,7", u"T:TXPLUS,0001, Sí, 0000007, 0000007"},
+        CasoLinea{u"T:RXPLUS,1,Sí,9999999,0000000", u"!"},
+        CasoLinea{u"T:TXPLUS,1,Sí,10000000", u"!"},
+        CasoLinea{u"T:TXPLUS,ALL", u"T:TXPLUS,ALL, Sí, 0000000, 9999999"},
+        CasoLinea{u"T:TXPLUS,X1", u"!"}, CasoLinea{u"T:TXPLUS,1,quizá,1,2", u"!"},
+        CasoLinea{u"T:TXPLUS,1,Sí,1,10000000", u"!"}, CasoLinea{u"T:TXPLUS,1,Sí,-1,5", u"!"},
+        CasoLinea{u"T:RXPLUS,1,Sí,99999999999,%a", u"!"}, CasoLinea{u"T:TXPLUS,1,Sí,1,2,3", u"!"},
+        CasoLinea{u"T:RXGRTOT,ALL,extra", u"!"}, CasoLinea{u"T:TX_ZERO,1,No,5", u"!"},
+        CasoLinea{u"T:TX_HORA,1,Sí", u"!"}, CasoLinea{u"T:RXGRTOT,1, ,", u"T:RXGRTOT,0001"},
+        CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Otros, LineaTest,
@@ -166,6 +170,11 @@ INSTANTIATE_TEST_SUITE_P(
                     u"P:CREAR,2,05/03/2026,09/03/2026,x\r\nP:CREAR,2,05/03/2026,08/03/2026,x\r\n"
                     u"P:CREAR,5,05/03/2026,09/03/2026,x",
                     5, 0, u"", 2},
+        CasoFichero{
+            u"S:CERRAR,martes,Sí,No,5\r\nS:ABRIR,x\r\nC:ESPERA,3,No,No\r\nE:TOTALIZA,No,No,a,b"
+            u"\r\nP:CREAR,1,05/03/2026,,martes, festivo\r\nP:BORRAR,1,#f,#f,x\r\n"
+            u"P:ACUMULAR,2,3\r\nP:STOCK,1\r\nP:OTRA,1,2\r\nN:a,b",
+            10, 0, u"", 8},
         CasoFichero{u"@INICIO BATCH\r\n", 0, 0, u"", 1}));
 
 TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {

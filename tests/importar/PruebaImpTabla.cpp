@@ -109,6 +109,24 @@ TEST_F(ConImpTabla, LosDecimalesDeMasSeRedondeanYSeCuentan) {
             u"1 10 175 100 | 1 11 220 0 | 1 13 95 0 | 1 14 333 213"_s);
 }
 
+// A price that the list would warn of is imported and counted, unless its row is refused.
+TEST_F(ConImpTabla, LosPreciosRarosSeCuentan) {
+  articulo({.codigo = 10, .nombre = u"PIÑA", .depto = 1, .precio = 150})
+      .articulo({.codigo = 11, .nombre = u"UVA", .depto = 1, .precio = 220})
+      .articulo({.codigo = 12, .nombre = u"KIWI", .depto = 1, .precio = 300});
+  ensayar(
+      u"Código;Nombre;Precio;Coste\n10;PIÑA;0;1\n11;UVA;22,00;\n12;KIWI;4,00;\n13;PAN;0,95;\n"
+      u"14;MIEL;9999999,00;\n15;;0;\n"_s);
+  EXPECT_EQ(motor->dudosas(), 3);
+  QStringList cuales;
+  for (const Propuesta& p : motor->propuestas())
+    if (!p.avisos.isEmpty()) cuales << QString::number(p.linea) + u' ' + p.avisos.join(u'|');
+  EXPECT_EQ(cuales.size(), 3) << cuales.join(u'\n').toStdString();
+  EXPECT_TRUE(cuales.value(1).contains(u"22,00")) << cuales.join(u'\n').toStdString();
+  EXPECT_EQ(aplicar().dudosos, 3);
+  EXPECT_EQ(articulos(u"PRECIO_00"_s), u"1 10 0 | 1 11 2200 | 1 12 400 | 1 13 95 | 1 14 999999900");
+}
+
 // Applied: articles, machines, history; then all of it undone.
 TEST_F(ConImpTabla, AplicarYDeshacer) {
   articulo(

@@ -39,9 +39,14 @@ Encargos::Encargos(Fondo& fondo, Aplicacion& app, PreguntasApp& preguntas,
         for (const Encargo& e : cola_) e.visita->decir({});
         if (actual_) actual_->visita->decir({});
       })),
-      cesion_(app.automat(), reloj) {}
+      cesion_(app.automat(), reloj) {
+  app_.cronos().alEsperar = [this](const automation::Entrada& e) {
+    if (!actual_) esperar(e.proceso);
+  };
+}
 
 Encargos::~Encargos() {
+  app_.cronos().alEsperar = nullptr;
   dejar();
 }
 
@@ -90,28 +95,27 @@ bool Encargos::loLlevaElHorario(const Peticion& p) const {
          p.traza.compare(app_.cronos().nombre() + u".CRO"_s, Qt::CaseInsensitive) == 0;
 }
 
-// False during a user's run, or while a window is in the middle of a change.
-bool Encargos::libre() const {
-  return !app_.automat().enMarcha() && fondo_.db->profundidad() == 0;
-}
-
 void Encargos::mirar() {
   if (actual_ || cola_.empty()) return;
-  if (libre()) return empezar();
+  if (app_.automat().libre()) return empezar();
   Encargo& primero = cola_.front();
   if (!std::exchange(primero.avisado, true))
     primero.visita->decir(aviso(fondo_.textos(kTxEsperaTurno, {app_.automat().nombre()})));
-  const bool pregunta = ventanas_.cargada(u"EnParMac"_s) != nullptr;
-  if (cesion_.agotada(pregunta)) ceder(pregunta);
+  esperar(primero.peticion.nombre);
   mirada_->unaVez(kMiradaMs);
+}
+
+// A process of another program or of the timetable waits for the run of a person.
+void Encargos::esperar(const QString& proceso) {
+  const bool pregunta = ventanas_.cargada(u"EnParMac"_s) != nullptr;
+  if (cesion_.agotada(pregunta))
+    ceder(pregunta, fondo_.textos(kTxCedeElTurno, {app_.automat().nombre(), proceso}));
 }
 
 // The run of a person who doesn't answer ends as unanswered, a held one is stopped. Its record
 // stays open: run again, it continues.
-void Encargos::ceder(bool pregunta) {
-  const QString frase =
-      fondo_.textos(kTxCedeElTurno, {app_.automat().nombre(), cola_.front().peticion.nombre});
-  cola_.front().visita->decir(aviso(frase));
+void Encargos::ceder(bool pregunta, const QString& frase) {
+  if (!cola_.empty()) cola_.front().visita->decir(aviso(frase));
   app_.automat().conservarAlAbortar = true;
   pregunta ? preguntas_.retirar() : app_.automat().abortar();
   if (auto* v = ventanas_.cargada(u"Automat"_s)) v->decirDuda(frase);

@@ -37,8 +37,8 @@ class Encargos final : private automation::ObservadorAutomat {
   void alzar(const QString& ventana);
   bool loLlevaElHorario(const Peticion& p) const;
   void mirar();
-  bool libre() const;
-  void ceder(bool pregunta);
+  void esperar(const QString& proceso);
+  void ceder(bool pregunta, const QString& frase);
   void empezar();
   void correr(std::vector<automation::PasoProceso> pasos);
   Resultado<std::vector<automation::PasoProceso>> pasosDe(const Peticion& p) const;

@@ -187,6 +187,12 @@ std::optional<int> siOcupada(const Ordenes& o, const Textos& t, const QString& c
   return otraVez ? std::nullopt : std::optional<int>(kSinBase);
 }
 
+bool crearVacia(const Ordenes& o, const Textos& t, const QString& base) {
+  const ventanas::Tema vestido(*qApp, ventanas::leerCara(o.tema));
+  return ventanas::MyMsgBox::Decide(nullptr, t, t(kTxCrearBaseVacia).arg(base),
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
 }  // namespace
 
 int principalVentanas(int argc, char** argv) {
@@ -212,10 +218,11 @@ int principalVentanas(int argc, char** argv) {
         return conVentanas(qt, o, fondo, reloj, aplicacion, preguntas);
       });
     };
-    return conFondo(o, t, decirFallo, trabajar,
-                    [&](const QString& carpeta, const Error& error, Reloj& reloj) {
-                      return siOcupada(o, t, carpeta, error, reloj);
-                    });
+    return conFondo(
+        o, t, decirFallo, trabajar,
+        {.ocupada = [&](const QString& carpeta, const Error& error,
+                        Reloj& reloj) { return siOcupada(o, t, carpeta, error, reloj); },
+         .crearla = [&](const QString& base) { return crearVacia(o, t, base); }});
   });
 }
 

@@ -1,6 +1,7 @@
 // The dry run. The import itself is in ImpTablaAplicar.cpp.
 #include "articles/importar/ImpTabla.h"
 
+#include "articles/Limites.h"
 #include "articles/importar/TextosImportar.h"
 
 namespace tarvo::importar {
@@ -102,8 +103,26 @@ Resultado<Propuesta> ImpTabla::proponer(Pase& pase, int fila) {
   if (ajeno) return rechazar(*ajeno);
   p.nombre = ahora->nombre;
   p.que = !antes ? Que::Nuevo : *antes == *ahora ? Que::Igual : Que::Cambia;
-  if (p.que != Que::Igual) p.cambios = comparar(antes, *ahora);
+  if (p.que == Que::Igual) return p;
+  p.cambios = comparar(antes, *ahora);
+  p.avisos = preciosRaros(antes, *ahora);
+  dudosas_ += p.avisos.isEmpty() ? 0 : 1;
   return p;
+}
+
+// The prices that the list and the form would warn of as well.
+QStringList ImpTabla::preciosRaros(const std::optional<Articulo>& antes,
+                                   const Articulo& ahora) const {
+  QStringList avisos;
+  for (size_t nivel = 0; nivel < ahora.precios.size(); ++nivel)
+    for (size_t tarifa = 0; tarifa < ahora.precios[nivel].size(); ++tarifa) {
+      const qint64 nuevo = ahora.precios[nivel][tarifa];
+      const qint64 viejo = antes ? antes->precios[nivel][tarifa] : 0;
+      if (nuevo == viejo) continue;
+      if (const auto aviso = articles::avisoCambio(viejo, nuevo, ajustes_, catalogo_.textos()))
+        avisos << *aviso;
+    }
+  return avisos;
 }
 
 ImpTabla::Leido ImpTabla::leer(int fila, ClaveArticulo clave,
@@ -133,6 +152,8 @@ void ImpTabla::negarCodigos() {
     ++cuantas_[static_cast<size_t>(Que::Rechazada)];
     p.que = Que::Rechazada;
     p.cambios.clear();
+    dudosas_ -= p.avisos.isEmpty() ? 0 : 1;
+    p.avisos.clear();
     p.motivo = catalogo_.textos()(kTxCodigoDeOtro, {negado.codigo, Ceros(negado.dueno, 7)});
   }
   juntas_ = reparto_.juntas();

@@ -23,7 +23,8 @@ struct Propuesta {
   articles::ClaveArticulo clave;
   QString nombre;
   std::vector<Cambio> cambios;
-  QString motivo;  // of a refusal
+  QString motivo;      // of a refusal
+  QStringList avisos;  // of odd prices, a sentence each
 };
 
 // The plan for a table, from its headings and the decimal sign of most of its numbers.
@@ -45,12 +46,14 @@ class ImpTabla {
   Resultado<bool> ensayar();
   const std::vector<Propuesta>& propuestas() const { return propuestas_; }
   int cuantas(Que que) const { return cuantas_[static_cast<size_t>(que)]; }
+  int dudosas() const { return dudosas_; }  // with odd prices; not those refused
   int ensayadas() const { return static_cast<int>(propuestas_.size()); }
   int filas() const;
 
   struct Hecho {
     int nuevos = 0, cambiados = 0;
     int redondeados = 0;  // amounts of theirs with more decimals than the currency
+    int dudosos = 0;      // of them with odd prices
     std::vector<LineaMala> malas;
   };
   // Imports the next rows that passed the dry run, onto the articles as they are now. Each step is
@@ -80,6 +83,8 @@ class ImpTabla {
   void negarCodigos();
   std::vector<Cambio> comparar(const std::optional<articles::Articulo>& antes,
                                const articles::Articulo& ahora) const;
+  QStringList preciosRaros(const std::optional<articles::Articulo>& antes,
+                           const articles::Articulo& ahora) const;
   Resultado<> aplicarUna(int cual);
   Resultado<> aplicarJuntas();
   Resultado<bool> juntasComoDebian();
@@ -101,6 +106,7 @@ class ImpTabla {
   RepartoCodigos reparto_;  // its rows are those of propuestas_
   std::vector<Propuesta> propuestas_;
   std::array<int, 4> cuantas_{};
+  int dudosas_ = 0;
   Hecho hecho_;
   qint64 lote_ = 0;
   int aplicadas_ = 0;

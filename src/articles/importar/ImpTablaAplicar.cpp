@@ -50,6 +50,7 @@ Resultado<> ImpTabla::aplicarUna(int cual) {
   const auto escrito = escribir(antes, *ahora);
   if (escrito) {
     ++(antes ? hecho_.cambiados : hecho_.nuevos);
+    hecho_.dudosos += preciosRaros(antes, *ahora).isEmpty() ? 0 : 1;
     hecho_.redondeados += lector_.redondeados(plan_.primeraFila + cual);
     return {};
   }

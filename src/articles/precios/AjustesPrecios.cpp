@@ -12,19 +12,20 @@ namespace {
 using Calculo = AjustesPrecios::CalculoPrecios;
 
 constexpr Limites kModosIntro{0, 2}, kPreciosAlta{1, articles::kNiveles},
-    kTarifasAlta{1, articles::kTarifas};
+    kTarifasAlta{1, articles::kTarifas}, kRedondeos{0, 999'999}, kMargenes = ini::kDe16;
 
 bool leerCalculo(AjustesPrecios& a, int, const QString& v) {
   const auto partes = ini::partes(v, u'|');
-  const auto leerDos = [&partes](size_t desde, bool& si, int& cuanto) {
-    const auto numero = ini::numeroEntre(partes[desde + 1], ini::kDe16);
+  const auto leerDos = [&partes](size_t desde, Limites limites, bool& si, int& cuanto) {
+    const auto numero = ini::numeroEntre(partes[desde + 1], limites);
     cuanto = numero.value_or(0);
     return ini::leerLogico(partes[desde], si) && numero.has_value();
   };
   if (partes.size() != 2 && partes.size() != 4) return false;
   Calculo c;
   c.conSegundo = partes.size() == 4;
-  if (!leerDos(0, c.a, c.b) || (c.conSegundo && !leerDos(2, c.c, c.d))) return false;
+  if (!leerDos(0, kRedondeos, c.a, c.b)) return false;
+  if (c.conSegundo && !leerDos(2, kMargenes, c.c, c.d)) return false;
   a.calculoPrecios = c;
   return true;
 }
@@ -59,6 +60,21 @@ SalaDeAjustes ajustesPrecios() {
             clave<&A::PrefijoCodigos, leerPrefijo, ini::verTexto>(1200, u"PrefijoCódigos"),
             clave<&A::NumPreciosAlta, ini::leerLimitado<kPreciosAlta>>(1201, u"NúmPreciosAlta"),
             clave<&A::NumTarifasAlta, ini::leerLimitado<kTarifasAlta>>(1202, u"NúmTarifasAlta")});
+}
+
+void confirmarCalculo(Ajustes& ajustes) {
+  ajustes.confirmar(QStringLiteral("CalculoPrecios"));
+}
+void confirmarModo(Ajustes& ajustes) {
+  ajustes.confirmar(QStringLiteral("ModoIntroRápido"));
+}
+void confirmarParrilla(Ajustes& ajustes) {
+  ajustes.confirmar(QStringLiteral("ParrillaRápida"));
+}
+void confirmarAlta(Ajustes& ajustes) {
+  confirmarParrilla(ajustes);
+  for (const QStringView clave : {u"PrefijoCódigos", u"NúmPreciosAlta", u"NúmTarifasAlta"})
+    ajustes.confirmar(clave.toString());
 }
 
 }  // namespace tarvo::precios

@@ -4,8 +4,9 @@
 #include <QString>
 
 namespace tarvo {
+class Ajustes;
 struct SalaDeAjustes;
-}
+}  // namespace tarvo
 
 namespace tarvo::precios {
 
@@ -26,5 +27,11 @@ struct AjustesPrecios {
 };
 
 SalaDeAjustes ajustesPrecios();
+
+// A person has saved them as they are (Ajustes::confirmar).
+void confirmarCalculo(Ajustes& ajustes);
+void confirmarModo(Ajustes& ajustes);      // ModoIntroRapido
+void confirmarParrilla(Ajustes& ajustes);  // ParrillaRapida
+void confirmarAlta(Ajustes& ajustes);      // those of the form of new articles
 
 }  // namespace tarvo::precios

@@ -96,9 +96,9 @@ void BrowPLUs::montarCampos() {
 }
 
 void BrowPLUs::prepararParrilla() {
-  const auto entero = [this](const QString& columna, int Articulo::* campo, int mayor, int nombre) {
-    return [this, columna, campo, mayor, nombre](qint64 fila, const QString& texto) {
-      return ponerEntero(fila, texto, columna, campo, mayor, nombre);
+  const auto entero = [this](const QString& columna, int Articulo::* campo) {
+    return [this, columna, campo](qint64 fila, const QString& texto) {
+      return ponerEntero(fila, texto, columna, campo);
     };
   };
   std::vector<ventanas::Columna> columnas{
@@ -119,14 +119,17 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Importe,
        .ancho = kAnchoPrecio,
        .editar = ponerPrecio(0, 0)},
-      {.titulo = kTxUnidad, .campo = columnaUnidad(), .ancho = 60, .rango = 1},
+      {.titulo = kTxUnidad,
+       .campo = columnaUnidad(),
+       .ancho = 60,
+       .orden = ordenPorUnidad(),
+       .rango = 1},
       {.titulo = kTxDepto,
        .campo = u"DEPTO"_s,
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 60,
-       .editar =
-           entero(u"DEPTO"_s, &Articulo::depto, kUltimoDepartamento, ventanas::kTxDepartamento),
+       .editar = entero(u"DEPTO"_s, &Articulo::depto),
        .largo = kLargoNumero,
        .rango = 2},
       {.titulo = ventanas::kTxFormato,
@@ -134,7 +137,7 @@ void BrowPLUs::prepararParrilla() {
        .clase = Clase::Codigo,
        .cifras = 2,
        .ancho = 70,
-       .editar = entero(u"FORMATO"_s, &Articulo::formato, kUltimoFormato, kTxFormatoEtiquetas),
+       .editar = entero(u"FORMATO"_s, &Articulo::formato),
        .largo = kLargoNumero,
        .rango = 3},
       {.titulo = kTxCoste,

@@ -80,11 +80,11 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   Resultado<> ponerNombre(qint64 fila, const QString& texto);
   Resultado<> ponerCodigo(qint64 fila, const QString& texto);
   Resultado<> ponerEntero(qint64 fila, const QString& texto, const QString& columna,
-                          int Articulo::* campo, int mayor, int nombre);
+                          int Articulo::* campo);
   void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
   void celdaEscrita(int columna);
   bool ordena(int columna) const;  // whether the list is sorted by that column
-  Error incorrecto(int nombre) const;
+  Error incorrecto(int nombre, const QString& porQue = {}) const;
   void avisarDepartamento(int departamento);
 
   void editarCompleto(bool nuevo);

@@ -12,8 +12,9 @@ namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
 
-Error BrowPLUs::incorrecto(int nombre) const {
-  return {Fallo::Formato, 0, t(kTxValorIncorrecto) + u": "_s + t(nombre)};
+Error BrowPLUs::incorrecto(int nombre, const QString& porQue) const {
+  const QString frase = t(kTxValorIncorrecto) + u": "_s + t(nombre);
+  return {Fallo::Formato, 0, porQue.isEmpty() ? frase : frase + u". "_s + porQue};
 }
 
 Resultado<> BrowPLUs::escribir(qint64 fila, const QString& campo, const Cambio& cambio,
@@ -90,17 +91,20 @@ Resultado<> BrowPLUs::ponerCodigo(qint64 fila, const QString& texto) {
 }
 
 Resultado<> BrowPLUs::ponerEntero(qint64 fila, const QString& texto, const QString& columna,
-                                  int Articulo::* campo, int mayor, int nombre) {
+                                  int Articulo::* campo) {
   const bool esDepto = campo == &Articulo::depto;
-  const int n = texto.toInt();
+  const qint64 n = texto.toLongLong();
   const auto poner = [&](Articulo& a) -> Resultado<> {
-    if (n < 1 || n > mayor) return std::unexpected(incorrecto(nombre));
-    a.*campo = n;
+    const Textos& textos = contexto().textos;
+    const int nombre = esDepto ? int{ventanas::kTxDepartamento} : int{kTxFormatoEtiquetas};
+    if (const auto mal = esDepto ? malDepartamento(n, textos) : malFormato(n, textos))
+      return std::unexpected(incorrecto(nombre, *mal));
+    a.*campo = static_cast<int>(n);
     return {};
   };
   TARVO_INTENTAR(escribir(fila, columna, poner, esDepto));
   if (esDepto && ui_.Grid->valor(ui_.Grid->filaDe(fila), u"CODPLU").entero() >= kPrimerCodigo)
-    avisarDepartamento(n);
+    avisarDepartamento(static_cast<int>(n));
   return {};
 }
 

@@ -72,6 +72,7 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
 
 Resultado<> guardar(Ajustes& ajustes, int valor) {
   ajustes.de<AjustesArticulos>().EnviarCambios[kDeArticulos] = valor;
+  ajustes.confirmar(u"EnviarCambios"_s);
   return ajustes.GuardarConfig();
 }
 

@@ -32,27 +32,35 @@ Resultado<> Pendientes::saldar(const OrdenPeriodos& orden, qint64 link) {
   return {};
 }
 
-Resultado<> Pendientes::anotarExporte(const Destino& d, qint64 link, const QString& marca) {
+Resultado<> Pendientes::anotarExporte(const Destino& d, const Exporte& e) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
   TARVO_INTENTAR(limpiar());
   // ORDEN tells debts apart; an earlier form of the table holds one debt for each.
   TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(NUMERO) FROM ExportesPendientes"));
   TARVO_INTENTAR(db_.ejecutar(
-      u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, FECHAF, RUTA, NOMBRE) "
-      u"SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ?, ? FROM COLUMNA WHERE LINK=? AND NOT EXISTS "
-      u"(SELECT 1 FROM ExportesPendientes e WHERE e.LINK=COLUMNA.LINK AND e.RUTA IN (?, ?))",
-      d.proceso, -ultimo.entero() - 1, marca, d.ruta, d.nombre, link, d.ruta, d.absoluta));
+      u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, FECHAF, RUTA, NOMBRE, "
+      u"BORRAR) SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ?, ?, 0 FROM COLUMNA WHERE LINK=? AND NOT "
+      u"EXISTS (SELECT 1 FROM ExportesPendientes e WHERE e.LINK=COLUMNA.LINK AND e.RUTA IN (?, ?))",
+      d.proceso, -ultimo.entero() - 1, e.marca, d.ruta, d.nombre, e.link, d.ruta, d.absoluta));
+  if (e.borrar.value_or(false))
+    TARVO_INTENTAR(
+        db_.ejecutar(u"UPDATE ExportesPendientes SET BORRAR=1 WHERE LINK=? AND RUTA IN (?, ?)",
+                     e.link, d.ruta, d.absoluta));
   return tr.confirmar();
 }
 
 Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& d) {
   return dao::reunir(
       db_.consultar(
-          u"SELECT e.MARCA, e.RUTA, e.LINK FROM ExportesPendientes e INNER JOIN COLUMNA c "
+          u"SELECT e.MARCA, e.RUTA, e.LINK, e.BORRAR FROM ExportesPendientes e INNER JOIN COLUMNA "
+          u"c "
           u"ON c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.RUTA<>'' "
           u"AND (e.RUTA IN (?, ?) OR e.NOMBRE=?) ORDER BY e.NUMERO",
           d.ruta, d.absoluta, d.nombre),
-      [](const dao::Recordset& rs) { return Exporte{rs.texto(0), rs.texto(1), rs.entero(2)}; });
+      [](const dao::Recordset& rs) {
+        return Exporte{rs.texto(0), rs.texto(1), rs.entero(2),
+                       rs.nulo(3) ? std::nullopt : std::optional(rs.logico(3))};
+      });
 }
 
 Resultado<> Pendientes::saldarExporte(const Exporte& e) {
@@ -62,7 +70,8 @@ Resultado<> Pendientes::saldarExporte(const Exporte& e) {
 }
 
 Resultado<> Pendientes::limpiar() {
-  for (const QString& tabla : {u"PeriodosPendientes"_s, u"ExportesPendientes"_s})
+  for (const QString& tabla :
+       {u"PeriodosPendientes"_s, u"ExportesPendientes"_s, u"BorradosPendientes"_s})
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c WHERE "
                        u"c.LINK={tabla}.LINK AND c.FECHA1={tabla}.FECHA1 AND "
@@ -75,6 +84,9 @@ Resultado<> Pendientes::limpiar() {
 
 namespace {
 
+// Beside the verbs of periods, in the column of the verb; they order the list.
+constexpr qint64 kExportar = 0, kBorrarEntregado = 1000;
+
 Pendientes::Debido debidoDe(const dao::Recordset& rs) {
   using Debido = Pendientes::Debido;
   Debido d;
@@ -85,13 +97,15 @@ Pendientes::Debido debidoDe(const dao::Recordset& rs) {
   d.descripcion = rs.texto(4).trimmed();
   const qint64 verbo = rs.entero(5);
   const bool acumular = deNumero<VerboPeriodos>(verbo) == VerboPeriodos::Acumular;
-  d.que = verbo == 0 ? Debido::Que::Exportar
-          : acumular ? Debido::Que::Acumular
-                     : Debido::Que::Descontar;
+  d.que = verbo == kExportar          ? Debido::Que::Exportar
+          : verbo == kBorrarEntregado ? Debido::Que::Borrar
+          : acumular                  ? Debido::Que::Acumular
+                                      : Debido::Que::Descontar;
   d.mayor = static_cast<int>(rs.entero(6));
   d.proceso = rs.texto(7);
   d.fichero = rs.texto(8);
   d.numero = rs.entero(9);
+  d.luegoSeBorra = rs.logico(11);
   return d;
 }
 
@@ -101,13 +115,16 @@ Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
   TARVO_INTENTAR(asegurarTablasHistoria(db_));
   return dao::reunir(
       db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
-                    u"MAYOR, e.PROCESO, e.RUTA, e.NUMERO, e.NUMERO AS VEZ FROM "
+                    u"MAYOR, e.PROCESO, e.RUTA, e.NUMERO, e.NUMERO AS VEZ, e.BORRAR FROM "
                     u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
                     u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF UNION ALL SELECT c.LINK, "
                     u"c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, p.VERBO, p.TIPO, '', '', 0, "
-                    u"c.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
-                    u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF ORDER BY "
-                    u"VERBO, VEZ"),
+                    u"c.LINK, 0 FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
+                    u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF UNION ALL SELECT "
+                    u"c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, ?, 0, '', '', 0, c.LINK, 0 "
+                    u"FROM BorradosPendientes b INNER JOIN COLUMNA c ON c.LINK=b.LINK AND "
+                    u"c.FECHA1=b.FECHA1 AND c.FECHAF=b.FECHAF ORDER BY VERBO, VEZ",
+                    kBorrarEntregado),
       debidoDe);
 }
 
@@ -116,6 +133,11 @@ Resultado<bool> Pendientes::olvidar(const Debido& d) {
     TARVO_TOMAR(const auto filas, db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE NUMERO=? "
                                                u"AND LINK=?",
                                                d.numero, d.link));
+    return filas > 0;
+  }
+  if (d.que == Debido::Que::Borrar) {
+    TARVO_TOMAR(const auto filas,
+                db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE LINK=?", d.link));
     return filas > 0;
   }
   TARVO_TOMAR(

@@ -35,9 +35,12 @@ class Pendientes {
   struct Exporte {
     QString marca, ruta;
     qint64 link = 0;
+    // The period is to be deleted once it is in the file; not known of a debt noted earlier on.
+    std::optional<bool> borrar;
   };
-  // A period already owed to this file is not owed twice: the first mark stays.
-  Resultado<> anotarExporte(const Destino& destino, qint64 link, const QString& marca);
+  // A period already owed to this file is not owed twice: the first mark stays, and the wish to
+  // delete it.
+  Resultado<> anotarExporte(const Destino& destino, const Exporte& exporte);
   // What is owed to the step's file, whichever process noted it, and to the files that its name
   // meant on other days. In the order it was noted.
   Resultado<std::vector<Exporte>> exportes(const Destino& destino);
@@ -48,7 +51,8 @@ class Pendientes {
 
   // One debt, for display.
   struct Debido {
-    enum class Que { Acumular, Descontar, Exportar } que = Que::Exportar;
+    // Borrar: it has been exported to be deleted, and goes once nothing else is owed of it.
+    enum class Que { Acumular, Descontar, Exportar, Borrar } que = Que::Exportar;
     qint64 link = 0;
     int clase = 0;  // kind of the period
     Fecha desde, hasta;
@@ -56,9 +60,10 @@ class Pendientes {
     int mayor = 0;  // Acumular: kind of the larger period
     // Exportar. `fichero` is empty for a debt that was noted without its file.
     QString proceso, fichero;
+    bool luegoSeBorra = false;  // Exportar
     qint64 numero = 0;
   };
-  // Exports first, each kind in the order it was noted.
+  // Exports first, deletions last, each kind in the order it was noted.
   Resultado<std::vector<Debido>> todos();
   // Cancels a debt without doing it. False when it wasn't owed.
   Resultado<bool> olvidar(const Debido& debido);

@@ -83,7 +83,8 @@ dao::TablasDeSala tablasHistoria() {
                     dao::columna(6, u"ExportesPendientes"_s, u"RUTA"_s, u"TEXT DEFAULT ''"_s),
                     {7, {}, debidosUnaVez},
                     {8, kDeUnFichero.toString()},
-                    dao::columna(9, u"ExportesPendientes"_s, u"NOMBRE"_s, u"TEXT"_s)},
+                    dao::columna(9, u"ExportesPendientes"_s, u"NOMBRE"_s, u"TEXT"_s),
+                    dao::columna(10, u"ExportesPendientes"_s, u"BORRAR"_s, u"INTEGER"_s)},
           .copias = {}};
 }
 

@@ -8,7 +8,6 @@
 namespace tarvo::automation {
 
 inline constexpr QStringView kInicioBatch = u"@INICIO BATCH", kFinalBatch = u"@FINAL BATCH";
-inline constexpr qint64 kPrimerCodigo = 0, kUltimoCodigo = 9999999;
 
 QStringView palabraDe(VerboSesion verbo);
 QStringView palabraDe(VerboPeriodos verbo);

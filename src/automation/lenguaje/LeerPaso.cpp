@@ -1,4 +1,6 @@
 // Reader of one step line.
+#include <algorithm>
+
 #include "automation/TextosAutomation.h"
 #include "automation/lenguaje/Gramatica.h"
 #include "core/textos/Textos.h"
@@ -79,7 +81,10 @@ class Campos {
   }
   const QString& error() const { return error_; }
   // The line is read, but not all of it counts.
-  void reparo(int texto, std::initializer_list<Dato> datos) { reparo_ = textos_(texto, datos); }
+  void reparo(int texto, std::initializer_list<Dato> datos) {
+    if (!reparo_.isEmpty()) reparo_ += QStringLiteral("; ");
+    reparo_ += textos_(texto, datos);
+  }
   const QString& reparo() const { return reparo_; }
 
  private:
@@ -107,6 +112,8 @@ PasoProceso leerTarea(Campos& f, const motor::RepertorioTareas& repertorio) {
       p.todo = f.logico(true);
       p.rango.emplace().desde = f.codigo(kPrimerCodigo);
       p.rango->hasta = f.codigo(kUltimoCodigo);
+      if (const auto codigo = p.rango->imposible())
+        f.fallo(kTxCodigoImposible, {*codigo, Ceros(kPrimerCodigo, 7), kUltimoCodigo});
       if (p.rango->alReves())
         f.fallo(kTxCodigosAlReves,
                 {std::get<qint64>(p.rango->desde), std::get<qint64>(p.rango->hasta)});
@@ -215,6 +222,25 @@ std::optional<PasoProceso> leerCampos(QStringView palabra, Campos& f,
   }
 }
 
+// False for a step whose verb is unknown.
+bool haceAlgo(const PasoProceso& paso) {
+  const auto* periodos = std::get_if<PasoPeriodos>(&paso);
+  const auto* exportar = std::get_if<PasoExportar>(&paso);
+  return (!periodos || periodos->verbo) && (!exportar || exportar->totaliza);
+}
+
+// What a line holds beyond its fields. A task that was meant to do less than it would isn't sent;
+// after the last text of another step there may be the rest of it, after a comma.
+void mirarSobras(const PasoProceso& paso, Campos& f) {
+  const auto resto = f.todo();
+  const bool hay = std::ranges::any_of(resto, [](QChar c) { return c != u',' && !c.isSpace(); });
+  if (!hay || std::holds_alternative<PasoNoper>(paso) || !haceAlgo(paso)) return;
+  if (std::holds_alternative<PasoTarea>(paso))
+    f.fallo(kTxSobraCampo, {citado(resto)});
+  else
+    f.reparo(kTxNoCuentaSobra, {citado(resto)});
+}
+
 }  // namespace
 
 Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea, QString* reparo) const {
@@ -222,6 +248,7 @@ Resultado<std::optional<PasoProceso>> Lenguaje::LeerPaso(QStringView linea, QStr
   const QStringView palabra = cortar(linea, u':');
   Campos f(linea, a_.EsEspanol(), t_);
   auto paso = leerCampos(palabra, f, r_);
+  if (paso) mirarSobras(*paso, f);
   if (!f.error().isEmpty()) return fallo(Fallo::Formato, f.error());
   if (reparo) *reparo = f.reparo();
   return paso;

@@ -46,6 +46,7 @@ constexpr bool existe(VerboPeriodos v) {
 
 // In the place of a group.
 inline constexpr QStringView kTodosLosGrupos = u"ALL";
+inline constexpr qint64 kPrimerCodigo = 0, kUltimoCodigo = 9999999;  // of articles
 // A number, or the text in its place: a reference ("%x") until a parameter fills it, or
 // kTodosLosGrupos.
 using Referencia = std::variant<qint64, QString>;
@@ -65,6 +66,13 @@ struct PasoTarea {
       const auto* uno = std::get_if<qint64>(&desde);
       const auto* otro = std::get_if<qint64>(&hasta);
       return uno && otro && *uno > *otro;
+    }
+    // The first number that can't be an article's code.
+    std::optional<qint64> imposible() const {
+      for (const Referencia* r : {&desde, &hasta})
+        if (const auto* n = std::get_if<qint64>(r); n && (*n < kPrimerCodigo || *n > kUltimoCodigo))
+          return *n;
+      return std::nullopt;
     }
     bool operator==(const Rango&) const = default;
   };

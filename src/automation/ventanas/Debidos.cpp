@@ -56,11 +56,14 @@ QString Debidos::queFalta(const Pendientes::Debido& d) const {
   switch (d.que) {
     case Pendientes::Debido::Que::Exportar:
       if (d.fichero.isEmpty()) return textos(kTxFaltaExportarSinFichero, {d.proceso});
-      return textos(kTxFaltaExportar, {NombreFichero(d.fichero), d.proceso});
+      return textos(d.luegoSeBorra ? kTxFaltaExportarYBorrar : kTxFaltaExportar,
+                    {NombreFichero(d.fichero), d.proceso});
     case Pendientes::Debido::Que::Acumular:
       return textos(kTxFaltaAcumular, {totals::NombreTipoPeriodo(d.mayor)});
     case Pendientes::Debido::Que::Descontar:
       return textos(kTxFaltaDescontar);
+    case Pendientes::Debido::Que::Borrar:
+      return textos(kTxFaltaBorrar);
   }
   return {};
 }

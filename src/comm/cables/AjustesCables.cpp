@@ -46,7 +46,7 @@ bool leerLinea(const QString& v, QString& campo) {
   const QString linea = v.toUpper();
   const auto partes = ini::partes(linea, u',');
   if (partes.size() != 4) return false;
-  const auto baudios = ini::numeroEntre(partes[0], ini::kDe32);
+  const auto baudios = ini::numeroEntre(partes[0], ini::kPositivo);
   const bool bien = baudios && std::ranges::find(kVelocidades, *baudios) != kVelocidades.end() &&
                     partes[1].size() == 1 && QStringView(u"EON").contains(partes[1]) &&
                     ini::numeroEntre(partes[2], kBits) && ini::numeroEntre(partes[3], kParadas);

@@ -37,7 +37,7 @@ QString huella(const std::vector<Linea>& lineas, size_t cuantas) {
   return QString::fromLatin1(h.result().toHex());
 }
 
-constexpr Limites kNumeros{0, std::numeric_limits<int>::max()};
+constexpr Limites kNumeros{0, 999'999'999};  // with room for the numbers to come
 
 }  // namespace
 

@@ -135,6 +135,7 @@ class Ajustes {
   // each start, until the setting has another value or a person saves it as it is: then this
   // forgets it, by its key.
   void confirmar(const QString& clave);
+  bool baseNombrada = false;           // BaseDatos was in the file
   bool monedaLeida = false;            // MonedaNativa was in the file and readable
   void ponerMonedaNativa(int moneda);  // and what follows from it
 

@@ -11,7 +11,8 @@ namespace {
 
 constexpr Limites kUnByte{0, 255};
 constexpr Limites kEtiquetasLibres{21, 40};
-constexpr int kLetrasLogo = 3;  // always, in the file
+constexpr int kLetrasLogo = 3;                             // always, in the file
+constexpr double kMenorEuro = 0.01, kMayorEuro = 100'000;  // no currency is further from it
 
 // Relative if it is inside the program's folder, under whatever name: a copied or moved folder
 // takes all its files along.
@@ -39,6 +40,12 @@ bool leerRuta(Ajustes& a, int, const QString& v) {
   return true;
 }
 
+// A shop that names its database has one: when it is missing, it has been lost or misspelt.
+bool leerBase(Ajustes& a, int indice, const QString& v) {
+  a.baseNombrada = a.baseNombrada || !v.isEmpty();
+  return leerRuta<&Ajustes::BaseDatos>(a, indice, v);
+}
+
 // The only path that may be empty.
 bool leerCopia(Ajustes& a, int, const QString& v) {
   a.CopiaSeguridad = v.isEmpty() ? v : Ajustes::ruta(v, a.carpeta);
@@ -64,7 +71,7 @@ bool leerLogos(QStringView v, std::array<QString, 2>& logos) {
 
 // Prices are divided by it.
 bool leerEuro(QStringView v, float& euro) {
-  return ini::leerRealSi(v, [](double x) { return x > 0; }, euro);
+  return ini::leerRealSi(v, [](double x) { return x >= kMenorEuro && x <= kMayorEuro; }, euro);
 }
 
 QString verLogos(const std::array<QString, 2>& logos) {
@@ -81,7 +88,7 @@ QString verEuro(float euro) {
 std::vector<ClaveIni> clavesComunes() {
   const ClaveDe<Ajustes> claves[] = {
       {100, u"HomeDir", leerRuta<&Ajustes::HomeDir>, escribirRuta<&Ajustes::HomeDir>},
-      {101, u"BaseDatos", leerRuta<&Ajustes::BaseDatos>, escribirRuta<&Ajustes::BaseDatos>},
+      {101, u"BaseDatos", leerBase, escribirRuta<&Ajustes::BaseDatos>},
       {102, u"CopiaSeguridad", leerCopia, escribirRuta<&Ajustes::CopiaSeguridad>},
       clave<&Ajustes::WhoAmI, ini::leerLimitado<kUnByte>>(200, u"WhoAmI"),
       {900, u"MonedaNativa", leerNativa,

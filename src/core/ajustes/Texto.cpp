@@ -47,7 +47,7 @@ void Ajustes::leer(const QString& texto) {
   for (const auto& preparar : antesDeLeer_) preparar(*this);
   dudas.clear();
   rechazados_.clear();
-  monedaLeida = false;
+  baseNombrada = monedaLeida = false;
   std::set<std::pair<QString, int>> aceptadas;
   ini::recorrer(texto, [&](const ini::Linea& linea) { leerLinea(linea, aceptadas); });
   for (const auto& rematar : trasLeer_) rematar(*this);

@@ -20,7 +20,7 @@ bool leerLimitado(QStringView v, int& campo) {
   return leerSiCabe(v, kLimites, campo);
 }
 inline constexpr Limites kDe16{-32768, 32767};
-inline constexpr Limites kDe32{std::numeric_limits<int>::min(), std::numeric_limits<int>::max()};
+inline constexpr Limites kPositivo{1, std::numeric_limits<int>::max()};
 bool leer16(QStringView v, int& campo);
 QString verEntero(int numero);
 

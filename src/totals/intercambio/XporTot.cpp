@@ -153,30 +153,43 @@ QString XporTot::fichero(const QString& anotada) const {
   return rutaDe(db_, anotada);
 }
 
-// The debts are the runner's, which may not have its tables yet.
-Resultado<> XporTot::pagar(const std::vector<qint64>& links, const QString& ruta) {
+// The debts are the runner's, which may not have its tables yet. One that was to end with the
+// deletion of the period leaves that to the runner.
+Resultado<> XporTot::pagar(qint64 link, const QStringList& rutas) {
   if (!db_.existeTabla(u"ExportesPendientes")) return {};
-  for (const qint64 link : links)
-    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?)",
-                                link, ruta, anotada(ruta)));
+  TARVO_TOMAR(const auto deseos,
+              db_.uno(u"SELECT count(*) FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?) "
+                      u"AND BORRAR<>0",
+                      link, rutas.first(), rutas.last()));
+  if (deseos.entero() > 0) TARVO_INTENTAR(entregados().anotar(link));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?)",
+                              link, rutas.first(), rutas.last()));
   return {};
+}
+
+// What the period stays for; it goes when that is done.
+Resultado<QStringList> XporTot::borrarEntregado(qint64 link, const QStringList& salvo) {
+  TARVO_TOMAR(const auto debidos, p_.debidosDe(link, salvo));
+  if (debidos.isEmpty())
+    TARVO_INTENTAR(p_.BorrarEntregado(link));
+  else
+    TARVO_INTENTAR(entregados().anotar(link));
+  return debidos;
 }
 
 Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
                               const QString& ruta) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  if (marca.isEmpty()) TARVO_INTENTAR(pagar(links, ruta));
+  const bool aMano = marca.isEmpty();
+  const QStringList suyas{ruta, anotada(ruta)};
   QStringList quedan;
-  if (borrar)
-    for (const qint64 link : links) {
-      TARVO_TOMAR(const auto debidos, p_.debidosDe(link));
-      if (debidos.isEmpty() || !marca.isEmpty())
-        TARVO_INTENTAR(p_.BorrarEntregado(link));
-      else
-        quedan += debidos;
-    }
-  if (!marca.isEmpty())
-    TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
+  for (const qint64 link : links) {
+    if (aMano) TARVO_INTENTAR(pagar(link, suyas));
+    if (!borrar) continue;
+    TARVO_TOMAR(const auto debidos, borrarEntregado(link, suyas));
+    if (aMano) quedan += debidos;
+  }
+  if (!aMano) TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
   TARVO_INTENTAR(t.confirmar());
   if (quedan.isEmpty()) return {};
   return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));

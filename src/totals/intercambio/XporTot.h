@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "totals/intercambio/Entregados.h"
 #include "totals/periodos/Periodos.h"
 
 namespace tarvo::totals {
@@ -27,10 +28,10 @@ class XporTot {
   // A value that doesn't fit its column stops the whole export with an Error naming the period and
   // the row, and nothing is written. An export interrupted between the file and the database is
   // recognised (table Exportes, by `marca`) and not written twice; `marca` empty: no such check.
-  // REQUIRES that no transaction is open: the note must be on disk before the file changes. Without
-  // a mark it is a person's, and pays what is owed of the periods to that file, and doesn't delete
-  // one that is still owed elsewhere: Restriccion, with everything exported. With a mark the caller
-  // does both.
+  // REQUIRES that no transaction is open: the note must be on disk before the file changes.
+  // A period of which anything else is still owed is not deleted: that is noted (Entregados), and
+  // without a mark it is an Error, Restriccion, with everything exported. Without a mark it is a
+  // person's, and pays what is owed of the periods to that file. With a mark the caller does that.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
   // The bytes of one block, piece by piece: two header lines and the rows. An Error from `recibe`
@@ -46,6 +47,7 @@ class XporTot {
   // The file as it is kept in the database, and back.
   QString anotada(const QString& ruta) const;
   QString fichero(const QString& anotada) const;
+  Entregados entregados() { return Entregados(p_); }
 
  private:
   struct Avance {
@@ -58,7 +60,8 @@ class XporTot {
   Resultado<std::optional<std::vector<Columna>>> columnas(const std::vector<qint64>& links);
   Resultado<> escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
                        const QString& marca);
-  Resultado<> pagar(const std::vector<qint64>& links, const QString& ruta);
+  Resultado<> pagar(qint64 link, const QStringList& rutas);
+  Resultado<QStringList> borrarEntregado(qint64 link, const QStringList& salvo);
   Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
                        const QString& ruta);
 

@@ -16,7 +16,7 @@ bool leerPeriodos(const QString& v, std::vector<int>& periodos) {
   std::vector<int> leidos;
   leidos.reserve(static_cast<size_t>(partes.size()));
   for (const QStringView p : partes) {
-    const auto periodo = ini::numeroEntre(p, ini::kDe32);
+    const auto periodo = ini::numeroEntre(p, ini::kPositivo);
     if (!periodo) return false;
     leidos.push_back(*periodo);
   }

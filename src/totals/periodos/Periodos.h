@@ -105,8 +105,9 @@ class Periodos {
   // Several in one transaction, skipping missing ones. Returns how many there were.
   Resultado<int> DescontarVarios(const std::vector<qint64>& links, int veces);
 
-  // What nights still owe of it: to which file, into which larger period; a sentence each.
-  Resultado<QStringList> debidosDe(qint64 link);
+  // What nights still owe of it: to which file, as it is noted, except those of `salvo`; into which
+  // larger period; a sentence each.
+  Resultado<QStringList> debidosDe(qint64 link, const QStringList& salvo = {});
   // The groups whose machines still hold their sales, as a text: they are memorised, so they won't
   // be counted again, and only what comes after them will. Empty when there are none.
   Resultado<QString> gruposSinCero(const std::vector<qint64>& links);

@@ -23,7 +23,8 @@ std::vector<NotaDePeriodo> notasDePeriodo() {
   return {{QStringLiteral("Sumados"), false},
           {QStringLiteral("Sustituidos"), false},
           {QStringLiteral("ExportesPendientes"), true},
-          {QStringLiteral("PeriodosPendientes"), true}};
+          {QStringLiteral("PeriodosPendientes"), true},
+          {QStringLiteral("BorradosPendientes"), true}};
 }
 
 Resultado<> Periodos::mudarNotas(qint64 link, const Periodo& de, const Periodo& a) {
@@ -95,7 +96,7 @@ Resultado<> Periodos::CambiarPeriodo(qint64 link, int tipo, Fecha desde, Fecha h
   return t.confirmar();
 }
 
-Resultado<QStringList> Periodos::debidosDe(qint64 link) {
+Resultado<QStringList> Periodos::debidosDe(qint64 link, const QStringList& salvo) {
   QStringList lineas;
   TARVO_TOMAR(const auto c, columna(link));
   if (!c || !db_.existeTabla(u"ExportesPendientes")) return lineas;
@@ -105,7 +106,8 @@ Resultado<QStringList> Periodos::debidosDe(qint64 link) {
                     u"ORDER BY NUMERO",
                     link, c->periodo.desde, c->periodo.hasta),
       [&](const dao::Recordset& rs) {
-        lineas += textos_(kTxDebeExportarse, {periodo, NombreFichero(rs.texto(0))});
+        if (!salvo.contains(rs.texto(0)))
+          lineas += textos_(kTxDebeExportarse, {periodo, NombreFichero(rs.texto(0))});
       }));
   TARVO_INTENTAR(dao::recorrer(
       db_.consultar(u"SELECT TIPO FROM PeriodosPendientes WHERE LINK=? AND FECHA1=? AND FECHAF=? "

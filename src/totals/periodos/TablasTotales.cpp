@@ -60,6 +60,11 @@ const QString kMarcasTiradas = QStringLiteral(R"(
 CREATE TABLE IF NOT EXISTS PapeleraMarcas (LOTE INTEGER, LINK INTEGER, DENTRO INTEGER, SUMAS TEXT);
 )");
 
+const QString kBorradosPendientes = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS BorradosPendientes (
+  LINK INTEGER PRIMARY KEY, FECHA1 DOUBLE PRECISION, FECHAF DOUBLE PRECISION, VENTAS TEXT);
+)");
+
 }  // namespace
 
 dao::TablasDeSala tablasTotales() {
@@ -70,7 +75,8 @@ dao::TablasDeSala tablasTotales() {
                     {4, kExportesFinales},
                     {5, kMarcasTiradas},
                     dao::columna(6, QStringLiteral("ExportesAbiertos"), QStringLiteral("CARPETA"),
-                                 QStringLiteral("TEXT DEFAULT ''"))},
+                                 QStringLiteral("TEXT DEFAULT ''")),
+                    {7, kBorradosPendientes}},
           .copias = {}};
 }
 

@@ -4,6 +4,7 @@
 
 #include "MesaDeArticulos.h"
 #include "articles/Tanda.h"
+#include "articles/ventanas/TextosArticulosVentanas.h"
 
 namespace tarvo::prueba {
 
@@ -138,6 +139,17 @@ TEST(ListaArticulos, AlPreguntarSePuedeVolver) {
     EXPECT_FALSE(arbol->descargar());
     EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
   }
+}
+
+// Choosing what counts already settles what the file says and isn't understood.
+TEST(ListaArticulos, ElEnvioQueSeEligeSustituyeALoQueNoSeEntiende) {
+  MesaDeArticulos t;
+  t.ajustes.leer(u"EnviarCambios= quizá\r\n"_s);
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  EXPECT_TRUE(t.ajustes.escribir().contains(u"EnviarCambios= quizá\r\n"));
+  for (QAction* a : v->findChildren<QAction*>())
+    if (a->text() == t.textos(kTxPreguntarEnvio)) a->trigger();
+  EXPECT_TRUE(t.ajustes.escribir().contains(u"EnviarCambios= 1|1\r\n"));
 }
 
 // What was undone isn't asked about: a price, deleted articles, a copied and a batch of them.

@@ -105,13 +105,21 @@ TEST(Trabajos, LasCeldasSeComprueban) {
        u"El precio «2'99» no es un importe: escriba, por ejemplo, 12,50."},
       {u"PRECIO_00", u"2.40", "Un nombre de mas de veinte 240 1 1", u""},
       {u"PRECIO_00", u"2,35", "Un nombre de mas de veinte 235 1 1", u""},
-      {u"DEPTO", u"41", "", u"El valor entrado es incorrecto: Departamento"},
-      {u"DEPTO", u"100", "", u"El valor entrado es incorrecto: Departamento"},
+      {u"DEPTO", u"41", "",
+       u"El valor entrado es incorrecto: Departamento. El departamento va del 1 al 40, y se ha "
+       u"dado el 41."},
+      {u"DEPTO", u"100", "",
+       u"El valor entrado es incorrecto: Departamento. El departamento va del 1 al 40, y se ha "
+       u"dado el 100."},
       {u"DEPTO", u"40", "Un nombre de mas de veinte 235 40 1",
        u"La sección no tiene el departamento 40: créelo en el árbol o elija otro"},
       {u"DEPTO", u"1", "Un nombre de mas de veinte 235 1 1", u""},
-      {u"FORMATO", u"0", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
-      {u"FORMATO", u"100", "", u"El valor entrado es incorrecto: Formato Etiquetas"},
+      {u"FORMATO", u"0", "",
+       u"El valor entrado es incorrecto: Formato Etiquetas. El formato de etiqueta va del 1 al 20, "
+       u"y se ha dado el 0."},
+      {u"FORMATO", u"100", "",
+       u"El valor entrado es incorrecto: Formato Etiquetas. El formato de etiqueta va del 1 al 20, "
+       u"y se ha dado el 100."},
       {u"FORMATO", u"20", "Un nombre de mas de veinte 235 1 20", u""},
       {u"CODPLU", u"2", "", u"El valor entrado es incorrecto: Código PLU"},
       {u"CODPLU", u"12345678", "", u"El valor entrado es incorrecto: Código PLU"}};

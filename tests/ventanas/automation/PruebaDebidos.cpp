@@ -15,14 +15,17 @@ TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
   s.p.periodo(
       {.link = 7, .desde = 43000, .hasta = 43000 + Fecha::kUltimoSegundo, .descr = u"Ventas"});
   Pendientes libro(s.p.db());
-  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"X"_s, u"X.EXP"_s, {}}, 7, u"1.1"_s));
+  ASSERT_TRUE(libro.anotarExporte({u"NOCHE"_s, u"X"_s, u"X.EXP"_s, {}}, {u"1.1"_s, {}, 7, true}));
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 2}, {7}));
+  s.p.sql(
+      u"INSERT INTO BorradosPendientes (LINK, FECHA1, FECHAF) SELECT LINK, FECHA1, FECHAF FROM COLUMNA"_s);
   QWidget* v = s.todas().abrir(u"Debidos"_s);
   ASSERT_TRUE(v);
   auto* lista = pieza<ventanas::Parrilla>(v, u"Lista"_s);
-  ASSERT_EQ(lista->filas(), 2);
-  EXPECT_EQ(lista->texto(0, u"que"_s), u"Exportarlo a X.EXP (proceso NOCHE)");
+  ASSERT_EQ(lista->filas(), 3);
+  EXPECT_EQ(lista->texto(0, u"que"_s), u"Exportarlo a X.EXP y borrarlo después (proceso NOCHE)");
   EXPECT_EQ(lista->texto(1, u"que"_s), u"Acumularlo en el periodo SEMANAL");
+  EXPECT_EQ(lista->texto(2, u"que"_s), u"Borrarlo, ya exportado, cuando no se deba nada más de él");
   for (const bool si : {false, true}) {
     lista->irA(0);
     QString pregunta;
@@ -36,9 +39,15 @@ TEST(Debidos, SeOlvidaPorSuNombreYConCancelarPorDelante) {
     QTest::mouseClick(pieza<QPushButton>(v, u"Olvidar"_s), Qt::LeftButton);
     EXPECT_TRUE(pregunta.contains(u"Ventas, 22 septiembre 2017 (DIARIO)"_s))
         << pregunta.toStdString();
-    EXPECT_EQ(libro.todos()->size(), si ? 1U : 2U);
-    EXPECT_EQ(lista->filas(), si ? 1 : 2);
+    EXPECT_EQ(libro.todos()->size(), si ? 2U : 3U);
+    EXPECT_EQ(lista->filas(), si ? 2 : 3);
   }
+  lista->irA(1);
+  cuandoHayaCaja([&](QWidget& caja) {
+    QTest::mouseClick(pieza<QPushButton>(&caja, u"Acepto"_s), Qt::LeftButton);
+  });
+  QTest::mouseClick(pieza<QPushButton>(v, u"Olvidar"_s), Qt::LeftButton);
+  EXPECT_EQ(libro.todos()->size(), 1U) << "it is no longer to be deleted";
   v->close();
 }
 

@@ -249,7 +249,12 @@ TEST(VentanaImpTabla, LaPersonaCambiaLasColumnas) {
   elegir(u"columna2"_s, u"Precio, tarifa 1"_s);
   boton(v, u"siguiente").click();
   ASSERT_TRUE(esperar([&] { return rotulo(v, u"paso").startsWith(u"3."); }));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"1 artículo tiene un precio")) << "1,50 to 2,50";
   auto* ver = v->findChild<QComboBox*>(u"quever"_s);
+  ver->setCurrentIndex(ver->findText(u"Precios por comprobar (1)"_s));
+  Q_EMIT ver->activated(ver->currentIndex());
+  ASSERT_EQ(lista(v, u"previa").filas(), 1);
+  EXPECT_TRUE(lista(v, u"previa").texto(0, u"detalle").contains(u"2,50"));
   ver->setCurrentIndex(ver->findText(u"Rechazadas (1)"_s));
   Q_EMIT ver->activated(ver->currentIndex());
   ASSERT_EQ(lista(v, u"previa").filas(), 1);

@@ -57,6 +57,39 @@ TEST(VentanaRapida, LasTeclasYLosModos) {
   EXPECT_EQ(grid.filaActual(), 1) << "page keys move by one article here too";
 }
 
+// What the file says and isn't understood stays in it until a person saves the setting, be it with
+// the value that counts already.
+TEST(VentanaRapida, LoQueUnaPersonaGuardaSustituyeALoQueNoSeEntiende) {
+  MesaDePrecios m;
+  m.ajustes.leer(
+      u"CalculoPrecios= quizá|5\r\nModoIntroRápido= 9\r\nParrillaRápida= x\r\n"
+      u"PrefijoCódigos= abc\r\nNúmPreciosAlta= 4\r\nNúmTarifasAlta= 99\r\n"_s);
+  const auto malas = [&] {
+    QStringList claves;
+    Ajustes otra = m.ajustes;
+    otra.leer(m.ajustes.escribir());
+    for (const auto& duda : otra.dudas) claves << duda.linea.section(u'=', 0, 0);
+    return claves.join(u' ');
+  };
+  auto* calculo = m.abrir(u"CalcPre"_s);
+  EXPECT_TRUE(calculo->descargar());
+  EXPECT_TRUE(malas().startsWith(u"CalculoPrecios ")) << "nothing was chosen";
+  calculo = m.abrir(u"CalcPre"_s);
+  for (int vez = 0; vez < 2; ++vez) m.boton(calculo, u"togg"_s);
+  m.responder(u"Acepto"_s);
+  EXPECT_TRUE(calculo->descargar());
+  EXPECT_EQ(malas(),
+            u"ModoIntroRápido ParrillaRápida PrefijoCódigos NúmPreciosAlta NúmTarifasAlta");
+  m.alAbrirse([&](QWidget* w) { m.boton(w, u"Acepto"_s); });
+  QTest::keyClick(m.abrir(u"FastModf"_s), Qt::Key_F9);
+  EXPECT_EQ(malas(), u"PrefijoCódigos NúmPreciosAlta NúmTarifasAlta");
+  auto* alta = m.abrir(u"FastAlta"_s);
+  EXPECT_EQ(malas(), u"PrefijoCódigos NúmPreciosAlta NúmTarifasAlta");
+  m.alAbrirse([&](QWidget* w) { m.boton(w, u"Acepto"_s); });
+  m.boton(alta, u"Configurar"_s);
+  EXPECT_EQ(malas(), u"");
+}
+
 TEST(VentanaRapida, LasColumnasQueSeElijen) {
   MesaDePrecios m;
   auto* v = m.abrir(u"FastModf"_s);

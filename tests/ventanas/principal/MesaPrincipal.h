@@ -100,8 +100,8 @@ struct MesaPrincipal : Tienda {
   QTemporaryDir carpeta;
   Textos textos = bien(Textos::leer(QStringLiteral(TARVO_DATOS "/textos/es.txt")));
   RelojReal reloj;
-  std::unique_ptr<app::Fondo> fondo =
-      bien(app::Fondo::abrir(carpetaConAjustes(), Idioma::Espanol, textos, reloj));
+  std::unique_ptr<app::Fondo> fondo = bien(app::Fondo::abrir(
+      carpetaConAjustes(), Idioma::Espanol, textos, reloj, app::SiFaltaLaBase::Crearla));
   app::Datos datos{{}, textos};
   enlace::FabricaReal fabrica{reloj, fondo->ajustes};
   app::Aplicacion aplicacion{*fondo, reloj, fabrica, 1, datos};

@@ -131,6 +131,25 @@ TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
   EXPECT_EQ(abierta.p.state(), QProcess::Running);
 }
 
+// A comparison only looks; an answer is for the program that has the books.
+TEST_F(Juntos, LasOrdenesDeUnaPersonaConLaVentanaAbierta) {
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  for (const char16_t* sql :
+       {u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF) VALUES (1, 1, 40000, 40000.9)",
+        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (1, 1, 1, 1, 500)",
+        u"INSERT INTO TOTPLU (LINK, GRUPO, CODI, CON, [IMP]) VALUES (1, 1, 7, 1, 500)"})
+    ASSERT_TRUE(base()->ejecutar(sql));
+  const Fin cuadre = correrAqui({u"--cuadre"_s, u"1"_s});
+  EXPECT_EQ(cuadre.estado, 0) << cuadre.errores.toStdString();
+  EXPECT_TRUE(cuadre.salida.contains(u"5,00")) << cuadre.salida.toStdString();
+  const Fin cero = correrAqui({u"--puesta-a-cero"_s, u"1"_s, u"no"_s});
+  EXPECT_EQ(cero.estado, 4);
+  EXPECT_TRUE(cero.errores.contains(u"conteste en él")) << cero.errores.toStdString();
+  ASSERT_TRUE(avisar(abierta.p, SIGTERM));
+  EXPECT_EQ(acabar(abierta.p).estado, 0);
+}
+
 // Stopping it there stops it here; a run that dies with the window is resumed outside.
 TEST_F(Juntos, LaNochePasaDeUnoAOtro) {
   MaquinaMuda muda;
@@ -192,8 +211,7 @@ TEST_F(Juntos, ElHorarioTomaLaBaseCuandoLeToca) {
   QByteArray salida;
   arrancar(horario, {u"--carpeta"_s, dir.path(), u"--sin-ventana"_s, u"TIENDA.CRO"_s});
   ASSERT_TRUE(esperar(horario, "iniciada", salida)) << salida.toStdString();
-  const Fin cuadre = correrAqui({u"--cuadre"_s});
-  EXPECT_EQ(cuadre.estado, 4);
+  EXPECT_EQ(correrAqui({u"--puesta-a-cero"_s, u"1"_s, u"no"_s}).estado, 4);
   muda.colgar();
   EXPECT_TRUE(esperar(horario, "finalizada", salida)) << salida.toStdString();
   poner(u"V.AUT"_s, {});

@@ -108,5 +108,37 @@ TEST(Encargos, LaNocheNoEsperaAQuienSeHaIdo) {
   }
 }
 
+// Nor does the timetable of the windows themselves.
+TEST(Encargos, ElHorarioNoEsperaAQuienSeHaIdo) {
+  MesaDeEncargos m;
+  auto& automat = m.aplicacion.automat();
+  const auto escribir = [&](const QString& nombre, const QByteArray& texto) {
+    QFile f(m.carpeta.filePath(nombre));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(texto);
+  };
+  escribir(u"NOCHE.AUT"_s, "P:LIMPIAR\r\n");
+  escribir(u"DIARIO.CRO"_s, "23:59:59;S\xed,S\xed,S\xed,S\xed,S\xed,S\xed,S\xed;NOCHE");
+  bien(m.aplicacion.cronos().ActivarCron(u"DIARIO"_s));
+  automat.PROCESO(m.pasos({u"P:LIMPIAR"_s, u"P:LIMPIAR"_s}), {}, u"SUYO"_s);
+  automat.retener();
+  ASSERT_TRUE(esperar([&] { return automat.fase() == automation::kDetenidoEnPaso; }));
+  ASSERT_TRUE(m.aplicacion.cronos().adelantar(0));
+  const auto mientras = [&](qint64 ms) {
+    for (qint64 van = 0; van < ms; van += 30'000) {
+      m.relojEncargos.avanzar(30'000);
+      if (m.aplicacion.cronos().alEsperar)
+        m.aplicacion.cronos().alEsperar(m.aplicacion.cronos().entradas().front());
+    }
+  };
+  mientras(app::Cesion::kPacienciaMs - 60'000);
+  EXPECT_FALSE(m.suyo) << "a person may take that long";
+  mientras(120'000);
+  ASSERT_TRUE(esperar([&] { return m.aplicacion.cronos().entradas().front().exitos == 1; }));
+  EXPECT_EQ(m.fondo->db->uno(u"SELECT count(*) FROM Proceso WHERE NOMBRE='SUYO'")->entero(), 1);
+  m.encargos.dejar();
+  m.escritorio.ventanas().DescargaTodo();
+}
+
 }  // namespace
 }  // namespace tarvo::prueba

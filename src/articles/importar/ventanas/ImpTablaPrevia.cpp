@@ -13,7 +13,7 @@ using ventanas::Estado;
 
 namespace {
 
-constexpr int kTodas = -1;
+constexpr int kTodas = -1, kDudosas = -2;
 
 Estado estadoDe(const dao::Valor& que) {
   switch (static_cast<Que>(que.entero())) {
@@ -39,7 +39,7 @@ QString detalle(const Propuesta& p, const Textos& t) {
                         {titulo(c.campo, t), c.antes.isEmpty() ? t(ventanas::kTxNada) : c.antes,
                          ahora}));
   }
-  return cambios.join(u";  "_s);
+  return (p.avisos + cambios).join(u";  "_s);
 }
 
 }  // namespace
@@ -69,13 +69,15 @@ void ImpTablaVentana::mostrarPropuestas() {
   ventanas::Opciones clases{{kTodas, t(kTxTodas, motor_->ensayadas())}};
   for (int i = 0; i < 4; ++i)
     clases.push_back({i, t(kTxNuevas + i, motor_->cuantas(static_cast<Que>(i)))});
+  if (motor_->dudosas() > 0) clases.push_back({kDudosas, t(kTxPorComprobar, motor_->dudosas())});
   ventanas::llenar(*ui_.quever, clases);
   const qint64 quever = ventanas::elegido(*ui_.quever, kTodas);
   std::vector<ventanas::FilaViva> filas;
   qint64 clave = 0;
   for (const Propuesta& p : motor_->propuestas()) {
     ++clave;
-    if (quever != kTodas && p.que != static_cast<Que>(quever)) continue;
+    const bool suya = quever == kDudosas ? !p.avisos.isEmpty() : p.que == static_cast<Que>(quever);
+    if (quever != kTodas && !suya) continue;
     const bool sabida = p.clave.codigo > 0;
     filas.push_back(
         {clave,

@@ -208,6 +208,7 @@ void ImpTablaVentana::ensayado(const Resultado<Trabajo::Fin>& fin) {
   tira().quitar();
   irA(kPrevia);
   mostrarPropuestas();
+  if (motor_->dudosas() > 0) decirDuda(t(kTxPreciosRaros, motor_->dudosas()));
 }
 
 void ImpTablaVentana::aplicar() {
@@ -231,9 +232,11 @@ void ImpTablaVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   irA(kResultado);
   QString texto = contexto().textos(kTxHechoTabla, {hecho.nuevos, hecho.cambiados});
   if (hecho.redondeados > 0) texto += u' ' + t(kTxImportesRedondeados, hecho.redondeados);
+  if (hecho.dudosos > 0) texto += u' ' + t(kTxPreciosRaros, hecho.dudosos);
   ui_.hecho->setText(texto);
   ponerMalas(*ui_.malas, hecho.malas);
-  if (hecho.malas.empty()) return hecho.redondeados > 0 ? decirDuda(texto) : decirBien(texto);
+  if (hecho.malas.empty())
+    return hecho.redondeados + hecho.dudosos > 0 ? decirDuda(texto) : decirBien(texto);
   ui_.malas->setFocus();  // so that a second Return leaves them in view
   decirDuda(t(kTxNMalas, static_cast<int>(hecho.malas.size())));
 }

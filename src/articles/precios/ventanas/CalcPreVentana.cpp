@@ -49,10 +49,12 @@ void CalcPreVentana::montar() {
   unirCaja(*ui_.Calcu, [this] { calc_.ponerCalculado(importe(*ui_.Calcu)); });
   unirCaja(*ui_.redon, [this] {
     calc_.ponerRedondeo(enteroDe(ui_.redon->text(), kCifrasRedondeo).value_or(0));
+    ajustado_ = true;
   });
   estrechar(*ui_.redon, kCifrasRedondeo);
   connect(ui_.opIvaIn, &QRadioButton::toggled, this, [this](bool incluido) {
     calc_.ponerModo(incluido ? ModoIva::Incluido : ModoIva::Detallado);
+    ajustado_ = true;
     pintarModo();
     pintar();
   });
@@ -196,6 +198,7 @@ void CalcPreVentana::guardarAjustes() {
     a.d = static_cast<int>(std::clamp<long>(std::lround(margen), -kMargenMayor, kMargenMayor));
     contexto().recuerdos.poner(nombre(), kMargenFijo, QString::number(margen, 'f', 2));
   }
+  if (ajustado_) confirmarCalculo(contexto().ajustes);
   haIdoBien(contexto().ajustes.GuardarConfig());
 }
 
@@ -248,6 +251,7 @@ void CalcPreVentana::bloquear(bool si) {
   else
     calc_.desbloquear();
   tocado_ = tocado_ || si;
+  ajustado_ = true;
   pintarModo();
   pintar();
 }

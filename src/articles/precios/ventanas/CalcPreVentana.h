@@ -70,6 +70,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   DeLista lista_;
   std::map<QLineEdit*, Hacer> cajas_;
   bool seguida_ = false, moviendo_ = false, tocado_ = false;
+  bool ajustado_ = false;  // a person has chosen one of its settings
 };
 
 }  // namespace tarvo::precios

@@ -122,6 +122,7 @@ void FastAlta::configurar() {
     politicas_.poner(static_cast<CampoFijo>(i), config->politicas[i]);
   motor_.ponerForma(*forma);
   precios_->preparar(contexto(), forma->precios(), forma->tarifas());
+  confirmarAlta(contexto().ajustes);
   vaciar();
   ponerValores();
   codigo_->setFocus();

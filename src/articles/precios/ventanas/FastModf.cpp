@@ -283,6 +283,7 @@ void FastModf::pintarModo() {
 void FastModf::ponerModo(ModoIntro modo) {
   modo_ = modo;
   contexto().ajustes.de<AjustesPrecios>().ModoIntroRapido = static_cast<int>(modo);
+  confirmarModo(contexto().ajustes);
   haIdoBien(contexto().ajustes.GuardarConfig());
   pintarModo();
 }
@@ -297,6 +298,7 @@ void FastModf::configurar() {
   for (std::size_t i = 0; i < kColumnasRapidas; ++i)
     todas.poner(static_cast<ColumnaRapida>(i), config->vistas[i]);
   contexto().ajustes.de<AjustesPrecios>().ParrillaRapida = todas.escribir();
+  confirmarParrilla(contexto().ajustes);
   ponerModo(config->modo);
   haIdoBien(abrirLista());
   ui_.Grd->setFocus();

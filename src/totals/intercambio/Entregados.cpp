@@ -1,0 +1,72 @@
+#include "totals/intercambio/Entregados.h"
+
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
+#include "totals/periodos/Clases.h"
+
+namespace tarvo::totals {
+
+// Its rows and their sums, kind by kind.
+Resultado<QString> Entregados::ventas(qint64 link) {
+  QStringList partes;
+  for (const ClaseTotal& c : todasLasClases())
+    TARVO_INTENTAR(dao::recorrer(
+        db_.consultar(dao::conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) "
+                                     u"FROM {totales} WHERE LINK=?",
+                                     {{u"totales", QString::fromUtf16(c.tabla)}}),
+                      link),
+        [&](const dao::Recordset& fila) {
+          for (int i = 0; i < 5; ++i) partes += QString::number(fila.entero(i));
+        }));
+  return partes.join(u' ');
+}
+
+Resultado<> Entregados::anotar(qint64 link) {
+  TARVO_TOMAR(const auto suyas, ventas(link));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c "
+                   u"WHERE c.LINK=BorradosPendientes.LINK AND c.FECHA1=BorradosPendientes.FECHA1 "
+                   u"AND c.FECHAF=BorradosPendientes.FECHAF)"));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT OR IGNORE INTO BorradosPendientes (LINK, FECHA1, FECHAF, VENTAS) "
+                   u"SELECT LINK, FECHA1, FECHAF, ? FROM COLUMNA WHERE LINK=?",
+                   suyas, link));
+  return {};
+}
+
+Resultado<bool> Entregados::espera(qint64 link) {
+  TARVO_TOMAR(const auto n, db_.uno(u"SELECT count(*) FROM BorradosPendientes b INNER JOIN COLUMNA "
+                                    u"c ON c.LINK=b.LINK AND c.FECHA1=b.FECHA1 AND "
+                                    u"c.FECHAF=b.FECHAF WHERE b.LINK=?",
+                                    link));
+  return n.entero() > 0;
+}
+
+Resultado<std::vector<Entregados::Libre>> Entregados::borrarLibres() {
+  struct Nota {
+    qint64 link;
+    QString ventas;
+  };
+  TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(
+      const auto notas,
+      dao::reunir(db_.consultar(u"SELECT b.LINK, b.VENTAS FROM BorradosPendientes b INNER "
+                                u"JOIN COLUMNA c ON c.LINK=b.LINK AND c.FECHA1=b.FECHA1 "
+                                u"AND c.FECHAF=b.FECHAF ORDER BY c.FECHA1, b.LINK"),
+                  [](const dao::Recordset& rs) { return Nota{rs.entero(0), rs.texto(1)}; }));
+  std::vector<Libre> libres;
+  for (const Nota& nota : notas) {
+    TARVO_TOMAR(const auto debidos, p_.debidosDe(nota.link));
+    if (!debidos.isEmpty()) continue;
+    TARVO_TOMAR(const auto c, p_.columna(nota.link));
+    TARVO_TOMAR(const auto suyas, ventas(nota.link));
+    const bool igual = suyas == nota.ventas;
+    if (igual) TARVO_INTENTAR(p_.BorrarEntregado(nota.link));
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE LINK=?", nota.link));
+    libres.push_back({c->periodo, igual});
+  }
+  TARVO_INTENTAR(t.confirmar());
+  return libres;
+}
+
+}  // namespace tarvo::totals

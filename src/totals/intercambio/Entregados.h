@@ -1,0 +1,32 @@
+// Periods that are to go because they have been exported, and can't yet, because something is still
+// owed of them: another file waits for them, or a larger period, or the stock.
+#pragma once
+
+#include "totals/periodos/Periodos.h"
+
+namespace tarvo::totals {
+
+class Entregados {
+ public:
+  explicit Entregados(Periodos& periodos) : db_(periodos.base()), p_(periodos) {}
+
+  // The period, whose sales are in a file now, is to be deleted once nothing is owed of it. What it
+  // holds now is what that file got: of several notes the first one counts.
+  Resultado<> anotar(qint64 link);
+  Resultado<bool> espera(qint64 link);
+  // A period of which nothing is owed any more. One whose sales have changed since it was exported
+  // stays, and is not to be deleted any more.
+  struct Libre {
+    Periodo periodo;
+    bool borrado = false;
+  };
+  Resultado<std::vector<Libre>> borrarLibres();
+
+ private:
+  Resultado<QString> ventas(qint64 link);
+
+  dao::Database& db_;
+  Periodos& p_;
+};
+
+}  // namespace tarvo::totals
