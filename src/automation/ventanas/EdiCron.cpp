@@ -114,7 +114,7 @@ void EdiCron::pedirNombre() {
   ui_.pnlEdicion->hide();
   ui_.pnlNombre->show();
   tamano_ = size();
-  resize(width(), 0);  // as low as the question allows
+  resize(width(), layout()->minimumSize().height());  // as low as the question allows
   ui_.NomCron->setFocus();
 }
 
@@ -129,11 +129,12 @@ void EdiCron::aceptarNombre() {
 }
 
 void EdiCron::editarHorario(Horario horario) {
+  const int bajo = height();
   static_cast<void>(editar(std::move(horario)));
   ui_.pnlNombre->hide();
   ui_.pnlEdicion->show();
   if (tamano_.isValid()) {
-    move(pos() - QPoint(0, (tamano_.height() - height()) / 2));  // it grows around its middle
+    move(pos() - QPoint(0, (tamano_.height() - bajo) / 2));  // it grows around its middle
     crecer(std::exchange(tamano_, QSize()));
   }
   deshacer_->olvidar();
