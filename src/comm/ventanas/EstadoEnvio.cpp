@@ -53,14 +53,14 @@ std::vector<Columna> columnasEstado(const Textos& textos) {
            },
        .estado = [](const dao::Valor& v) { return formaDe(Situacion(v.entero())); }},
       {.titulo = ventanas::kTxDesde, .campo = u"DESDE"_s, .clase = Clase::Momento},
-      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 150}};
+      {.titulo = ventanas::kTxMotivo, .campo = u"MOTIVO"_s, .ancho = 132}};
 }
 
 std::vector<Columna> columnasFicha(const Textos& textos) {
   const QString igual = textos(kTxIgual), distinto = textos(kTxDistinto);
   return {{.titulo = kTxCampo, .campo = u"campo"_s, .ancho = 150},
-          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 152},
-          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 148},
+          {.titulo = kTxAqui, .campo = u"aqui"_s, .ancho = 144},
+          {.titulo = kTxEnBalanza, .campo = u"alli"_s, .ancho = 140},
           {.titulo = ventanas::kTxEstado,
            .campo = u"distinto"_s,
            .ancho = 108,
@@ -95,7 +95,7 @@ EstadoEnvio::~EstadoEnvio() {
 
 void EstadoEnvio::montar() {
   ui_.division->setStretchFactor(0, 1);
-  ui_.division->setSizes({escalar(748), escalar(592)});
+  ui_.division->setSizes({escalar(766), escalar(574)});
   ponerLetra(*ui_.LblCuenta, Letra::Secundaria);
   ponerLetra(*ui_.LblFicha, Letra::Secundaria);
   unir(ui_.Enviar, u"enviar"_s, Qt::Key_F6, [this] { enviar(); });
