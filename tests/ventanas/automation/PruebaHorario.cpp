@@ -132,6 +132,10 @@ TEST(Horarios, CerrarElActivoSePregunta) {
   QTest::keyClick(pieza<QCheckBox>(c, u"activo"_s), Qt::Key_Space);
   QTest::keyClick(c, Qt::Key_Escape);
   EXPECT_FALSE(s.abierta(u"Cronos"_s));
+  // Stopped from outside, where nobody may be, it doesn't ask either.
+  c = s.todas().abrir(PuertaCronos{s.ruta(u"T.CRO"_s)});
+  s.cronos.parar();
+  EXPECT_TRUE(c->descargar());
 }
 
 // The editor activates what it has written.
