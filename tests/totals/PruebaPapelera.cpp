@@ -174,6 +174,28 @@ TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {
   EXPECT_EQ(r.error().clase, Fallo::Duplicado);
 }
 
+// A week at other dates holds none of the days of its former ones: adding them out again would make
+// a week of negative rows.
+TEST(Periodos, LaSemanaQueCambiaDeFechasSueltaSusDias) {
+  for (const bool cambiado : {false, true}) {
+    SCOPED_TRACE(cambiado);
+    ConPapelera t;
+    const qint64 dia = t.crear(kDiario, "05/06/2018");
+    t.plu(dia, 7, 3);
+    ASSERT_TRUE(bien(t.periodos.AcumularPeriodo(kSemanal, t.col(dia))));
+    const qint64 semana = bien(t.periodos.BuscarPeriodo(kSemanal, momento("05/06/2018"), {}))->LINK;
+    const Periodo otra = LimitesPeriodo(kSemanal, momento("12/06/2018"), momento("12/06/2018"));
+    const auto g = bien(guardarConManuales(t.periodos, semana, otra, {}));
+    EXPECT_FALSE(bien(t.periodos.DesacumularPeriodo(kSemanal, t.col(dia))));
+    EXPECT_EQ(t.leer(u"select count(*) from COLUMNA"_s), u"2");
+    if (cambiado) t.sql(u"update TOTPLU set CON=4 where LINK=1"_s);
+    const auto vuelta = deshacerGuardado(t.periodos, g);
+    EXPECT_EQ(vuelta.has_value(), !cambiado);
+    EXPECT_EQ(t.col(dia).ACUM2, !cambiado);
+    EXPECT_EQ(t.col(semana).periodo == otra, cambiado);
+  }
+}
+
 TEST(ConsultaFilas, SeriesYResumen) {
   ConPapelera t;
   t.articulo({.codigo = 9, .nombre = u"Pan"});

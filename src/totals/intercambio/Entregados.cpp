@@ -1,28 +1,11 @@
 #include "totals/intercambio/Entregados.h"
 
-#include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
-#include "totals/periodos/Clases.h"
 
 namespace tarvo::totals {
 
-// Its rows and their sums, kind by kind.
-Resultado<QString> Entregados::ventas(qint64 link) {
-  QStringList partes;
-  for (const ClaseTotal& c : todasLasClases())
-    TARVO_INTENTAR(dao::recorrer(
-        db_.consultar(dao::conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) "
-                                     u"FROM {totales} WHERE LINK=?",
-                                     {{u"totales", QString::fromUtf16(c.tabla)}}),
-                      link),
-        [&](const dao::Recordset& fila) {
-          for (int i = 0; i < 5; ++i) partes += QString::number(fila.entero(i));
-        }));
-  return partes.join(u' ');
-}
-
 Resultado<> Entregados::anotar(qint64 link) {
-  TARVO_TOMAR(const auto suyas, ventas(link));
+  TARVO_TOMAR(const auto suyas, p_.sumasDe(link));
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c "
                    u"WHERE c.LINK=BorradosPendientes.LINK AND c.FECHA1=BorradosPendientes.FECHA1 "
@@ -59,7 +42,7 @@ Resultado<std::vector<Entregados::Libre>> Entregados::borrarLibres() {
     TARVO_TOMAR(const auto debidos, p_.debidosDe(nota.link));
     if (!debidos.isEmpty()) continue;
     TARVO_TOMAR(const auto c, p_.columna(nota.link));
-    TARVO_TOMAR(const auto suyas, ventas(nota.link));
+    TARVO_TOMAR(const auto suyas, p_.sumasDe(nota.link));
     const bool igual = suyas == nota.ventas;
     if (igual) TARVO_INTENTAR(p_.BorrarEntregado(nota.link));
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE LINK=?", nota.link));

@@ -23,8 +23,6 @@ class Entregados {
   Resultado<std::vector<Libre>> borrarLibres();
 
  private:
-  Resultado<QString> ventas(qint64 link);
-
   dao::Database& db_;
   Periodos& p_;
 };

@@ -1,5 +1,7 @@
 #include "totals/periodos/Manuales.h"
 
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 #include "totals/periodos/Calendario.h"
 #include "totals/periodos/FilasTotales.h"
@@ -51,13 +53,47 @@ Resultado<std::vector<Periodo>> mayoresNuevos(Periodos& periodos, const Columna&
   return v;
 }
 
+Resultado<> soltar(Periodos& periodos, const Periodo& mayor, Guardado& g) {
+  if (mayor.tipo < kSemanal || mayor.tipo > kAnual || mayor == g.ahora) return {};
+  TARVO_TOMAR(const auto links,
+              dao::reunir(periodos.base().consultar(
+                              dao::conMarcas(u"SELECT LINK FROM COLUMNA WHERE FECHA1>=? AND "
+                                             u"FECHAF<=? AND TIPO<>? AND {marca}<>0",
+                                             {{u"marca", marcaDe(mayor.tipo)}}),
+                              mayor.desde, mayor.hasta, mayor.tipo),
+                          [](const dao::Recordset& fila) { return fila.entero(0); }));
+  for (const qint64 link : links) {
+    TARVO_TOMAR(auto sumas, periodos.sumasDe(link));
+    g.sueltos.emplace_back(link, std::move(sumas));
+  }
+  return periodos.soltarAcumulados(mayor);
+}
+
+Resultado<> recoger(Periodos& periodos, const Periodo& mayor, const Guardado& g) {
+  for (const auto& [link, sumas] : g.sueltos) {
+    TARVO_TOMAR(const auto suyo, periodos.columna(link));
+    if (!suyo) continue;
+    TARVO_TOMAR(const auto ahora, periodos.sumasDe(link));
+    if (ahora != sumas || suyo->acumulado(mayor.tipo))
+      return fallo(
+          Fallo::Duplicado,
+          periodos.textos()(kTxFechasCambiado, {TextoPeriodo(mayor), TextoPeriodo(suyo->periodo)}));
+    TARVO_INTENTAR(
+        periodos.base().ejecutar(dao::conMarcas(u"UPDATE COLUMNA SET {marca}=1 WHERE LINK=?",
+                                                {{u"marca", marcaDe(mayor.tipo)}}),
+                                 link));
+  }
+  return {};
+}
+
 Resultado<> cambiar(Periodos& periodos, Guardado& g) {
   TARVO_TOMAR(const auto c, periodos.columna(g.link));
   if (!c) return fallo(Fallo::NoExiste, periodos.textos()(kTxSinPeriodo, {g.link}));
   g.antes = c->periodo;
   TARVO_TOMAR(g.salio, periodos.saldriaDe(g.link, g.ahora.tipo, g.ahora.desde, g.ahora.hasta));
   TARVO_TOMAR(g.creados, mayoresNuevos(periodos, *c, g.ahora));
-  return periodos.CambiarPeriodo(g.link, g.ahora.tipo, g.ahora.desde, g.ahora.hasta, true);
+  TARVO_INTENTAR(periodos.CambiarPeriodo(g.link, g.ahora.tipo, g.ahora.desde, g.ahora.hasta, true));
+  return soltar(periodos, *g.antes, g);
 }
 
 // Rows that are left all zero hold no information.
@@ -92,7 +128,7 @@ Resultado<> devolverFechas(Periodos& periodos, const Guardado& g) {
     TARVO_TOMAR(const auto vacio, periodos.sinVentas(mayor->LINK));
     if (vacio) TARVO_INTENTAR(periodos.BorrarPeriodo(mayor->LINK));
   }
-  return {};
+  return recoger(periodos, antes, g);
 }
 
 Resultado<> quitarNuevo(Periodos& periodos, const Guardado& g) {

@@ -29,6 +29,9 @@ struct Guardado {
   std::vector<EntradaManual> entradas = {};
   std::vector<Periodo> salio = {};    // larger periods that lost its sales
   std::vector<Periodo> creados = {};  // larger periods created for its new dates
+  // Those accumulated in it, a larger period, by number and rows (Periodos::sumasDe): at its new
+  // dates it is not theirs any more, and they may be accumulated again.
+  std::vector<std::pair<qint64, QString>> sueltos = {};
   bool cambia() const { return antes != ahora || !entradas.empty(); }
 };
 
@@ -39,7 +42,7 @@ Resultado<Guardado> guardarConManuales(Periodos& periodos, qint64 link, const Pe
                                        const std::vector<EntradaManual>& entradas);
 // Undoes it, in one transaction: the entries, the dates with what they moved, and a new period
 // unless it has other totals by now (Restriccion). NoExiste when it is no longer the same period,
-// Duplicado when another one has its former dates.
+// Duplicado when another one has its former dates, or one that it held has changed.
 Resultado<> deshacerGuardado(Periodos& periodos, const Guardado& guardado);
 
 }  // namespace tarvo::totals

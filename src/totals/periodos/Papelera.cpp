@@ -102,29 +102,12 @@ Resultado<> Papelera::guardarAcumulados(qint64 lote, const Columna& c) {
               p.desde, p.hasta, p.tipo, p.desde, p.hasta, p.tipo),
           [](const dao::Recordset& fila) { return fila.entero(0); }));
   for (const qint64 link : dentro) {
-    TARVO_TOMAR(const auto sumas, sumasDe(link));
+    TARVO_TOMAR(const auto sumas, p_.sumasDe(link));
     TARVO_INTENTAR(
         db_.ejecutar(u"INSERT INTO PapeleraMarcas (LOTE, LINK, DENTRO, SUMAS) VALUES (?, ?, ?, ?)",
                      lote, c.LINK, link, sumas));
   }
   return {};
-}
-
-// Empty for a period that is deleted as well.
-Resultado<QString> Papelera::sumasDe(qint64 link) {
-  TARVO_TOMAR(const auto c, p_.columna(link));
-  if (!c) return QString();
-  QStringList sumas;
-  for (const ClaseTotal& k : enVigor(a_))
-    TARVO_INTENTAR(dao::recorrer(
-        db_.consultar(conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) FROM "
-                                u"{tabla} WHERE LINK=?",
-                                {{u"tabla", NombreTabla(k.tipo)}}),
-                      link),
-        [&](const dao::Recordset& fila) {
-          for (int i = 0; i < 5; ++i) sumas << QString::number(fila.entero(i));
-        }));
-  return sumas.join(u' ');
 }
 
 // The record of replaced periods goes with the larger period that holds them.
@@ -232,7 +215,7 @@ Resultado<> Papelera::reponerAcumulados(qint64 lote, const Columna& c) {
           [](const dao::Recordset& fila) { return std::pair(fila.entero(0), fila.texto(1)); }));
   for (const auto& [link, sumas] : dentro) {
     TARVO_TOMAR(const auto suyo, p_.columna(link));
-    TARVO_TOMAR(const auto ahora, sumasDe(link));
+    TARVO_TOMAR(const auto ahora, p_.sumasDe(link));
     if (suyo && !sumas.isEmpty() && ahora != sumas)
       return fallo(Fallo::Duplicado,
                    p_.textos()(kTxRecuperarCambiado,

@@ -32,7 +32,6 @@ class Papelera {
   Resultado<> guardar(qint64 lote, const Columna& c, bool soloFilas);
   Resultado<> guardarSustituidos(qint64 lote, const Columna& c);
   Resultado<> guardarAcumulados(qint64 lote, const Columna& c);
-  Resultado<QString> sumasDe(qint64 link);
   Resultado<> comprobarSitio(const Columna& c, bool soloFilas);
   Resultado<> reponer(qint64 lote, const Columna& c, bool soloFilas);
   Resultado<> reponerSustituidos(qint64 lote, const Columna& c);

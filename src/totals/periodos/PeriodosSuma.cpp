@@ -1,4 +1,6 @@
 // Adding periods into one another.
+#include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
 #include "totals/periodos/FilasTotales.h"
 #include "totals/periodos/Periodos.h"
@@ -47,6 +49,22 @@ Resultado<bool> Periodos::sinVentas(qint64 link) {
     if (n.entero() > 0) return false;
   }
   return true;
+}
+
+Resultado<QString> Periodos::sumasDe(qint64 link) {
+  TARVO_TOMAR(const auto c, columna(link));
+  if (!c) return QString();
+  QStringList sumas;
+  for (const ClaseTotal& k : todasLasClases())
+    TARVO_INTENTAR(dao::recorrer(
+        db_.consultar(dao::conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) "
+                                     u"FROM {tabla} WHERE LINK=?",
+                                     {{u"tabla", QString::fromUtf16(k.tabla)}}),
+                      link),
+        [&](const dao::Recordset& fila) {
+          for (int i = 0; i < 5; ++i) sumas << QString::number(fila.entero(i));
+        }));
+  return sumas.join(u' ');
 }
 
 // The number of the larger period; it is created if missing.
