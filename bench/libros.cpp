@@ -149,9 +149,31 @@ void recibirTodo(dao::Database& db) {
                   u"(SELECT 'SesionHasta' AS CLAVE UNION SELECT 'SesionACero')"));
 }
 
-double memorizar() {
+// Every group confirmed its zeroing unseen, and its reading shows that it obeyed.
+void confirmarTodo(dao::Database& db) {
+  bien(
+      db.ejecutar(u"INSERT INTO CeroFilas SELECT GRUPO, 16, 0, CODI, 0, CON+5, PES, [IMP]+100, SCO "
+                  u"FROM TOTPLU WHERE LINK=0"));
+  bien(
+      db.ejecutar(u"INSERT INTO Ceros (GRUPO, ADDR, HECHO) SELECT CODGPO, 0, #3/3/2026 "
+                  u"22:00:00# FROM GRUPOS"));
+}
+
+const char* const kInsertMemoria =
+    "INSERT INTO TOTPLU (LINK,GRUPO,CODI,CON,PES,IMP,SCO) SELECT "
+    "1,GRUPO,CODI,CON,PES,IMP,SCO FROM TOTPLU WHERE LINK=0";
+const char* const kCompararTodo =
+    "CREATE TEMP TABLE vista AS SELECT b.GRUPO, count(*), SUM(COALESCE(n.CON,0)<b.CON), "
+    "SUM(n.CON=b.CON AND n.IMP=b.IMP) FROM CeroFilas b LEFT JOIN TOTPLU n ON n.LINK=0 AND "
+    "n.GRUPO=b.GRUPO AND n.CODI=b.CODI GROUP BY b.GRUPO; DELETE FROM CeroFilas";
+
+double memorizarTienda(bool confirmada) {
   Copias copias(kGruposMemoria);
-  recibirTodo(*bien(dao::Database::OpenDatabase(copias.original())));
+  {
+    const auto db = bien(dao::Database::OpenDatabase(copias.original()));
+    recibirTodo(*db);
+    if (confirmada) confirmarTodo(*db);
+  }
   return razonDe(
       [&](const Cronometro& medido) {
         const QString ruta = copias.nueva();
@@ -161,6 +183,7 @@ double memorizar() {
           medido([&] { bien(l.cerrSes.LaSesion(true, 0, l.avisos)); });
           const auto n = bien(db->uno(u"SELECT count(*) FROM TOTPLU WHERE LINK>0")).entero();
           if (n != kGruposMemoria * kArticulosLibros) morir(QString::number(n));
+          if (bien(db->uno(u"SELECT count(*) FROM CeroFilas")).entero() != 0) morir(ruta);
         }
         Copias::quitar(ruta);
       },
@@ -169,9 +192,8 @@ double memorizar() {
         {
           Crudo c(ruta);
           medido([&] {
-            c.ejecutar(
-                "INSERT INTO TOTPLU (LINK,GRUPO,CODI,CON,PES,IMP,SCO) SELECT "
-                "1,GRUPO,CODI,CON,PES,IMP,SCO FROM TOTPLU WHERE LINK=0");
+            if (confirmada) c.ejecutar(kCompararTodo);
+            c.ejecutar(kInsertMemoria);
           });
         }
         Copias::quitar(ruta);
@@ -179,9 +201,17 @@ double memorizar() {
       3);
 }
 
+double memorizar() {
+  return memorizarTienda(false);
+}
+double juzgarYMemorizar() {
+  return memorizarTienda(true);
+}
+
 const AltaMedida kMedidasLibros[] = {
     {"libros.decodificar_y_almacenar", 0.8, almacenarLecturas},
     {"libros.memorizar", 0.7, memorizar},
+    {"libros.juzgar_confirmados", 0.5, juzgarYMemorizar},
 };
 
 }  // namespace

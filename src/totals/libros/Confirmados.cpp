@@ -43,12 +43,11 @@ Resultado<> guardarClase(Database& db, int grupo, int addr, TipoTotal clase, boo
         grupo, numeroDe(clase), addr));
     return {};
   }
-  TARVO_INTENTAR(db.ejecutar(
-      conMarcas(u"INSERT INTO CeroFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
-                u"SELECT GRUPO, ?, ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} WHERE LINK=0 "
-                u"AND GRUPO=? AND (CON<>0 OR PES<>0 OR IMP<>0 OR SCO<>0)",
-                {{u"hora", horaDe(claseDe(clase))}, {u"tabla", NombreTabla(clase)}}),
-      numeroDe(clase), addr, grupo));
+  TARVO_INTENTAR(copiarBandeja(db, u"CeroFilas", grupo, clase, addr));
+  TARVO_INTENTAR(
+      db.ejecutar(u"DELETE FROM CeroFilas WHERE GRUPO=? AND CLASE=? AND ADDR=? AND "
+                  u"CON=0 AND PES=0 AND IMP=0 AND SCO=0",
+                  grupo, numeroDe(clase), addr));
   return {};
 }
 

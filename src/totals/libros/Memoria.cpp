@@ -6,6 +6,7 @@
 
 #include "totals/TextosTotals.h"
 #include "totals/libros/Partes.h"
+#include "totals/libros/SesionInterior.h"
 
 namespace tarvo::totals {
 
@@ -183,13 +184,7 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
         u"ADDR NOT IN (SELECT ADDR FROM Ceros WHERE Ceros.GRUPO=LectFilas.GRUPO AND SEC_HECHO>?)"_s,
         r.CODGPO, numeroDe(r.clase), sec));
   } else if (parte && queda) {
-    TARVO_INTENTAR(db_.ejecutar(
-        sobreFilas(
-            u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
-            u"SELECT i.GRUPO, ?, ?, i.CODI, {horaI}, i.CON, i.PES, i.IMP, i.SCO FROM {tabla} i "
-            u"WHERE i.LINK=0 AND i.GRUPO=?",
-            claseDe(r.clase)),
-        numeroDe(r.clase), addr, r.CODGPO));
+    TARVO_INTENTAR(copiarBandeja(db_, u"BaseFilas", r.CODGPO, r.clase, static_cast<int>(addr)));
   }
   const bool aparte = varias || parte;
   if (aparte) {

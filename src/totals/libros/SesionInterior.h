@@ -46,6 +46,9 @@ inline constexpr auto kTrasElCero =
 // whole since: they are in the machine alone. 0 for a person at a window.
 Resultado<std::optional<qint64>> olvidadoSinMemorizar(dao::Database& db, int grupo);
 
+// Adds the rows of a group's only machine from the inbox to a table of counters by machine.
+Resultado<> copiarBandeja(dao::Database& db, QStringView tabla, int grupo, TipoTotal clase,
+                          int addr);
 // Keeps the memorised but not yet zeroed rows of a kind apart from the inbox, which is about to be
 // refilled.
 Resultado<> apartarBase(dao::Database& db, int grupo, TipoTotal clase);

@@ -136,6 +136,18 @@ QString sobreSesion(QStringView sentencia, TipoTotal tipo) {
 
 }  // namespace
 
+Resultado<> copiarBandeja(Database& db, QStringView tabla, int grupo, TipoTotal tipo, int addr) {
+  TARVO_INTENTAR(db.ejecutar(
+      conMarcas(u"INSERT INTO {destino} (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
+                u"SELECT i.GRUPO, ?, ?, i.CODI, {hora}, i.CON, i.PES, i.IMP, i.SCO FROM {tabla} i "
+                u"WHERE i.LINK=0 AND i.GRUPO=?",
+                {{u"destino", tabla.toString()},
+                 {u"hora", horaDe(claseDe(tipo), u"i")},
+                 {u"tabla", NombreTabla(tipo)}}),
+      numeroDe(tipo), addr, grupo));
+  return {};
+}
+
 Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
   TARVO_TOMAR(
       auto rs,
@@ -145,7 +157,7 @@ Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
           grupo, numeroDe(tipo)));
   if (rs->Eof()) return {};
   const bool varias = rs->entero(0) > 1;
-  const qint64 addr = rs->entero(1);
+  const auto addr = static_cast<int>(rs->entero(1));
   TARVO_INTENTAR(
       db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, grupo, numeroDe(tipo)));
   if (varias) {
@@ -153,12 +165,7 @@ Resultado<> apartarBase(Database& db, int grupo, TipoTotal tipo) {
         db.ejecutar(u"INSERT INTO BaseFilas SELECT * FROM LectFilas WHERE GRUPO=? AND CLASE=?"_s,
                     grupo, numeroDe(tipo)));
   } else {
-    TARVO_INTENTAR(db.ejecutar(
-        conMarcas(u"INSERT INTO BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON, PES, IMP, SCO) "
-                  u"SELECT GRUPO, ?, ?, CODI, {hora}, CON, PES, IMP, SCO FROM {tabla} WHERE LINK=0 "
-                  u"AND GRUPO=?",
-                  {{u"hora", horaDe(claseDe(tipo))}, {u"tabla", NombreTabla(tipo)}}),
-        numeroDe(tipo), addr, grupo));
+    TARVO_INTENTAR(copiarBandeja(db, u"BaseFilas", grupo, tipo, addr));
   }
   TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET APARTE=1 WHERE GRUPO=? AND CLASE=?"_s, grupo,
                              numeroDe(tipo)));
