@@ -89,6 +89,7 @@ class Ejecutor {
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
                           Exportados& ya, Hecho& h);
   Resultado<bool> exportarUno(const Pendientes::Exporte& e, bool corto);
+  Resultado<bool> yaEntregado(const Pendientes::Exporte& e);
   void exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h);
   Resultado<> anotarExportes(const Pendientes::Destino& destino, const Exportados& ya, Hecho& h);
   Resultado<> borrarEntregados(Hecho& h);

@@ -49,17 +49,34 @@ void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos
   }
 }
 
+// In the file, and waiting for its deletion, since an earlier export.
+Resultado<bool> Ejecutor::yaEntregado(const Pendientes::Exporte& e) {
+  if (!e.borrar.value_or(false)) return false;
+  TARVO_TOMAR(const bool deEste, t_.xporTot.terminado(e.marca));
+  if (deEste) return false;
+  return t_.xporTot.entregados().tiene(e.ruta, e.link);
+}
+
 // Each period has its own mark: one that can't be exported holds back no other.
 void Ejecutor::exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h) {
   for (const auto& uno : ya.propios) {
-    const auto r = exportarUno(uno, x.como.corto);
+    const auto antes = yaEntregado(uno);
+    if (antes && *antes) {
+      h.decir(t_.textos(kTxYaEntregado, {NombreFichero(uno.ruta), nombrePeriodo(uno.link)}));
+      continue;
+    }
+    const auto r = antes ? exportarUno(uno, x.como.corto) : antes;
     if (r && *r) {
       ya.saldados.push_back(uno);
       continue;
     }
     h.error(kErrorExportar);
+    if (r) {
+      h.decir(t_.textos(kTxExportarBorrado, {NombreFichero(uno.ruta)}));
+      continue;
+    }
     ya.debidos.push_back(uno);
-    if (!r) h.decir(r.error().texto);
+    h.decir(r.error().texto);
     h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(uno.link)}));
   }
 }

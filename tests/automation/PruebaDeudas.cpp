@@ -186,6 +186,29 @@ TEST_F(BorradoTest, NoSeBorraLoQueNadiePidioNiLoQueHaCambiado) {
   EXPECT_EQ(periodos(), 1) << "OTRO.EXP has a block without the correction";
 }
 
+// A period that waits for its deletion goes into its file once, however often it is selected.
+TEST_F(BorradoTest, LoQueEsperaNoSeEscribeOtraVez) {
+  exportar(u"No"_s, u"VENTAS"_s);
+  for (int noche = 0; noche < 3; ++noche)
+    EXPECT_EQ(exportar(u"Sí"_s, u"OTRO"_s).filter(u"Ya está en OTRO.EXP"_s).size(),
+              noche == 0 ? 0 : 1);
+  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*lunes"_s), 1);
+  p_->sql(u"UPDATE TOTPLU SET PES=2"_s);
+  exportar(u"Sí"_s, u"OTRO"_s);
+  EXPECT_EQ(tienda_.texto(u"OTRO.EXP"_s).count(u"*lunes"_s), 2) << "it holds something else";
+}
+
+// Nothing is promised of a period that an earlier step has deleted.
+TEST_F(BorradoTest, LoQueBorroElPasoAnteriorNoSeDebe) {
+  p_->lineas.clear();
+  correr(
+      u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,Sí,OTRO\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s,
+      *p_);
+  EXPECT_EQ(p_->fin, ResultadoProceso::Problemas);
+  EXPECT_EQ(p_->lineas.filter(u"un paso anterior lo borró"_s).size(), 1);
+  EXPECT_EQ(p_->lineas.filter(u"Queda pendiente"_s).size(), 0);
+}
+
 // Killed at any moment of the export that deletes or of the one that pays, and started again.
 TEST(Deudas, UnCorteNoPierdeElBorradoNiElPeriodo) {
   int cortes = 0;
@@ -217,6 +240,33 @@ TEST(Deudas, UnCorteNoPierdeElBorradoNiElPeriodo) {
       EXPECT_EQ(tienda.texto(fichero).count(u"*lunes"_s), 1) << cortes << fichero.toStdString();
   }
   EXPECT_GT(cortes, 10);
+}
+
+// Killed at any moment of an export that deletes at once, and started again: nothing is amiss.
+TEST(Deudas, UnCorteDeLoQueSeBorraNoAcusaANadie) {
+  int cortes = 0;
+  for (bool cortado = true; cortado; ++cortes) {
+    TiendaDeProcesos tienda;
+    tienda.programa()->periodo(
+        {.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"lunes"});
+    const QString proceso = u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,Sí,OTRO\r\n"_s;
+    cortado = false;
+    try {
+      const auto p = tienda.programa(cortes + 1);
+      p->correr(proceso);
+      EXPECT_TRUE(p->hastaElFin());
+    } catch (const Corte&) {
+      cortado = true;
+    }
+    const auto p = tienda.programa();
+    if (cortado) {
+      p->correr(proceso);
+      EXPECT_TRUE(p->hastaElFin());
+      EXPECT_EQ(p->fin, ResultadoProceso::Bien) << p->lineas.join(u'\n').toStdString();
+    }
+    EXPECT_EQ(tienda.texto(u"OTRO.EXP"_s).count(u"*lunes"_s), 1) << cortes;
+  }
+  EXPECT_GT(cortes, 5);
 }
 
 // A name that contains the date means another file every night: the debt goes to that of its night.

@@ -4,7 +4,13 @@
 
 namespace tarvo::totals {
 
-Resultado<> Entregados::anotar(qint64 link) {
+namespace {
+
+constexpr QChar kEntreRutas = u'\n';
+
+}  // namespace
+
+Resultado<> Entregados::anotar(qint64 link, const QString& ruta) {
   TARVO_TOMAR(const auto suyas, p_.sumasDe(link));
   TARVO_INTENTAR(
       db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c "
@@ -14,7 +20,23 @@ Resultado<> Entregados::anotar(qint64 link) {
       db_.ejecutar(u"INSERT OR IGNORE INTO BorradosPendientes (LINK, FECHA1, FECHAF, VENTAS) "
                    u"SELECT LINK, FECHA1, FECHAF, ? FROM COLUMNA WHERE LINK=?",
                    suyas, link));
+  TARVO_TOMAR(const bool ya, tiene(ruta, link));
+  if (ya) return {};
+  TARVO_TOMAR(const auto rutas,
+              db_.uno(u"SELECT RUTAS FROM BorradosPendientes WHERE LINK=?", link));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE BorradosPendientes SET RUTAS=? WHERE LINK=? AND VENTAS=?",
+                              rutas.texto() + ruta + kEntreRutas, link, suyas));
   return {};
+}
+
+Resultado<bool> Entregados::tiene(const QString& ruta, qint64 link) {
+  TARVO_TOMAR(const auto suyas, p_.sumasDe(link));
+  TARVO_TOMAR(const auto rs,
+              db_.consultar(u"SELECT b.RUTAS FROM BorradosPendientes b INNER JOIN COLUMNA c ON "
+                            u"c.LINK=b.LINK AND c.FECHA1=b.FECHA1 AND c.FECHAF=b.FECHAF WHERE "
+                            u"b.LINK=? AND b.VENTAS=?",
+                            link, suyas));
+  return !rs->Eof() && rs->texto(0).split(kEntreRutas).contains(ruta);
 }
 
 Resultado<bool> Entregados::espera(qint64 link) {

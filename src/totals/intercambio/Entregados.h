@@ -10,9 +10,11 @@ class Entregados {
  public:
   explicit Entregados(Periodos& periodos) : db_(periodos.base()), p_(periodos) {}
 
-  // The period, whose sales are in a file now, is to be deleted once nothing is owed of it. What it
-  // holds now is what that file got: of several notes the first one counts.
-  Resultado<> anotar(qint64 link);
+  // The period, whose sales are in this file now, is to be deleted once nothing is owed of it. What
+  // it holds now is what that file got: of several notes the first one counts.
+  Resultado<> anotar(qint64 link, const QString& ruta);
+  // It waits, and the file got what it holds now.
+  Resultado<bool> tiene(const QString& ruta, qint64 link);
   Resultado<bool> espera(qint64 link);
   // A period of which nothing is owed any more. One whose sales have changed since it was exported
   // stays, and is not to be deleted any more.

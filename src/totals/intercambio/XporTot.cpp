@@ -161,7 +161,7 @@ Resultado<> XporTot::pagar(qint64 link, const QStringList& rutas) {
               db_.uno(u"SELECT count(*) FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?) "
                       u"AND BORRAR<>0",
                       link, rutas.first(), rutas.last()));
-  if (deseos.entero() > 0) TARVO_INTENTAR(entregados().anotar(link));
+  if (deseos.entero() > 0) TARVO_INTENTAR(entregados().anotar(link, rutas.last()));
   TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM ExportesPendientes WHERE LINK=? AND RUTA IN (?, ?)",
                               link, rutas.first(), rutas.last()));
   return {};
@@ -173,7 +173,7 @@ Resultado<QStringList> XporTot::borrarEntregado(qint64 link, const QStringList& 
   if (debidos.isEmpty())
     TARVO_INTENTAR(p_.BorrarEntregado(link));
   else
-    TARVO_INTENTAR(entregados().anotar(link));
+    TARVO_INTENTAR(entregados().anotar(link, salvo.last()));
   return debidos;
 }
 
@@ -193,6 +193,11 @@ Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, con
   TARVO_INTENTAR(t.confirmar());
   if (quedan.isEmpty()) return {};
   return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));
+}
+
+Resultado<bool> XporTot::terminado(const QString& marca) {
+  TARVO_TOMAR(const auto avance, avanceDe(marca));
+  return avance.terminado;
 }
 
 Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,

@@ -47,6 +47,8 @@ class XporTot {
   // The file as it is kept in the database, and back.
   QString anotada(const QString& ruta) const;
   QString fichero(const QString& anotada) const;
+  // An export of this mark is in its file and in the database.
+  Resultado<bool> terminado(const QString& marca);
   Entregados entregados() { return Entregados(p_); }
 
  private:

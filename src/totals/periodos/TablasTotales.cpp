@@ -76,7 +76,9 @@ dao::TablasDeSala tablasTotales() {
                     {5, kMarcasTiradas},
                     dao::columna(6, QStringLiteral("ExportesAbiertos"), QStringLiteral("CARPETA"),
                                  QStringLiteral("TEXT DEFAULT ''")),
-                    {7, kBorradosPendientes}},
+                    {7, kBorradosPendientes},
+                    dao::columna(8, QStringLiteral("BorradosPendientes"), QStringLiteral("RUTAS"),
+                                 QStringLiteral("TEXT DEFAULT ''"))},
           .copias = {}};
 }
 
