@@ -20,6 +20,7 @@ struct Caso {
   int otras;      // articles with a greater sale
   Dicho dicho;
   Tras tras = Tras::SinVer;
+  int nuevos = 0;  // articles that only the next day has
 };
 
 constexpr Caso kCasos[] = {
@@ -36,13 +37,15 @@ constexpr Caso kCasos[] = {
     {"obedece, se ve, y vende más de todo", true, 12, 150, 0, 12, Dicho::Nada, Tras::Cero},
     {"obedece y no vende", true, 12, 150, 0, 0, Dicho::Nada},
     {"obedece y vende el único artículo", true, 1, 150, 1, 0, Dicho::Preguntada},
-    {"miente y le devuelven cuatro", false, 27, 150, -4, 0, Dicho::Nombrada},
+    {"miente y le devuelven cuatro", false, 27, 150, -4, 0, Dicho::Preguntada},
     {"miente, se ve, y le devuelven cuatro", false, 27, 150, -4, 0, Dicho::Nada, Tras::Igual},
     {"miente, se ve, y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
     {"obedece tarde y vende más de todo", true, 5, 0, 0, 5, Dicho::Preguntada, Tras::Igual},
     {"miente y vende de todo", false, 5, 0, 0, 5, Dicho::Preguntada},
     {"obedece, por unidades, y vende casi lo mismo", true, 27, 0, 21, 0, Dicho::Preguntada},
     {"obedece, de peso fijo, y vende casi lo mismo", true, 6, 150, 5, 0, Dicho::Preguntada},
+    {"obedece, de peso fijo, y vende uno por otro", true, 24, 150, 20, 0, Dicho::Preguntada,
+     Tras::SinVer, 4},
     {"miente y vende casi de todo", false, 12, 0, 0, 11, Dicho::Preguntada},
 };
 
@@ -95,6 +98,7 @@ TEST_P(ConfirmadosCasos, CadaVentaEstaUnaVez) {
     if (noche == 2) vender(0, 1, 70);
     if (noche == 1 && c.iguales > 0) vender(0, c.iguales, c.gramos);
     if (noche == 1 && c.iguales < 0) vender(0, -c.iguales, c.gramos, -1);
+    if (noche == 1) vender(c.articulos, c.articulos + c.nuevos, c.gramos);
     if (noche == 1)
       vender(c.iguales > 0 ? c.iguales : 0, std::max(c.iguales, 0) + c.otras, c.gramos, 2);
     leerYMemorizar();

@@ -63,12 +63,9 @@ bool muchasBajas(const Testimonio& f) {
 }
 
 // A machine that forgot and sold most of the same pieces again looks like one that kept everything
-// and took a few back: those are gone, its count fell, and weights show no difference.
-bool puedeSerOtroDia(const Testimonios& t) {
-  const Testimonio& f = masFino(t);
-  const Testimonio& g = granTotalDe(t);
-  return f.bajas > 0 && f.bajas == f.desaparecidas && f.iguales >= kPorBaja * f.bajas &&
-         g.conAhora < g.conAntes && kPorPesoIgual * f.pesosIguales < kNoEsAzar;
+// and took a few back: those are gone. Packed goods have the same weights every day.
+bool puedeSerOtroDia(const Testimonio& f) {
+  return f.bajas > 0 && f.bajas == f.desaparecidas && f.iguales >= kPorBaja * f.bajas;
 }
 
 }  // namespace
@@ -158,13 +155,14 @@ bool firmes(const Testimonios& t) {
 
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (quietos(t)) return Veredicto::Guarda;
-  if (sospecha && puedeSerOtroDia(t)) return Veredicto::Duda;
+  const Testimonio& f = masFino(t);
+  const Testimonio& g = granTotalDe(t);
+  const bool sinPesos = kPorPesoIgual * f.pesosIguales < kNoEsAzar;
+  if (sospecha && g.conAhora < g.conAntes && sinPesos && puedeSerOtroDia(f)) return Veredicto::Duda;
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
   if (firmes(t)) return Veredicto::Guarda;
-  const Testimonio& f = masFino(t);
-  const Testimonio& g = granTotalDe(t);
   const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
   const bool muchas = muchasBajas(f);
@@ -177,7 +175,7 @@ Veredicto juzgarConfirmada(const Testimonios& t) {
   if (f.claves == 0) return Veredicto::Olvido;
   if (f.iguales >= kPorBaja * f.bajas) {
     const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
-    return peso < kNoEsAzar || puedeSerOtroDia(t) ? Veredicto::Duda : Veredicto::Guarda;
+    return peso < kNoEsAzar || puedeSerOtroDia(f) ? Veredicto::Duda : Veredicto::Guarda;
   }
   return masQueDevoluciones(t) ? Veredicto::Olvido : Veredicto::Duda;
 }
