@@ -276,7 +276,11 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
   if (verbo == VerboPeriodos::Crear) return crear(p);
   if (verbo == VerboPeriodos::Sumar) return sumar();
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
-  if (verbo == VerboPeriodos::Stock) avisarDelStock(elegidos, h);
+  if (verbo == VerboPeriodos::Stock)
+    avisarDeDobles(t_.verTot.yaEnStock(elegidos), kTxStockDosVeces, h);
+  if (verbo == VerboPeriodos::Acumular)
+    avisarDeDobles(t_.verTot.yaAcumulados(elegidos, static_cast<int>(p.tipo)), kTxAcumuladoDosVeces,
+                   h);
   if (verbo == VerboPeriodos::Borrar) avisarDeLoQueNoVuelve(p, h);
   const auto r = operacion(p);
   if (!r)
@@ -291,12 +295,12 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
 }
 
 // What its author ordered is done, and reported.
-void Ejecutor::avisarDelStock(const std::vector<qint64>& links, Hecho& h) {
-  const auto dobles = t_.verTot.yaEnStock(links);
+void Ejecutor::avisarDeDobles(const Resultado<std::vector<totals::VerTot::Solape>>& dobles,
+                              int texto, Hecho& h) {
   if (!dobles) return h.decir(dobles.error().texto);
   for (const auto& d : *dobles)
-    h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(d.uno).simplified(),
-                                         totals::TextoPeriodo(d.otro).simplified()}));
+    h.decir(t_.textos(texto, {totals::TextoPeriodo(d.uno).simplified(),
+                              totals::TextoPeriodo(d.otro).simplified()}));
 }
 
 void Ejecutor::avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h) {

@@ -72,7 +72,8 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
-  void avisarDelStock(const std::vector<qint64>& links, Hecho& h);
+  void avisarDeDobles(const Resultado<std::vector<totals::VerTot::Solape>>& dobles, int texto,
+                      Hecho& h);
   QString sumandosDe(const totals::VerTot::Suma& suma) const;
   // REQUIRES a verb that acts on the selection or names its periods.
   void avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h);

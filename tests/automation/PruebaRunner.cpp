@@ -252,29 +252,43 @@ TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
   }
 }
 
-// Sales of a part that was taken off the stock, and would be again with the sum. Each row: the
-// steps after the periods were created and the first was discounted.
-TEST_F(RunnerTest, LoDescontadoDosVecesSeDice) {
-  const QString parte = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,03/03/2026\r\n"_s;
-  const QString total = u"P:LIMPIAR\r\nP:SELECCIONAR,5,02/03/2026,04/03/2026\r\n"_s;
-  const QString b = u"P:SELECCIONAR,5,03/03/2026,04/03/2026\r\n"_s;
+// Sales of a part and of its sum that are taken off the stock, or go into a week, twice: that is
+// said. Each row: what follows once the periods were created and a was discounted. An empty sum
+// holds nothing twice, whatever dates it has in common with its parts.
+TEST_F(RunnerTest, LoQueSeCuentaDosVecesSeDice) {
+  const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };
+  const QString a = elegir(u"02/03/2026,03/03/2026"), b = elegir(u"03/03/2026,04/03/2026");
+  const QString total = u"P:LIMPIAR\r\n"_s + elegir(u"02/03/2026,04/03/2026");
+  const QString suma = u"P:LIMPIAR\r\n"_s + a + b + u"P:SUMAR\r\n"_s;
   const struct {
     QString pasos;
-    int veces;
+    int stock, semana, solapa;
   } casos[] = {
-      {total + u"P:STOCK\r\n"_s + parte + b + u"P:SUMAR"_s, 2},
-      {parte + b + u"P:SUMAR"_s, 0},
-      {parte + b + u"P:SUMAR\r\n"_s + total + u"P:STOCK"_s, 2},
+      {total + u"P:STOCK\r\n"_s + suma, 2, 0, 0},
+      {suma, 0, 0, 0},
+      {suma + total + u"P:STOCK\r\n"_s, 2, 0, 0},
+      {suma + total + u"P:ACUMULAR,2\r\n"_s, 0, 2, 0},
+      {suma + u"P:LIMPIAR\r\n"_s + a + b + u"P:ACUMULAR,2\r\n"_s + total + u"P:ACUMULAR,2\r\n"_s, 0,
+       2, 0},
+      {suma + suma, 0, 0, 0},
   };
   for (const auto& c : casos) {
     SCOPED_TRACE(c.pasos.toStdString());
     TiendaDeProcesos tienda;
     const auto p = tienda.programa();
-    correr(u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"_s + parte +
+    correr(u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"_s + a +
                u"P:STOCK\r\nP:CREAR,5,02/03/2026,04/03/2026,t"_s,
            *p);
+    p->sql(
+        u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON) SELECT LINK, 1, 1, LINK FROM COLUMNA "
+        u"WHERE DESCR<>'t'"_s);
+    p->lineas.clear();
     const auto lineas = correr(c.pasos, *p);
-    EXPECT_EQ(lineas.filter(u"se descuentan otra vez"_s).size(), c.veces)
+    EXPECT_EQ(lineas.filter(u"se descuentan del stock dos veces"_s).size(), c.stock)
+        << lineas.join(u'\n').toStdString();
+    EXPECT_EQ(lineas.filter(u"se acumulan dos veces"_s).size(), c.semana)
+        << lineas.join(u'\n').toStdString();
+    EXPECT_EQ(lineas.filter(u"La suma cuenta dos veces"_s).size(), c.solapa)
         << lineas.join(u'\n').toStdString();
   }
 }

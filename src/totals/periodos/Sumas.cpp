@@ -137,6 +137,27 @@ Resultado<std::vector<Periodo>> Sumas::contenido(const Columna& c) {
   return todos;
 }
 
+Resultado<std::vector<Columna>> Sumas::quienesLoTienen(const Columna& c) {
+  std::vector<Columna> todos, porMirar{c};
+  while (!porMirar.empty()) {
+    const Periodo p = porMirar.back().periodo;
+    porMirar.pop_back();
+    TARVO_TOMAR(
+        const auto links,
+        dao::reunir(db_.consultar(
+                        u"SELECT DISTINCT LINK FROM Sumados WHERE TIPO=? AND FECHA1=? AND FECHAF=?",
+                        p.tipo, p.desde, p.hasta),
+                    [](const dao::Recordset& fila) { return fila.entero(0); }));
+    for (const qint64 link : links) {
+      TARVO_TOMAR(const auto suma, p_.columna(link));
+      if (!suma || link == c.LINK || std::ranges::count(todos, link, &Columna::LINK) > 0) continue;
+      todos.push_back(*suma);
+      porMirar.push_back(*suma);
+    }
+  }
+  return todos;
+}
+
 Resultado<std::vector<Periodo>> Sumas::repetidos(qint64 destino) {
   return dao::reunir(db_.consultar(u"SELECT TIPO, FECHA1, FECHAF FROM Sumados WHERE LINK=? AND "
                                    u"SOLAPA<>0 ORDER BY FECHA1, FECHAF",

@@ -27,6 +27,8 @@ class Sumas {
   // What a period holds by what is noted: the periods summed or accumulated into it, those in
   // these, and so on. Each once.
   Resultado<std::vector<Periodo>> contenido(const Columna& c);
+  // The periods into which this one was summed, those into which these were, and so on.
+  Resultado<std::vector<Columna>> quienesLoTienen(const Columna& c);
   // Those with sales counted twice in `destino`.
   Resultado<std::vector<Periodo>> repetidos(qint64 destino);
 

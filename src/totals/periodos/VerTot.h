@@ -68,12 +68,17 @@ class VerTot {
     std::vector<Periodo> ya;           // accumulated there before
     std::vector<Solape> relacionados;  // `uno` repeats sales of `otro`, there or before it
   };
-  // Sales that discounting these would take off the stock once more: `uno`, which is contained in
-  // `otro`, was discounted before or is among them.
+  // Sales that discounting these would take off the stock once more: `uno` was summed into `otro`,
+  // and the other of the two is off the stock or among them.
   Resultado<std::vector<Solape>> yaEnStock(const std::vector<qint64>& links);
+  // Sales that a larger period would get once more from these, in the same way.
+  Resultado<std::vector<Solape>> yaAcumulados(const std::vector<qint64>& links, int tipo);
   Resultado<Prevision> preverAcumular(const std::vector<qint64>& links, int tipo);
 
  private:
+  Resultado<std::vector<Solape>> porDuplicado(
+      const std::vector<qint64>& links, const std::function<bool(const Columna&)>& hecho,
+      const std::function<bool(const Periodo&, const Periodo&)>& juntos);
   Resultado<bool> conSeleccion(
       const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);

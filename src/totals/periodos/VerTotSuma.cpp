@@ -66,6 +66,11 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
   const Columna& destino = *suma.existente;
   const bool elegido = std::ranges::find(cuales, destino.LINK, &Columna::LINK) != cuales.end();
   TARVO_TOMAR(const auto enDestino, Sumas(p_).contenido(destino));
+  TARVO_TOMAR(const bool vacio, p_.sinVentas(destino.LINK));
+  if (vacio && enDestino.empty())  // it has nothing in common with any
+    std::erase_if(suma.solapes, [&](const Solape& s) {
+      return s.uno == destino.periodo || s.otro == destino.periodo;
+    });
   for (const Columna& c : cuales) {
     if (c.LINK == destino.LINK) continue;
     TARVO_TOMAR(const auto dentro, tieneDentro(destino, c));
@@ -83,19 +88,41 @@ Resultado<> VerTot::ponerSolapes(const std::vector<Columna>& cuales, Suma& suma)
   return {};
 }
 
-Resultado<std::vector<VerTot::Solape>> VerTot::yaEnStock(const std::vector<qint64>& links) {
+// Part and sum, where one of them is done or among `links`, and the other is to be.
+Resultado<std::vector<VerTot::Solape>> VerTot::porDuplicado(
+    const std::vector<qint64>& links, const std::function<bool(const Columna&)>& hecho,
+    const std::function<bool(const Periodo&, const Periodo&)>& juntos) {
   std::vector<Solape> v;
   for (const qint64 link : links) {
     TARVO_TOMAR(const auto c, p_.columna(link));
-    if (!c || c->stkADO > 0) continue;
+    if (!c || hecho(*c)) continue;
     TARVO_TOMAR(const auto dentro, Sumas(p_).contenido(*c));
     for (const Periodo& p : dentro) {
-      TARVO_TOMAR(const auto suyo, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
-      if (suyo && (suyo->stkADO > 0 || std::ranges::count(links, suyo->LINK) > 0))
-        v.push_back({p, c->periodo});
+      TARVO_TOMAR(const auto parte, p_.BuscarPeriodo(p.tipo, p.desde, p.hasta));
+      const bool tambien = parte && (hecho(*parte) || std::ranges::count(links, parte->LINK) > 0);
+      if (tambien && juntos(p, c->periodo)) v.push_back({p, c->periodo});
     }
+    TARVO_TOMAR(const auto sumas, Sumas(p_).quienesLoTienen(*c));
+    for (const Columna& suma : sumas)
+      if (hecho(suma) && juntos(c->periodo, suma.periodo)) v.push_back({c->periodo, suma.periodo});
   }
   return v;
+}
+
+Resultado<std::vector<VerTot::Solape>> VerTot::yaEnStock(const std::vector<qint64>& links) {
+  return porDuplicado(
+      links, [](const Columna& c) { return c.stkADO > 0; },
+      [](const Periodo&, const Periodo&) { return true; });
+}
+
+Resultado<std::vector<VerTot::Solape>> VerTot::yaAcumulados(const std::vector<qint64>& links,
+                                                            int tipo) {
+  return porDuplicado(
+      links, [tipo](const Columna& c) { return c.acumulado(tipo); },
+      [tipo](const Periodo& a, const Periodo& b) {
+        const auto suyo = Periodos::mayorDe(tipo, a);
+        return suyo && suyo == Periodos::mayorDe(tipo, b);
+      });
 }
 
 Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
