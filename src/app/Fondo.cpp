@@ -121,7 +121,7 @@ bool huboTienda(const QString& carpeta) {
 bool faltaLaBase(const Ajustes& ajustes) {
   const QFileInfo base(ajustes.BaseDatos);
   return ajustes.baseNombrada && !base.exists() && QFileInfo(base.path()).isDir() &&
-         huboTienda(ajustes.carpeta);
+         (huboTienda(ajustes.carpeta) || huboTienda(ajustes.HomeDir));
 }
 
 Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma idioma,

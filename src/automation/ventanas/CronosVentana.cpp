@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -193,6 +194,7 @@ void CronosVentana::ponerLineas() {
     filas.push_back(filaCron(i, entradas[i], static_cast<int>(i) == cronos_.siguiente()));
   ui_.ListaCron->vivas().poner(std::move(filas));
   ui_.ejecutar->setEnabled(!entradas.empty() && cronos_.activo());
+  ui_.ejecutar->setProperty(kPorQueNo, cronos_.activo() ? QString() : t(kTxDesactivado));
 }
 
 void CronosVentana::ponerProximo() {
@@ -218,6 +220,7 @@ void CronosVentana::ponerProximo() {
 
 void CronosVentana::arranca() {
   apartada_ = true;
+  tira().quitar();
   showMinimized();
   abrir(PuertaAutomat());
 }

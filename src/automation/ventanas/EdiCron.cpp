@@ -169,11 +169,19 @@ void EdiCron::ponerLinea() {
   linea_ = hay ? r.lineas[fila] : LineaActivacion{};
   mostrar();
   tocada_ = false;
+  insertada_.reset();
   pintarLinea();
   ui_.borrar->setEnabled(hay);
 }
 
+// A line that was just inserted goes as well.
 void EdiCron::cancelarLinea() {
+  const int fila = ui_.ListaBat->filaActual();
+  if (const auto cambio = std::exchange(insertada_, std::nullopt)) {
+    deshacer_->retirar(*cambio);
+    r.lineas.erase(r.lineas.begin() + fila);
+    ponerLista(fila);
+  }
   ponerLinea();
   ui_.ListaBat->vista()->setFocus();
 }
@@ -214,9 +222,10 @@ bool EdiCron::aplicarLinea() {
 void EdiCron::insertar() {
   if (tocada()) return;
   const auto fila = std::clamp<qsizetype>(ui_.ListaBat->filaActual(), 0, std::ssize(r.lineas));
-  apuntar(kTxQueInsertada, static_cast<int>(fila));
+  const int cambio = apuntar(kTxQueInsertada, static_cast<int>(fila));
   r.lineas.insert(r.lineas.begin() + fila, LineaActivacion{});
   ponerLista(static_cast<int>(fila));
+  insertada_ = cambio;
   ui_.Hora->setFocus();
   ui_.Hora->selectAll();
 }
@@ -231,16 +240,17 @@ void EdiCron::borrar() {
 }
 
 // Before a change of the lines: how they were.
-void EdiCron::apuntar(int que, int fila) {
-  deshacer_->apuntar(t(que), [this, fila, antes = r.lineas]() -> Resultado<Deshacer::Vuelto> {
-    if (tocada()) {
-      decirPista(t(kTxAcabeLinea));
-      return Deshacer::Vuelto{.queda = true};
-    }
-    r.lineas = antes;
-    ponerLista(fila);
-    return Deshacer::Vuelto();
-  });
+int EdiCron::apuntar(int que, int fila) {
+  return deshacer_->apuntar(t(que),
+                            [this, fila, antes = r.lineas]() -> Resultado<Deshacer::Vuelto> {
+                              if (tocada()) {
+                                decirPista(t(kTxAcabeLinea));
+                                return Deshacer::Vuelto{.queda = true};
+                              }
+                              r.lineas = antes;
+                              ponerLista(fila);
+                              return Deshacer::Vuelto();
+                            });
 }
 
 // --- closing ------------------------------------------------------------------------------------
@@ -279,7 +289,7 @@ void EdiCron::keyPressEvent(QKeyEvent* evento) {
   const bool intro = evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter;
   if (tocada() && intro)
     aplicarLinea();
-  else if (tocada() && evento->key() == Qt::Key_Escape)
+  else if ((tocada() || insertada_) && evento->key() == Qt::Key_Escape)
     cancelarLinea();
   else
     FichaDe::keyPressEvent(evento);

@@ -34,7 +34,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   void cancelarLinea();
   void pintarLinea();
   bool aplicarLinea();
-  void apuntar(int que, int fila);
+  int apuntar(int que, int fila);
   void insertar();
   void borrar();
   bool escribir();
@@ -47,6 +47,7 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   QString ruta_;
   LineaActivacion linea_;  // the copy in the controls
   bool tocada_ = false;
+  std::optional<int> insertada_;  // the current line was just inserted, by this change
   ventanas::Deshacer* deshacer_;
   QSize tamano_;  // of the window, while it only asks for a name
 };

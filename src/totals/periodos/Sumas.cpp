@@ -29,8 +29,8 @@ Resultado<> Sumas::guardar(qint64 origen, qint64 lote) {
   return {};
 }
 
-Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, bool solapan,
-                         qint64 lote) {
+Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales,
+                         const std::vector<Periodo>& dobles, qint64 lote) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(const auto marcas, p_.DesacumularTodo(destino));
   for (const Columna& c : cuales) {
@@ -39,7 +39,8 @@ Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales, boo
     TARVO_INTENTAR(p_.SumarPeriodo(destino, c.LINK));
     TARVO_INTENTAR(db_.ejecutar(
         u"INSERT INTO Sumados (LINK, LOTE, TIPO, FECHA1, FECHAF, SOLAPA) VALUES (?, ?, ?, ?, ?, ?)",
-        destino, lote, c.periodo.tipo, c.periodo.desde, c.periodo.hasta, solapan));
+        destino, lote, c.periodo.tipo, c.periodo.desde, c.periodo.hasta,
+        std::ranges::count(dobles, c.periodo) > 0));
   }
   TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
   return t.confirmar();

@@ -14,8 +14,10 @@ class Sumas {
   explicit Sumas(Periodos& periodos) : db_(periodos.base()), p_(periodos), a_(periodos.ajustes()) {}
 
   // Adds the rows of the periods, except those of `destino` itself; the larger periods of `destino`
-  // and the stock are updated. `solapan`: sales are counted twice. `lote` 0: permanently.
-  Resultado<> sumar(qint64 destino, const std::vector<Columna>& cuales, bool solapan, qint64 lote);
+  // and the stock are updated. `dobles`: those whose sales are counted twice. `lote` 0:
+  // permanently.
+  Resultado<> sumar(qint64 destino, const std::vector<Columna>& cuales,
+                    const std::vector<Periodo>& dobles, qint64 lote);
   // Takes the sum of the batch out again, and with `nuevo` the period made for it if nothing else
   // was added to it. NoExiste when it is no longer the same period.
   Resultado<> deshacer(qint64 destino, qint64 lote, bool nuevo = false);

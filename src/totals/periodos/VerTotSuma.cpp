@@ -152,9 +152,10 @@ Resultado<bool> VerTot::SumarIntv(qint64 lote, std::span<const qint64> sin) {
   if (destino->sumandos == 0) return true;
   TARVO_TOMAR(auto cuales, elegidas());
   std::erase_if(cuales, [&sin](const Columna& c) { return std::ranges::count(sin, c.LINK) > 0; });
-  const bool solapan = std::ranges::any_of(
-      destino->solapes, [&sin](const Solape& s) { return sin.empty() || !s.yaDentro; });
-  TARVO_INTENTAR(Sumas(p_).sumar(destino->existente->LINK, cuales, solapan, lote));
+  std::vector<Periodo> dobles;
+  for (const Solape& s : destino->solapes)
+    if (sin.empty() || !s.yaDentro) dobles.insert(dobles.end(), {s.uno, s.otro});
+  TARVO_INTENTAR(Sumas(p_).sumar(destino->existente->LINK, cuales, dobles, lote));
   TARVO_INTENTAR(t.confirmar());
   return true;
 }

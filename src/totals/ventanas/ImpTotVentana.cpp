@@ -168,28 +168,38 @@ Resultado<> ImpTotVentana::incorporarUno() {
   return {};
 }
 
-// A replaced period doesn't come back.
+// Neither a replaced period nor a sum comes back, and a file that was imported before would be
+// counted twice.
 bool ImpTotVentana::consiente(bool todos) {
   using namespace ventanas;
-  if (!ui_.BorrPrevio->isChecked() || (!todos && !bloque_->existente)) return true;
+  const bool borra = ui_.BorrPrevio->isChecked();
+  if (!bloque_->existente && !(todos && borra)) return true;
   const QString pregunta =
-      todos ? t(kTxSustituyeTodos) : t(kTxSustituyePeriodo).arg(TextoPeriodo(bloque_->periodo));
+      todos ? t(borra ? kTxSustituyeTodos : kTxSumaATodos)
+            : t(borra ? kTxSustituyePeriodo : kTxSumaAPeriodo).arg(TextoPeriodo(bloque_->periodo));
   return MyMsgBox::Decide(this, contexto().textos, pregunta,
                           kAceptoCancelo | kExclamacion | kPrudente);
+}
+
+// All blocks go on to one that a question hasn't covered.
+bool ImpTotVentana::sigue(bool consentido) const {
+  return bloque_ && (consentido || !bloque_->existente || ui_.BorrPrevio->isChecked());
 }
 
 void ImpTotVentana::Haz(bool todos) {
   if (estado_ != kListo) return ponerEstado(kSinFichero);
   if (!consiente(todos)) return;
   ponerEstado(kLeyendo);
-  ventanas::trabajar(*this, nullptr,
-                     {.que = t(kTxImportando),
-                      .total = fichero_->tamano(),
-                      .paso = [this](qint64) { return incorporarUno(); },
-                      .acabar = [this](const ventanas::Faena::Fin& fin) { acabar(fin); },
-                      .parado = [this] { return t(kTxInterrumpido); },
-                      .hasta = [this] { return fichero_->leidos(); },
-                      .sigue = [this, todos] { return todos && bloque_; }});
+  ventanas::trabajar(
+      *this, nullptr,
+      {.que = t(kTxImportando),
+       .total = fichero_->tamano(),
+       .paso = [this](qint64) { return incorporarUno(); },
+       .acabar = [this](const ventanas::Faena::Fin& fin) { acabar(fin); },
+       .parado = [this] { return t(kTxInterrumpido); },
+       .hasta = [this] { return fichero_->leidos(); },
+       .sigue = [this, todos,
+                 existe = bloque_->existente.has_value()] { return todos && sigue(existe); }});
 }
 
 void ImpTotVentana::acabar(const ventanas::Faena::Fin& fin) {

@@ -26,6 +26,7 @@ class ImpTotVentana final : public ventanas::Ventana {
   void mostrarBloque();
   void Haz(bool todos);
   bool consiente(bool todos);
+  bool sigue(bool consentido) const;
   Resultado<> incorporarUno();
   void acabar(const ventanas::Faena::Fin& fin);
   void Alto();

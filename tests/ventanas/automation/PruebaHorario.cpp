@@ -179,6 +179,17 @@ TEST(Horarios, AplicarPideProcesoYCancelarDevuelveLaLinea) {
   EXPECT_TRUE(s.abierta(u"EdiCron"_s)) << "Escape cancels the line, not the window";
   EXPECT_EQ(e->focusWidget(), lista->vista());
 
+  // A line that was just inserted goes with its Escape.
+  for (const bool conHora : {false, true}) {
+    QTest::keyClick(lista->vista(), Qt::Key_Insert);
+    EXPECT_EQ(lista->filas(), 3);
+    auto* hora = e->focusWidget();
+    if (conHora) QTest::keyClicks(hora, u"0745"_s);
+    QTest::keyClick(hora, Qt::Key_Escape);
+    EXPECT_EQ(lista->filas(), 2) << conHora;
+    EXPECT_TRUE(s.abierta(u"EdiCron"_s));
+  }
+
   QTest::keyClick(lista->vista(), Qt::Key_Insert);
   pieza<QAction>(e, u"guardar"_s)->trigger();
   EXPECT_EQ(e->tira().texto().left(8), u"La línea") << e->tira().texto().toStdString();

@@ -243,6 +243,34 @@ TEST(VentanaPeriodos, ImportarDiceEnQueEsta) {
   EXPECT_EQ(pintados.textos.value(borra + 1), u"En proceso de lectura...");
 }
 
+// A file that is imported again would count its sales twice: that is asked, and "all blocks" stops
+// before such a period.
+TEST(VentanaPeriodos, AcumularLoQueYaEstaSePregunta) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018", 2);
+  auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
+  x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
+  QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return QFile::exists(t.ruta(u"VENTAS.EXP"_s)); }));
+  x->descargar();
+  bien(t.periodos.BorrarPeriodo(lunes));
+  const QString suma = u"select sum([IMP]) from TOTPLU"_s, antes = t.leer(suma);
+  auto* i = t.abrir(u"ImpTot"_s);
+  i->findChild<QAbstractButton*>(u"Acumular"_s)->click();
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"hazTodos"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 2 && !i->trabajo().enMarcha(); }));
+  const QString elLunes = t.leer(suma);
+  EXPECT_NE(elLunes, antes);
+  EXPECT_EQ(i->findChild<QLabel*>(u"LbFecha"_s)->text(), u"5 junio 2018") << "it stops before it";
+  auto* lanzar = i->findChild<QPushButton*>(u"Haz"_s);
+  t.responder(u"Cancelo"_s);
+  QTest::keyClick(lanzar, Qt::Key_Return);
+  EXPECT_TRUE(t.textoModal.contains(u"se contarán dos veces"_s));
+  EXPECT_EQ(t.leer(suma), elLunes);
+}
+
 // Stopped between two blocks, it says so, and what was read stays.
 TEST(VentanaPeriodos, ImportarSePara) {
   MesaDeTotales t;

@@ -158,7 +158,7 @@ TEST(VentanaSesion, OlvidaYRecupera) {
   QTest::mouseClick(v->findChild<QPushButton*>(u"Olvidar"_s), Qt::LeftButton);
   EXPECT_TRUE(t.textoModal.startsWith(u"Los datos recibidos serán DEFINITIVAMENTE olvidados"));
   EXPECT_TRUE(t.textoModal.contains(u"Son 30,00")) << t.textoModal.toStdString();
-  EXPECT_TRUE(t.textoModal.endsWith(u"«Deshacer» los trae de vuelta."));
+  EXPECT_TRUE(t.textoModal.endsWith(u"hasta entonces «Deshacer» los trae de vuelta."));
   EXPECT_EQ(t.sesion.estado(), 0);
   EXPECT_FALSE(v->findChild<QPushButton*>(u"Guardar"_s)->isEnabled());
   QTest::keyClick(v->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
