@@ -74,6 +74,8 @@ Resultado<Recibido> leerRecibido(dao::Database& db, const dao::Recordset& rs, co
   }
   if (r.hasta - r.desde < kDiasQueSeCuentan)
     r.jornadas = calendario.Jornadas(r.desde, r.hasta, horario);
+  else if (r.desde > kSinPuestaACero)
+    r.jornadas = static_cast<int>(r.hasta - r.desde);
   return r;
 }
 

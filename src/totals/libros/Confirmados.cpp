@@ -138,12 +138,18 @@ Via clasesDe(const Testimonios& t, bool visto) {
   return todas;
 }
 
+// A grand total that was seen at zero is no evidence of the rest.
+Testimonios loQuePudoGuardar(Testimonios t, bool visto) {
+  if (visto && t.size() > 1) t.erase(TipoTotal::GranTotal);
+  return t;
+}
+
 // Nothing when a person must say it. `visto`: its grand total was seen to be zero.
 std::optional<Via> loQueGuarda(const Testimonios& t, const std::set<TipoTotal>& enteras, bool visto,
                                bool espera) {
   const auto vias = viasQueCuadran(t, enteras, visto);
   if (vias.size() == 1) return vias.front();
-  Veredicto v = juzgarConfirmada(t);
+  Veredicto v = juzgarConfirmada(loQuePudoGuardar(t, visto));
   const auto comparables =
       std::ranges::count_if(t, [&](const auto& x) { return enteras.contains(x.first); });
   const bool niQueBorrara = v == Veredicto::Duda && comparables > 1 && vias.empty();
@@ -215,15 +221,16 @@ Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr, con
   return {};
 }
 
-// The kinds of a register, which may have cleared each by itself, that were not read whole since
-// it confirmed. A scale clears all or none.
+// What has to be reread whole before anything is said of a machine: a register may have cleared
+// each kind by itself; for another one its articles tell.
 Resultado<QStringList> clasesPorLeer(Database& db, const Ajustes& ajustes, const Textos& textos,
                                      int grupo, int addr, const Testimonios& t,
                                      const std::set<TipoTotal>& enteras) {
   QStringList faltan;
   TARVO_TOMAR(const auto tipo, db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo));
-  if (deNumero<TipoGrupo>(tipo.entero()) != TipoGrupo::Registradoras) return faltan;
+  const bool caja = deNumero<TipoGrupo>(tipo.entero()) == TipoGrupo::Registradoras;
   for (const ClaseTotal& c : enVigor(ajustes)) {
+    if (!caja && c.tipo != TipoTotal::PLUs) continue;
     if (t.contains(c.tipo) && enteras.contains(c.tipo)) continue;
     TARVO_TOMAR(const auto n,
                 db.uno(u"SELECT count(*) FROM CeroFilas WHERE GRUPO=? AND ADDR=? AND CLASE=?",
@@ -231,12 +238,6 @@ Resultado<QStringList> clasesPorLeer(Database& db, const Ajustes& ajustes, const
     if (n.entero() > 0) faltan << textos(kTxNombreTotal + numeroDe(c.tipo));
   }
   return faltan;
-}
-
-// A grand total that was seen at zero is no part of the question.
-Testimonios loQuePudoGuardar(Testimonios t, bool visto) {
-  if (visto && t.size() > 1) t.erase(TipoTotal::GranTotal);
-  return t;
 }
 
 // `guarda`: the kinds that were reread and are kept.
@@ -290,11 +291,15 @@ Resultado<bool> resolverConfirmados(Database& db, const Ajustes& ajustes, const 
     TARVO_TOMAR(const auto visto,
                 db.uno(u"SELECT VISTO FROM Ceros WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
     auto guarda = loQueGuarda(t, enteras, visto.logico(), espera);
-    if (dicho) guarda = *dicho ? Via{} : clasesDe(t, visto.logico());
-    if (!guarda) {
-      TARVO_TOMAR(const auto suyas, clasesPorLeer(db, ajustes, textos, grupo, addr, t, enteras));
+    TARVO_TOMAR(const auto suyas, clasesPorLeer(db, ajustes, textos, grupo, addr, t, enteras));
+    if (dicho) {
+      guarda = *dicho ? Via{} : clasesDe(t, visto.logico());
+    } else if (!suyas.empty()) {
       faltan += suyas;
-      if (suyas.empty()) preguntas[addr] = loQuePudoGuardar(t, visto.logico());
+      continue;
+    }
+    if (!guarda) {
+      preguntas[addr] = loQuePudoGuardar(t, visto.logico());
       continue;
     }
     TARVO_INTENTAR(aplicar(db, textos, grupo, addr, t, *guarda, avisos));

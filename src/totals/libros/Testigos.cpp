@@ -17,8 +17,9 @@ constexpr qint64 kMinimoIguales = 3, kPorBaja = 3, kDeCada = 10;
 // For a confirmed order: what an article that matches is worth, by its count alone or also by its
 // weight, and how much is no chance; of how many articles the lower ones are more than returns.
 constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kNoEsAzar = 20, kMasQueDevoluciones = 4;
-// More articles than customers return in a day, whatever the grand total does.
-constexpr qint64 kMuchasBajas = 10;
+// More articles than customers return in a day, whatever the grand total does; more pieces, if half
+// of all.
+constexpr qint64 kMuchasBajas = 10, kMuchasPiezas = 10;
 
 // The new row (n) of a memorised key (b): of the machine itself, or of the inbox.
 QString filasNuevas(const Releida& r) {
@@ -60,6 +61,18 @@ const Testimonio& granTotalDe(const Testimonios& t) {
 
 bool muchasBajas(const Testimonio& f) {
   return f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
+}
+
+// Fewer than half are left, and the rest is no day's returns.
+bool quedanMenosDeLaMitad(const Testimonio& g) {
+  return 2 * g.conAhora < g.conAntes && g.conAntes - g.conAhora >= kMuchasPiezas;
+}
+
+// Nothing is left.
+bool aCero(const Testimonios& t) {
+  return std::ranges::all_of(t, [](const auto& x) {
+    return x.second.desaparecidas == x.second.claves && x.second.conAhora == 0;
+  });
 }
 
 // A machine that forgot and sold most of the same pieces again looks like one that kept everything
@@ -165,19 +178,19 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (firmes(t)) return Veredicto::Guarda;
   const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
-  const bool muchas = muchasBajas(f);
-  const bool bastan = muchas || (cayo && (f.bajas > 1 || aMenosDeMedias));
+  const bool bastan = muchasBajas(f) || (cayo && (f.bajas > 1 || aMenosDeMedias));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }
 
 Veredicto juzgarConfirmada(const Testimonios& t) {
   const Testimonio& f = masFino(t);
-  if (f.claves == 0) return Veredicto::Olvido;
-  if (f.iguales >= kPorBaja * f.bajas) {
-    const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
+  if (f.claves == 0 || aCero(t) || quedanMenosDeLaMitad(granTotalDe(t))) return Veredicto::Olvido;
+  const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
+  if (f.iguales >= kPorBaja * f.bajas)
     return peso < kNoEsAzar || puedeSerOtroDia(f) ? Veredicto::Duda : Veredicto::Guarda;
-  }
-  return masQueDevoluciones(t) ? Veredicto::Olvido : Veredicto::Duda;
+  const bool pocasIguales = 2 * peso < f.bajas;
+  const bool parte = f.bajas > 1 && kMasQueDevoluciones * f.bajas >= f.claves;
+  return pocasIguales && (parte || muchasBajas(f)) ? Veredicto::Olvido : Veredicto::Duda;
 }
 
 }  // namespace tarvo::totals

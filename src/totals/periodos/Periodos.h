@@ -80,7 +80,8 @@ class Periodos {
   Resultado<bool> tieneAnterior(int tipo, const Columna& c);
   // Whether a period has no rows, or only rows of zeros.
   Resultado<bool> sinVentas(qint64 link);
-  // The number of its rows and their sums, kind by kind: equal texts mean that nothing has changed.
+  // The number of its rows and their sums, kind by kind, also weighed by their codes: equal texts
+  // mean that nothing has changed.
   // Empty when there is no such period.
   Resultado<QString> sumasDe(qint64 link);
   // Takes a period out of the larger ones and puts its sales back in stock, so that its rows can be

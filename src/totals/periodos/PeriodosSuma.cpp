@@ -57,12 +57,13 @@ Resultado<QString> Periodos::sumasDe(qint64 link) {
   QStringList sumas;
   for (const ClaseTotal& k : todasLasClases())
     TARVO_INTENTAR(dao::recorrer(
-        db_.consultar(dao::conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO) "
-                                     u"FROM {tabla} WHERE LINK=?",
+        db_.consultar(dao::conMarcas(u"SELECT count(*), sum(CON), sum(PES), sum([IMP]), sum(SCO), "
+                                     u"sum((CODI mod 1009)*CON), sum((CODI mod 1009)*[IMP]) FROM "
+                                     u"{tabla} WHERE LINK=?",
                                      {{u"tabla", QString::fromUtf16(k.tabla)}}),
                       link),
         [&](const dao::Recordset& fila) {
-          for (int i = 0; i < 5; ++i) sumas << QString::number(fila.entero(i));
+          for (int i = 0; i < 7; ++i) sumas << QString::number(fila.entero(i));
         }));
   return sumas.join(u' ');
 }
