@@ -148,8 +148,15 @@ void AutomatVentana::soltar() {
 void AutomatVentana::conectar() {
   unir(ui_.ejecutar, u"ejecutar"_s, Qt::Key_F9, [this] { a_.ejecutar(); });
   unir(ui_.retener, u"pausa"_s, Qt::Key_F8, [this] { a_.retener(); });
-  // The keys that go on with the queue and hold it in the window of communications.
-  ui_.ejecutar->setShortcuts({Qt::Key_F9, Qt::Key_F6});
+  // The keys that go on with the queue and hold it in the window of communications. The former
+  // begins nothing here.
+  auto* seguir = new QAction(this);
+  seguir->setShortcut(Qt::Key_F6);
+  addAction(seguir);
+  connect(seguir, &QAction::triggered, this, [this] {
+    a_.fase() == kDetenidoEnPaso || a_.fase() == kPasoAPaso ? a_.ejecutar()
+                                                            : decirPista(t(kTxNadaRetenido));
+  });
   ui_.retener->setShortcuts({Qt::Key_F8, Qt::Key_F7});
   unir(ui_.paso, u"adelante"_s, Qt::Key_F10, [this] { a_.paso(); });
   unir(ui_.Alto, u"parar"_s, {}, [this] { alto(); });

@@ -105,6 +105,10 @@ TEST(Automat, LoHechoSigueHechoAlParar) {
   EXPECT_EQ(s.automat().fase(), kAbortado);
   EXPECT_EQ(Proceso::resultado(v, 0), u"Hecho");
   EXPECT_EQ(Proceso::resultado(v, 1), u"Interrumpido");
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_EQ(s.automat().fase(), kAbortado) << "it goes on, and begins nothing";
+  EXPECT_TRUE(static_cast<ventanas::Ventana*>(v)->tira().texto().startsWith(
+      u"No hay ningún proceso retenido"));
 }
 
 // A run that was stopped begins again by its button or its key only.
