@@ -183,7 +183,9 @@ void BrowGrupos::irA(Nodo nodo) {
   QTreeWidgetItem* item = buscar(nodo);
   if (!item) item = buscar({nodo.seccion, 0});
   if (!item) item = ui_.Arbol->topLevelItem(0);
-  if (item) ui_.Arbol->setCurrentItem(item);
+  if (!item) return;
+  ui_.Arbol->setCurrentItem(item);
+  ui_.Arbol->scrollToItem(item);
 }
 
 void BrowGrupos::actualCambiado() {

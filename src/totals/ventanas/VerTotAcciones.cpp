@@ -213,6 +213,15 @@ std::optional<QString> VerTotVentana::loQueSeDebe(const std::vector<qint64>& lin
   return u"\n\n"_s + t(kTxSePerderaLoDebido) + u'\n' + lineas.join(u'\n');
 }
 
+// The periods by name, if they are few.
+QString VerTotVentana::nombresDe(const std::vector<qint64>& links) {
+  if (links.size() > kParesNombrados) return {};
+  std::vector<Periodo> suyos;
+  for (const qint64 link : links)
+    if (const auto c = p_.columna(link); c && *c) suyos.push_back((*c)->periodo);
+  return suyos.empty() ? QString() : TextoPeriodos(suyos) + u": "_s;
+}
+
 void VerTotVentana::borrar(bool soloFilas) {
   const auto links = elegidos();
   const auto que = links.empty() ? std::nullopt : resumenDe(links);
@@ -225,8 +234,9 @@ void VerTotVentana::borrar(bool soloFilas) {
   if (!debidos || !haIdoBien(sinCero)) return;
   const QString noVuelve =
       sinCero->isEmpty() ? QString() : u"\n\n"_s + t(kTxNoVuelveARecogerse).arg(*sinCero);
+  const QString cuales = nombresDe(links);
   if (!MyMsgBox::Decide(this, contexto().textos,
-                        pregunta + u"\n\n"_s + textoResumen(*this, *que) + u". "_s +
+                        pregunta + u"\n\n"_s + cuales + textoResumen(*this, *que) + u". "_s +
                             t(kTxSePuedeDeshacer) + noVuelve + *debidos,
                         kAceptoCancelo | kExclamacion |
                             (debidos->isEmpty() && noVuelve.isEmpty() ? 0 : kPrudente)))

@@ -60,6 +60,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void editar(bool nuevo);
   void guardado(const Guardado& g);
   std::optional<QString> loQueSeDebe(const std::vector<qint64>& links);
+  QString nombresDe(const std::vector<qint64>& links);
   void borrar(bool soloFilas);
   void acumular(int tipo);
   bool acumularConformes(const std::vector<qint64>& links, int tipo);

@@ -32,7 +32,8 @@ TEST(VentanaPeriodos, BorraDosYLosRecuperaIguales) {
       t.textoModal.startsWith(u"ATENCIÓN: Borrará 2 periodos de totalización\nLos datos que va a "
                               u"borrar pueden ser valiosos: ¿Está seguro?"))
       << t.textoModal.toStdString();
-  EXPECT_TRUE(t.textoModal.contains(u"2 grupos, 144 totales")) << t.textoModal.toStdString();
+  EXPECT_TRUE(t.textoModal.contains(u"4 junio 2018 (DIARIO): 2 grupos, 144 totales"))
+      << t.textoModal.toStdString();
   EXPECT_EQ(t.cuenta(u"TOTGRT"_s), 2);  // the week's
   v->activateWindow();
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
