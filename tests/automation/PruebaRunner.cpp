@@ -236,7 +236,7 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM Sumados"_s).entero(), 2);
 }
 
-// What is deleted while the machines hold it doesn't come back: that is said.
+// What is deleted while the machines hold it doesn't come back, which is reported.
 TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
   for (const bool aCero : {false, true}) {
     TiendaDeProcesos tienda;

@@ -221,8 +221,8 @@ Resultado<> nombrar(Database& db, const Textos& textos, int grupo, int addr, con
   return {};
 }
 
-// What has to be reread whole before anything is said of a machine: a register may have cleared
-// each kind by itself; for another one its articles tell.
+// The kinds still to be reread whole before a machine is judged: its articles; for a register,
+// which may have cleared each kind separately, all that it held.
 Resultado<QStringList> clasesPorLeer(Database& db, const Ajustes& ajustes, const Textos& textos,
                                      int grupo, int addr, const Testimonios& t,
                                      const std::set<TipoTotal>& enteras) {
