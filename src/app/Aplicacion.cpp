@@ -53,6 +53,7 @@ struct Aplicacion::Interior {
                  fondo.textos},
                 preguntas),
         cronos(automat, lenguaje, fondo.ajustes, reloj) {
+    cronos.alEmpezar = [&fondo] { return dudasDe(fondo.ajustes, fondo.textos); };
     // Before the books forget the group: a reading that leaves the queue is noted in them.
     catalogo.cambios().guardaPorGrupo(
         {.olvidar = [this](int grupo) { return gestcomm.olvidarGrupo(grupo); },

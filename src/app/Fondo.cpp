@@ -5,8 +5,10 @@
 #include "app/Aplicacion.h"
 #include "app/Tablas.h"
 #include "app/TextosApp.h"
+#include "comm/envios/TablasEnvios.h"
 #include "core/esquema/Esquema.h"
 #include "devices/PrimerGrupo.h"
+#include "totals/libros/Grupos.h"
 #include "totals/libros/TablasLibros.h"
 
 namespace tarvo::app {
@@ -30,11 +32,34 @@ QString motivoCerrojo(const Error& error, const QString& base, const Textos& t) 
   }
 }
 
+// The lowest code of a group that no room keeps rows of.
+Resultado<int> codigoLibre(dao::Database& db) {
+  std::vector<totals::TablaDeGrupo> tablas = totals::tablasDeGrupo();
+  for (const QString& t : envios::tablasDeGrupo()) tablas.push_back({t, {}});
+  tablas.push_back({QStringLiteral("[Cross]"), {}});
+  const auto usado = [&](int codigo) -> Resultado<bool> {
+    for (const auto& t : tablas) {
+      TARVO_TOMAR(const auto fila,
+                  db.uno(dao::conMarcas(u"SELECT 1 FROM {tabla} WHERE "
+                                        u"{donde}GRUPO=? LIMIT 1",
+                                        {{u"tabla", t.tabla}, {u"donde", t.donde}}),
+                         codigo));
+      if (!fila.nulo()) return true;
+    }
+    TARVO_TOMAR(const auto sesion, db.uno(u"SELECT 1 FROM Sesiones WHERE CODGPO=?", codigo));
+    return !sesion.nulo();
+  };
+  for (int codigo = 1;; ++codigo) {
+    TARVO_TOMAR(const bool ocupado, usado(codigo));
+    if (!ocupado) return codigo;
+  }
+}
+
 Resultado<std::unique_ptr<dao::Database>> abrirBase(const Ajustes& ajustes, Fecha hoy) {
   auto db = esquema::abrirBase(ajustes.BaseDatos, carpetasPlantilla(ajustes.carpeta), hoy,
                                tablasDeLasSalas());
   if (!db) return db;
-  TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes));
+  TARVO_INTENTAR(devices::asegurarPrimerGrupo(**db, ajustes, codigoLibre));
   return db;
 }
 
@@ -133,13 +158,13 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
   const auto conMotivo = [&](const Error& e) {
     return fallo(e.clase, motivoCerrojo(e, antes.BaseDatos, textos));
   };
+  if (siFalta == SiFaltaLaBase::Negarse && faltaLaBase(antes))
+    return fallo(Fallo::NoExiste, textos(kTxBaseNoEsta).arg(antes.BaseDatos));
   auto cerrojo = Cerrojo::tomar(antes.BaseDatos);
   if (!cerrojo) return conMotivo(cerrojo.error());
   TARVO_TOMAR(auto ajustes, leerAjustes(carpeta, idioma, textos, reloj));
   if (ficheroReal(ajustes.BaseDatos) != ficheroReal(antes.BaseDatos))
     return conMotivo({Fallo::Ocupado, 0, {}});
-  if (siFalta == SiFaltaLaBase::Negarse && faltaLaBase(ajustes))
-    return fallo(Fallo::NoExiste, textos(kTxBaseNoEsta).arg(ajustes.BaseDatos));
   std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), std::move(ajustes), textos));
   // Opening it may write: not into a file that another program holds by another name.
   const QString& base = fondo->ajustes.BaseDatos;

@@ -14,7 +14,8 @@ namespace tarvo::articles {
 inline constexpr int kNombreMayor = 50;  // letters
 inline constexpr int kUltimoDepartamento = 40, kUltimoFormato = 20;
 inline constexpr int kDiasMayor = 9999;
-inline constexpr int kDescuentoMayor = 100'00;       // hundredths of a per cent
+inline constexpr int kPrefijoBarrasMayor = 7;   // digits: 13 of a code less the six of the article
+inline constexpr int kDescuentoMayor = 100'00;  // hundredths of a per cent
 inline constexpr qint64 kPrecioDeBalanza = 999'999;  // the highest a scale can show
 inline constexpr qint64 kPrecioMayor = 999'999'999;  // the highest stored
 inline constexpr qint64 kMinimoMayor = 999'999, kHastaMayor = 99'999;

@@ -102,6 +102,14 @@ Resultado<qint64> apartarTramo(dao::Database& db, qint64 lote, qint64 aqui, int 
         aqui, lote, aqui);
   }
   if (!van) return van;
+  // Where an article moved from or to, which has its history.
+  van = db.ejecutar(
+      u"UPDATE LoteAntes SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU) IN (SELECT N.SECCION, "
+      u"N.CODPLU FROM LoteAntes Z CROSS JOIN SECCS S INNER JOIN LoteAntes N ON N.LOTE=? AND "
+      u"N.SECCION=S.NMSECC AND N.CODPLU=Z.CODPLU AND N.HABIA<>Z.HABIA WHERE Z.LOTE=?)",
+      aqui, lote, lote, aqui);
+  if (!van) return van;
+  total += *van;
   for (const QString& sql :
        {u"UPDATE LoteDespues SET LOTE=? WHERE LOTE=? AND (SECCION, CODPLU) IN (SELECT SECCION, "
         u"CODPLU FROM LoteAntes WHERE LOTE=?)"_s,

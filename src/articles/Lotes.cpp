@@ -212,6 +212,16 @@ Resultado<> Lotes::olvidar(qint64 lote) {
   return t.confirmar();
 }
 
+Resultado<> Lotes::olvidarAcabado(qint64 lote) {
+  TARVO_TOMAR(const auto acabado, db_.uno(u"SELECT ACABADO FROM LoteArticulos WHERE LOTE=?", lote));
+  return acabado.nulo() || acabado.logico() ? olvidar(lote) : Resultado<>();
+}
+
+Resultado<qint64> Lotes::cuantos(qint64 lote) {
+  TARVO_TOMAR(const auto n, db_.uno(u"SELECT count(*) FROM LoteAntes WHERE LOTE=?", lote));
+  return n.entero();
+}
+
 Resultado<std::optional<Lotes::Lote>> Lotes::ultimo(const QString& ventana) {
   TARVO_TOMAR(
       auto rs,

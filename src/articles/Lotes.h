@@ -67,6 +67,9 @@ class Lotes {
   // restored.
   Resultado<std::optional<QString>> avisoDeVuelta(qint64 lote);
   Resultado<> olvidar(qint64 lote);
+  // The same, unless it was cut off, or its undoing.
+  Resultado<> olvidarAcabado(qint64 lote);
+  Resultado<qint64> cuantos(qint64 lote);  // articles of a batch
   // Deletes some of the remains of batches too old to be undone.
   Resultado<> barrer();
 
@@ -94,8 +97,9 @@ class Lotes {
   Resultado<> darPorHecho(qint64 lote);
 
  private:
-  Resultado<> guardarTraslado(qint64 lote, std::span<const ClaveArticulo> claves, int destino,
-                              bool salen);
+  Resultado<std::vector<ClaveArticulo>> guardarTraslado(qint64 lote,
+                                                        std::span<const ClaveArticulo> claves,
+                                                        int destino, bool salen);
   Resultado<> hayLote(qint64 lote);
   Resultado<> dejarDeHacer(qint64 lote);
   // `de`: the batch that those articles belong to.
@@ -105,7 +109,8 @@ class Lotes {
   Catalogo& catalogo_;
 };
 
-// A batch as long as it can be undone: it is forgotten when this object is destroyed.
+// A batch as long as it can be undone: it is forgotten when this object is destroyed, but for one
+// of which only a part was undone.
 class LoteGuardado {
  public:
   LoteGuardado(const Lotes& lotes, qint64 lote) : lotes_(lotes), lote_(lote) {}

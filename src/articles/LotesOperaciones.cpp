@@ -9,28 +9,34 @@ Resultado<> Lotes::borrar(qint64 lote, std::span<const ClaveArticulo> claves) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   for (const ClaveArticulo& c : claves) TARVO_INTENTAR(guardar(lote, c));
   TARVO_INTENTAR(catalogo_.borrar(claves));
+  for (const ClaveArticulo& c : claves) TARVO_INTENTAR(anotar(lote, c));
   return t.confirmar();
 }
 
 // Articles that stay where they are aren't kept.
-Resultado<> Lotes::guardarTraslado(qint64 lote, std::span<const ClaveArticulo> claves, int destino,
-                                   bool salen) {
+Resultado<std::vector<ClaveArticulo>> Lotes::guardarTraslado(qint64 lote,
+                                                             std::span<const ClaveArticulo> claves,
+                                                             int destino, bool salen) {
+  std::vector<ClaveArticulo> guardadas;
   for (const ClaveArticulo& c : claves) {
     TARVO_TOMAR(const auto hay, catalogo_.leer({destino, c.codigo}));
     if (hay) continue;
-    if (salen) TARVO_INTENTAR(guardar(lote, c));
-    TARVO_INTENTAR(guardar(lote, {destino, c.codigo}));
+    if (salen) guardadas.push_back(c);
+    guardadas.push_back({destino, c.codigo});
   }
-  return {};
+  for (const ClaveArticulo& c : guardadas) TARVO_INTENTAR(guardar(lote, c));
+  return guardadas;
 }
 
 Resultado<std::vector<ClaveArticulo>> Lotes::copiar(qint64 lote,
                                                     std::span<const ClaveArticulo> claves,
                                                     int destino, const QString& ventana) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarTraslado(lote, claves, destino, false));
+  TARVO_TOMAR(const auto guardadas, guardarTraslado(lote, claves, destino, false));
   auto fuera = catalogo_.copiar(claves, destino, ventana);
-  if (fuera) TARVO_INTENTAR(t.confirmar());
+  if (!fuera) return fuera;
+  for (const ClaveArticulo& c : guardadas) TARVO_INTENTAR(anotar(lote, c));
+  TARVO_INTENTAR(t.confirmar());
   return fuera;
 }
 
@@ -38,14 +44,16 @@ Resultado<std::vector<ClaveArticulo>> Lotes::mover(qint64 lote,
                                                    std::span<const ClaveArticulo> claves,
                                                    int destino) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  TARVO_INTENTAR(guardarTraslado(lote, claves, destino, true));
+  TARVO_TOMAR(const auto guardadas, guardarTraslado(lote, claves, destino, true));
   auto fuera = catalogo_.mover(claves, destino);
-  if (fuera) TARVO_INTENTAR(t.confirmar());
+  if (!fuera) return fuera;
+  for (const ClaveArticulo& c : guardadas) TARVO_INTENTAR(anotar(lote, c));
+  TARVO_INTENTAR(t.confirmar());
   return fuera;
 }
 
 LoteGuardado::~LoteGuardado() {
-  static_cast<void>(lotes_.olvidar(lote_));  // batches that are too old are deleted anyway
+  static_cast<void>(lotes_.olvidarAcabado(lote_));  // batches that are too old are deleted anyway
 }
 
 }  // namespace tarvo::articles

@@ -222,8 +222,9 @@ std::optional<Cronos::Proxima> Cronos::Interior::proximoInicio(Fecha ahora) cons
 Cronos::Cronos(Automat& automat, const Lenguaje& lenguaje, const Ajustes& ajustes, Reloj& reloj)
     : Cronos({.ocupado = [&automat] { return !automat.libre(); },
               .correr =
-                  [&automat](const Entrada& e, const QString& traza) {
-                    automat.PROCESO(e.pasos, traza, e.proceso, e.omitidas);
+                  [&automat, this](const Entrada& e, const QString& traza) {
+                    automat.PROCESO(e.pasos, traza, e.proceso,
+                                    (alEmpezar ? alEmpezar() : QStringList()) + e.omitidas);
                   }},
              lenguaje, ajustes, reloj) {
   d->automat = &automat;

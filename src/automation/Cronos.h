@@ -68,6 +68,8 @@ class Cronos {
   std::function<void(const Entrada&)> alArrancar;
   // A due entry has to wait for a process that isn't its own; at each tick.
   std::function<void(const Entrada&)> alEsperar;
+  // Problems to be reported at the beginning of each run of an engine of its own.
+  std::function<QStringList()> alEmpezar;
   // A message for observers (an unusable process...).
   std::function<void(const QString&)> alAvisar;
   void parar();

@@ -152,15 +152,15 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
   return h;
 }
 
-// In words. The engine has the same code for a missing group and for a kind of task unknown to it
-// or to the group.
+// In words. The engine has the same code for a missing group and for a kind of task unknown to it,
+// to this build or to the group.
 QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   constexpr int kDestinoMalo = 2;
   const auto* c = t_.repertorio.de(clase);
   const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
   const bool hayGrupo = numero && !numero->nulo();
   const auto tipo = hayGrupo ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
-  const bool nadie = !c || !c->crear;
+  const bool nadie = !c || !c->crear || (*c->clave != 0 && !t_.ajustes.clases.tiene(clase));
   const bool ajena = hayGrupo && c && (!tipo || !c->valePara(*tipo));
   return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
                                                     : mensajePaso(codigo, t_.textos);

@@ -115,6 +115,7 @@ TEST(Ini, LoQueNoSeEntiendeSeNombra) {
       {"Espera(1)= mucho", "40"},
       {"Euro= caro", "166.386000"},
       {"CalculoPrecios= quizá|5", "No|0"},
+      {"CalculoPrecios= Sí|40000", "No|0"},
       {"EnviarCambios= 1", "1|1"},
       {"Monedero= 3", ""},
       {"TimeOut 500", ""},

@@ -64,6 +64,24 @@ TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
   EXPECT_EQ(todo(), antes);
 }
 
+// Somebody emptied GRUPOS with another program: the group made anew must not take the base of a
+// lost one for its own, nor may what the inbox still holds of it go.
+TEST(Secciones, ElPrimerGrupoNoHeredaDeLosPerdidos) {
+  QTemporaryDir carpeta;
+  RelojReal reloj;
+  const auto abrir = [&] {
+    return bien(app::Fondo::abrir(carpeta.path(), Idioma::Espanol, textosDePrueba(), reloj));
+  };
+  for (const QStringView orden :
+       {u"insert into BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON) values (1, 1, 0, 1, 0, 5)",
+        u"insert into TOTGRT (LINK, GRUPO, CODI, CON, IMP) values (0, 2, 1, 3, 900)",
+        u"delete from GRUPOS"})
+    bien(abrir()->db->ejecutar(orden.toString()));
+  const auto fondo = abrir();
+  EXPECT_EQ(bien(fondo->db->uno(u"select CODGPO from GRUPOS")).entero(), 3);
+  EXPECT_EQ(bien(fondo->db->uno(u"select IMP from TOTGRT where LINK=0")).entero(), 900);
+}
+
 // What waits in the queue for a deleted group would bring its rows back, and a group that gets its
 // code would inherit them.
 TEST(Secciones, SeVanConLasTareasDeSusGrupos) {

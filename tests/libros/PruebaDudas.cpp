@@ -103,6 +103,41 @@ TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
   }
 }
 
+// With few articles sold once a day looks like the one before, and two returns like a zeroing.
+TEST_F(DudasTest, PocasCuentasNoPruebanNada) {
+  struct Caso {
+    const char* que;
+    bool orden, obedecida;
+    std::vector<Cuenta> lunes, martes;
+  };
+  const Caso casos[] = {
+      {"lo mismo otra vez",
+       true,
+       true,
+       {{11, 1}, {12, 1}, {13, 1}},
+       {{11, 1}, {12, 1}, {13, 1}, {14, 1}}},
+      {"no la oyó", true, false, {{11, 1}, {12, 1}, {13, 1}}, {{14, 1}}},
+      {"vuelven dos de tres",
+       false,
+       false,
+       {{11, 2}, {12, 2}, {13, 2}},
+       {{11, -1}, {12, -1}, {13, 1}}},
+  };
+  for (const Caso& c : casos) {
+    SCOPED_TRACE(c.que);
+    noche(c.lunes);
+    if (c.orden) {
+      EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
+    }
+    t.cortar();
+    noche(c.martes);
+    EXPECT_TRUE(preguntado()) << t.textoAvisos().toStdString();
+    t.responder(1, 0, c.obedecida);
+    cuadra();
+    EXPECT_TRUE(t.ponerACero(1));
+  }
+}
+
 // A return that raises the count is still a return.
 TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
   noche(kLunes);

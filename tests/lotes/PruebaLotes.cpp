@@ -161,6 +161,34 @@ TEST_F(ConLotes, EnTramos) {
             u"00"_s);
 }
 
+// The history of a moved article comes back with it, however far apart its two sections are in the
+// batch.
+TEST_F(ConLotes, UnTrasladoEnTramos) {
+  seccion(2);
+  en(1);
+  std::vector<ClaveArticulo> claves;
+  for (int n = 1000; n < 1300; ++n) {
+    articulo({.codigo = n, .nombre = u"X", .precio = 5});
+    claves.push_back({1, n});
+  }
+  Articulo a = *bien(catalogo.leer({1, 1299}));
+  a.precios[0][0] = 7;
+  bien(catalogo.modificar({1, 1299}, a, u"V"_s));
+  const QString kHistoria =
+      u"SELECT SECCION, CODPLU, AHORA FROM HistoriaPrecios WHERE CODPLU=1299"_s;
+  ASSERT_EQ(leer(kHistoria), u"1 1299 7");
+  const qint64 lote = bien(lotes.empezar(u"V"_s));
+  bien(lotes.mover(lote, claves, 2));
+  bien(lotes.acabar(lote));
+  EXPECT_EQ(leer(kHistoria), u"2 1299 7");
+  Lotes::Deshecho d;
+  while (bien(lotes.deshacerTramo(lote, u"V"_s, d))) continue;
+  EXPECT_TRUE(d.fuera.empty());
+  EXPECT_EQ(leer(u"SELECT count(*) FROM PLUSES WHERE SECCION=1 AND CODPLU>=1000"_s), u"300");
+  EXPECT_EQ(leer(u"SELECT count(*) FROM PLUSES WHERE SECCION=2 AND CODPLU>=1000"_s), u"0");
+  EXPECT_EQ(leer(kHistoria), u"1 1299 7");
+}
+
 // Out of order: what the first undoing would leave alone is reported beforehand, and asking changes
 // nothing.
 TEST_F(ConLotes, AntesDeDeshacerSeSabeLoQueNoVolveria) {

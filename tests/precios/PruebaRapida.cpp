@@ -141,12 +141,13 @@ TEST_F(PruebaAlta, AFastChangeTakesWhatTheColumnHolds) {
     const char16_t* texto;
     bool vale;
   } casos[] = {
-      {Codigo, u"3", true},        {Codigo, u"2", false},        {Codigo, u"10000000", false},
-      {Nombre, u" ", false},       {Precio1, u"1.234,56", true}, {Precio1, u"", false},
-      {Precio1, u"0,00", true},    {Precio1, u"doce", false},    {Precio1, u"-1", false},
-      {Departamento, u"40", true}, {Departamento, u"41", false}, {CodBarras, u"2x", false},
-      {CodBarras, u"", false},     {Etiqueta, u"20", true},      {Etiqueta, u"21", false},
-      {Dias1, u"-1", false},       {Dias2, u"9999", true}};
+      {Codigo, u"3", true},        {Codigo, u"2", false},         {Codigo, u"10000000", false},
+      {Nombre, u" ", false},       {Precio1, u"1.234,56", true},  {Precio1, u"", false},
+      {Precio1, u"0,00", true},    {Precio1, u"doce", false},     {Precio1, u"-1", false},
+      {Departamento, u"40", true}, {Departamento, u"41", false},  {CodBarras, u"2x", false},
+      {CodBarras, u"", false},     {CodBarras, u"1234567", true}, {CodBarras, u"12345678", false},
+      {Etiqueta, u"20", true},     {Etiqueta, u"21", false},      {Dias1, u"-1", false},
+      {Dias2, u"9999", true}};
   for (const auto& c : casos) {
     const QString texto = QString::fromUtf16(c.texto);
     const auto r = conColumna(a, c.columna, texto, ajustes, textosDePrueba());

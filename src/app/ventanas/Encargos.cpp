@@ -150,7 +150,8 @@ void Encargos::correr(std::vector<automation::PasoProceso> pasos) {
   const Peticion p = actual_->peticion;
   // The run is visible and can be stopped.
   ventanas_.abrir(automation::PuertaAutomat());
-  automat.PROCESO(std::move(pasos), p.traza, p.nombre, p.omitidas);
+  automat.PROCESO(std::move(pasos), p.traza, p.nombre,
+                  dudasDe(fondo_.ajustes, fondo_.textos) + p.omitidas);
 }
 
 void Encargos::lineaEscrita(const QString& linea) {

@@ -13,6 +13,8 @@ using Motivo = Filas::Motivo;
 
 namespace {
 
+constexpr qsizetype kBarrasMayor = 20;  // digits of a whole bar code
+
 constexpr qint64 kCantidadMayor = 999'999'999;
 
 int nativa(const Ajustes& a) {
@@ -169,10 +171,10 @@ std::optional<Motivo> Filas::poner(Articulo& a, Campo campo, const QString& text
     case Campo::Depto:
       return ponerDepto(a, texto);
     case Campo::PfxBar:
-      return ponerCifras(a.pfxBar, campo, texto);
+      return ponerCifras(a.pfxBar, campo, texto, articles::kPrefijoBarrasMayor);
     case Campo::CodBarExt: {
       QString codigo;
-      auto mal = ponerCifras(codigo, campo, texto);
+      auto mal = ponerCifras(codigo, campo, texto, kBarrasMayor);
       if (!mal) a.codBarExt = codigo;
       return mal;
     }
@@ -281,11 +283,11 @@ std::optional<Motivo> Filas::ponerPalabra(int& donde, Campo campo, const QString
   return std::nullopt;
 }
 
-std::optional<Motivo> Filas::ponerCifras(QString& donde, Campo campo, const QString& texto) const {
-  constexpr qsizetype kMayor = 20;
+std::optional<Motivo> Filas::ponerCifras(QString& donde, Campo campo, const QString& texto,
+                                         qsizetype mayor) const {
   const QString t = texto.trimmed();
   const bool bien = std::ranges::all_of(t, [](QChar c) { return c >= u'0' && c <= u'9'; });
-  if (!bien || t.size() > kMayor) return noVale(campo, texto);
+  if (!bien || t.size() > mayor) return noVale(campo, texto);
   donde = t;
   return std::nullopt;
 }

@@ -64,7 +64,8 @@ class Filas {
   std::optional<Motivo> ponerDepto(articles::Articulo& a, const QString& texto) const;
   std::optional<Motivo> ponerPalabra(int& donde, Campo campo, const QString& texto, int palabras,
                                      int cuantas) const;
-  std::optional<Motivo> ponerCifras(QString& donde, Campo campo, const QString& texto) const;
+  std::optional<Motivo> ponerCifras(QString& donde, Campo campo, const QString& texto,
+                                    qsizetype mayor) const;
   Motivo noVale(Campo campo, const QString& texto) const;
   std::optional<Motivo> faltaNueva(const articles::Articulo& antes,
                                    const articles::Articulo& ahora) const;

@@ -1,6 +1,7 @@
 #include "articles/precios/AjustesPrecios.h"
 
 #include "articles/Articulo.h"
+#include "articles/precios/CalcPre.h"
 #include "articles/precios/Limites.h"
 #include "articles/precios/ParrillaRapida.h"
 #include "core/ajustes/Sala.h"
@@ -12,7 +13,7 @@ namespace {
 using Calculo = AjustesPrecios::CalculoPrecios;
 
 constexpr Limites kModosIntro{0, 2}, kPreciosAlta{1, articles::kNiveles},
-    kTarifasAlta{1, articles::kTarifas}, kRedondeos{0, 999'999}, kMargenes = ini::kDe16;
+    kTarifasAlta{1, articles::kTarifas}, kRedondeos{0, kRedondeoMayor}, kMargenes = ini::kDe16;
 
 bool leerCalculo(AjustesPrecios& a, int, const QString& v) {
   const auto partes = ini::partes(v, u'|');

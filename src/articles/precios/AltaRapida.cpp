@@ -72,7 +72,9 @@ Resultado<std::optional<QString>> AltaRapida::falta(CampoAlta campo, const Entra
     case CampoAlta::Formato:
       return si(!numeroEntre(e.formato, 1, kUltimoFormato), ColumnaRapida::Etiqueta);
     case CampoAlta::CodBarras:
-      return si(!sonCifras(e.codBarras.trimmed()), ColumnaRapida::CodBarras);
+      return si(!sonCifras(e.codBarras.trimmed()) ||
+                    e.codBarras.trimmed().size() > articles::kPrefijoBarrasMayor,
+                ColumnaRapida::CodBarras);
     case CampoAlta::Dias1:
       return si(!sonDias(e.dias1), ColumnaRapida::Dias1);
     case CampoAlta::Dias2:

@@ -29,7 +29,8 @@ bool poner(Articulo& a, ColumnaRapida columna, const QString& texto) {
       return numero(a.depto, 1, kUltimoDepartamento);
     case ColumnaRapida::CodBarras:
       a.pfxBar = texto.trimmed();
-      return !a.pfxBar.isEmpty() && sonCifras(a.pfxBar);
+      return !a.pfxBar.isEmpty() && sonCifras(a.pfxBar) &&
+             a.pfxBar.size() <= articles::kPrefijoBarrasMayor;
     case ColumnaRapida::Etiqueta:
       return numero(a.formato, 1, kUltimoFormato);
     case ColumnaRapida::Dias1:

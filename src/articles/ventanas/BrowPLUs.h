@@ -6,6 +6,7 @@
 #include "articles/FichaArticulo.h"
 #include "articles/Listas.h"
 #include "articles/Lotes.h"
+#include "articles/Vuelta.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/ParrillaPrecios.h"
@@ -99,7 +100,10 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
   Resultado<bool> conformeConVolver(qint64 lote);
-  Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
+  Resultado<Vuelto> volverDe(const std::shared_ptr<LoteGuardado>& lote, const QString& que,
+                             int numero);
+  void volverPorTramos(qint64 lote, qint64 articulos, const QString& que,
+                       std::optional<int> numero);
   void mirarLotes();
   QString nadaQueDeshacer();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
@@ -124,7 +128,8 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   ventanas::Deshacer* deshacer_;
   std::vector<int> cortados_;  // undo numbers of interrupted batches
   bool trabajando_ = false;
-  qint64 cambios_ = 0;  // the database's change count when the list was read
+  std::unique_ptr<Vuelta> vuelta_;  // under way
+  qint64 cambios_ = 0;              // the database's change count when the list was read
 };
 
 }  // namespace tarvo::articles

@@ -267,6 +267,7 @@ bool BrowPLUs::cerrarHijos() {
 
 bool BrowPLUs::QueryUnload() {
   if (!cerrarHijos()) return true;
+  if (vuelta_ && !haIdoBien(vuelta_->hastaElFinal())) return true;
   trabajo().parar();
   if (!enviarAlSalir(*this, catalogo_, motor_)) return true;
   deshacer_->olvidar();

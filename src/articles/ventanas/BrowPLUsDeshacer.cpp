@@ -1,6 +1,5 @@
 // Undo of operations on many articles, and reports of interrupted ones.
 #include "articles/LotesAMedias.h"
-#include "articles/Vuelta.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/BrowPLUs.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
@@ -15,6 +14,7 @@ using ventanas::MyMsgBox;
 
 namespace {
 
+constexpr qint64 kDeUnaVez = 500;
 constexpr int kPregunta = ventanas::kAceptoCancelo | ventanas::kExclamacion | ventanas::kPrudente;
 
 }  // namespace
@@ -22,7 +22,8 @@ constexpr int kPregunta = ventanas::kAceptoCancelo | ventanas::kExclamacion | ve
 void BrowPLUs::anotarDeshacer(const QString& que, qint64 lote) {
   if (haIdoBien(lotes_.acabar(lote))) {
     const auto guardado = std::make_shared<LoteGuardado>(lotes_, lote);
-    deshacer_->apuntar(que, [=, this] { return volverDe(*guardado, que); });
+    const auto numero = std::make_shared<int>(0);
+    *numero = deshacer_->apuntar(que, [=, this] { return volverDe(guardado, que, *numero); });
   }
   cambios_ = contexto().base.cambios();
 }
@@ -33,10 +34,18 @@ Resultado<bool> BrowPLUs::conformeConVolver(qint64 lote) {
   return !aviso || MyMsgBox::Decide(this, contexto().textos, *aviso, kPregunta);
 }
 
-Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(LoteGuardado& lote, const QString& que) {
-  TARVO_TOMAR(const bool conforme, conformeConVolver(lote.lote()));
-  if (!conforme) return Vuelto{.queda = true};
-  const auto hecho = lotes_.deshacer(lote.lote(), nombre());
+// Few articles at once, many in slices.
+Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(const std::shared_ptr<LoteGuardado>& lote,
+                                               const QString& que, int numero) {
+  const Vuelto queda{.queda = true};
+  TARVO_TOMAR(const bool conforme, conformeConVolver(lote->lote()));
+  if (!conforme) return queda;
+  TARVO_TOMAR(const qint64 articulos, lotes_.cuantos(lote->lote()));
+  if (articulos > kDeUnaVez) {
+    volverPorTramos(lote->lote(), articulos, que, numero);
+    return queda;
+  }
+  const auto hecho = lotes_.deshacer(lote->lote(), nombre());
   refrescar();
   if (!hecho) return std::unexpected(hecho.error());
   return vueltaDe(t(ventanas::kTxDeshecho).arg(que), *hecho);
@@ -83,18 +92,29 @@ BrowPLUs::Vuelto BrowPLUs::resolverCortado(const Lotes::Lote& lote, const QStrin
 void BrowPLUs::volverDeCortado(const Lotes::Lote& lote, const QString& que) {
   const auto conforme = conformeConVolver(lote.numero);
   if (!haIdoBien(conforme) || !*conforme) return;
-  const auto vuelta = std::make_shared<Vuelta>(lotes_, lote.numero, lote.articulos, nombre());
+  volverPorTramos(lote.numero, lote.articulos, que, {});
+}
+
+// `numero`: its undo. Once begun and stopped, it is a batch that was cut off.
+void BrowPLUs::volverPorTramos(qint64 lote, qint64 articulos, const QString& que,
+                               std::optional<int> numero) {
+  vuelta_ = std::make_unique<Vuelta>(lotes_, lote, articulos, nombre());
   trabajando_ = true;
   habilitar();
   ui_.Grid->setEnabled(false);
   trabajo().empezar(
-      t(ventanas::kTxDeshaciendo), [vuelta](Trabajo::Avance& a) { return vuelta->paso(a); },
+      t(ventanas::kTxDeshaciendo), [this](Trabajo::Avance& a) { return vuelta_->paso(a); },
       [=, this](const Resultado<Trabajo::Fin>& fin) {
+        const auto vuelta = std::exchange(vuelta_, nullptr);
         trabajando_ = false;
         ui_.Grid->setEnabled(true);
         refrescar();
+        ui_.Grid->setFocus();
+        if (numero && vuelta->hecho().vistos > 0) deshacer_->retirar(*numero);
         mirarLotes();
-        if (!haIdoBien(fin) || *fin == Trabajo::Fin::Parado) return;
+        if (!haIdoBien(fin)) return;
+        if (*fin == Trabajo::Fin::Parado)
+          return decirDuda(t(ventanas::kTxAMedias, static_cast<int>(vuelta->quedan())));
         const Vuelto v = vueltaDe(t(ventanas::kTxDeshecho).arg(que), vuelta->hecho());
         v.duda ? decirDuda(v.texto) : decirBien(v.texto);
       });

@@ -28,7 +28,7 @@ using ventanas::Formulario;
 
 namespace {
 
-constexpr int kCifrasCodigo = 7, kCifrasPrefijo = 6, kLetrasPredefinido = 20, kAltoTexto = 120;
+constexpr int kCifrasCodigo = 7, kLetrasPredefinido = 20, kAltoTexto = 120;
 constexpr int kFilasALaVista = 4;  // of prices, with the heading
 
 QLineEdit& linea(const ventanas::Campo& campo) {
@@ -157,7 +157,7 @@ void XEditPLU::montarBarras(Formulario f) {
   auto& tipo = c[0].fila(kTxTipoBarras, u"LstBarras"_s, a.barras,
                          {{kEAN8, u"EAN8"_s}, {kEAN13, u"EAN13"_s}});
   tipoBarras_ = qobject_cast<QComboBox*>(&tipo.control());
-  prefijo_ = &c[0].fila(kTxPrefijoBarras, u"txPfx"_s, cifras(a.pfxBar, kCifrasPrefijo));
+  prefijo_ = &c[0].fila(kTxPrefijoBarras, u"txPfx"_s, cifras(a.pfxBar, kPrefijoBarrasMayor));
   predefinido_ = &c[0].fila(kTxPredefinidoFicha, u"txBarExt"_s,
                             {.ver = [&a] { return a.codBarExt.value_or(QString()); },
                              .poner = [&a](const QString& s) -> Resultado<> {

@@ -14,9 +14,11 @@ using dao::Database;
 // Keys that must match to the unit before a machine is believed in spite of a lower count: more
 // than chance gives, and more than any returns.
 constexpr qint64 kMinimoIguales = 3, kPorBaja = 3, kDeCada = 10;
-// For a confirmed order: what an article that matches is worth, by its count alone or also by its
-// weight, and how much is no chance; of how many articles the lower ones are more than returns.
-constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kNoEsAzar = 20, kMasQueDevoluciones = 4;
+// What an article that matches is worth, by its count alone or also by its weight; how much is no
+// chance after a confirmed order, and after one without an answer.
+constexpr qint64 kPorIgual = 1, kPorPesoIgual = 3, kNoEsAzar = 20, kNoEsAzarSinRespuesta = 6;
+// Of how many articles the lower ones are more than returns; how many are, if the grand total fell.
+constexpr qint64 kMasQueDevoluciones = 4, kBajasConTotal = 4;
 // More articles than customers return in a day, whatever the grand total does; more pieces, if half
 // of all.
 constexpr qint64 kMuchasBajas = 10, kMuchasPiezas = 10;
@@ -57,6 +59,11 @@ const Testimonio& masFino(const Testimonios& t) {
 const Testimonio& granTotalDe(const Testimonios& t) {
   const auto gran = t.find(TipoTotal::GranTotal);
   return gran == t.end() ? masFino(t) : gran->second;
+}
+
+// Of the keys that match.
+qint64 puntos(const Testimonio& f) {
+  return kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
 }
 
 bool muchasBajas(const Testimonio& f) {
@@ -109,6 +116,7 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
                                            .desaparecidas = fila.entero(7),
                                            .iguales = fila.entero(3),
                                            .pesosIguales = fila.entero(4),
+                                           .variasIguales = fila.entero(8),
                                            .conAntes = fila.entero(5),
                                            .impAntes = fila.entero(6)};
   };
@@ -119,7 +127,8 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
               u"SELECT b.ADDR, count(*), SUM(COALESCE(n.CON,0)<b.CON), SUM(COALESCE(n.CON,0)=b.CON "
               u"AND COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.PES<>0 AND "
               u"n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), SUM(b.CON), SUM(b.IMP), "
-              u"SUM(b.CON>0 AND COALESCE(n.CON,0)=0) "
+              u"SUM(b.CON>0 AND COALESCE(n.CON,0)=0), SUM(b.CON>1 AND n.CON=b.CON AND n.PES=b.PES "
+              u"AND n.IMP=b.IMP) "
               u"FROM {base} b LEFT JOIN {nuevas} WHERE b.GRUPO=? AND b.CLASE=? AND (b.CON<>0 OR "
               u"b.PES<>0 OR b.IMP<>0 OR b.SCO<>0) AND (? OR n.CON IS NOT NULL) AND (? OR b.ADDR=?) "
               u"GROUP BY b.ADDR",
@@ -175,17 +184,19 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
-  if (firmes(t)) return Veredicto::Guarda;
+  if (firmes(t))
+    return sospecha && puntos(f) + f.variasIguales < kNoEsAzarSinRespuesta ? Veredicto::Duda
+                                                                           : Veredicto::Guarda;
   const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
-  const bool bastan = muchasBajas(f) || (cayo && (f.bajas > 1 || aMenosDeMedias));
+  const bool bastan = muchasBajas(f) || (cayo && (f.bajas >= kBajasConTotal || aMenosDeMedias));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }
 
 Veredicto juzgarConfirmada(const Testimonios& t) {
   const Testimonio& f = masFino(t);
   if (f.claves == 0 || aCero(t) || quedanMenosDeLaMitad(granTotalDe(t))) return Veredicto::Olvido;
-  const qint64 peso = kPorIgual * f.iguales + kPorPesoIgual * f.pesosIguales;
+  const qint64 peso = puntos(f);
   if (f.iguales >= kPorBaja * f.bajas)
     return peso < kNoEsAzar || puedeSerOtroDia(f) ? Veredicto::Duda : Veredicto::Guarda;
   const bool pocasIguales = 2 * peso < f.bajas;

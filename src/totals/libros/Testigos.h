@@ -30,6 +30,7 @@ struct Testimonio {
   qint64 bajas = 0, desaparecidas = 0;  // of these: a lower count; of the latter: none left
   qint64 iguales = 0;                   // the same to the unit
   qint64 pesosIguales = 0;              // of these: with a weight
+  qint64 variasIguales = 0;             // of `iguales`: with several sales
   qint64 conAntes = 0, conAhora = 0, impAntes = 0, impAhora = 0;  // over all keys
   bool quieto() const { return iguales == claves && conAhora == conAntes && impAhora == impAntes; }
 };

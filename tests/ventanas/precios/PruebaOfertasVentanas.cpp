@@ -175,6 +175,18 @@ TEST(VentanaOfertas, LasFaltasNoSeTapan) {
   EXPECT_GE(faltas, 5);
 }
 
+TEST(VentanaOfertas, UnPrecioQueExtranaSeDice) {
+  for (const auto& [precio, dicho] : {std::pair{u"0"_s, u"El precio de la oferta es 0"_s},
+                                      {u"99,99"_s, u"El precio pasa de"_s}}) {
+    MesaDePrecios m;
+    auto* v = m.abrir(precios::PuertaNvaOfr{.seccion = 1, .grupo = 1});
+    m.campo(v, u"Entra"_s).setText(u"12"_s);
+    m.campo(v, u"Precio_0"_s).setText(precio);
+    m.boton(v, u"SalvBoton"_s);
+    EXPECT_TRUE(v->tira().texto().contains(dicho)) << v->tira().texto().toStdString();
+  }
+}
+
 TEST(VentanaOfertas, PreguntaAntesDeReescribir) {
   MesaDePrecios m;
   m.oferta({.grupo = 1, .codigo = 12, .precio = 700, .enviado = 1});

@@ -106,14 +106,15 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
   EXPECT_TRUE(grid.vista()->isColumnHidden(grid.modelo()->columna(u"PRECIO_00")));
   grid.vista()->setFocus();
   grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"DEPTO")));
-  for (const QString& valor : {u"41"_s, u"2"_s}) {
+  for (const QString& valor : {u"41"_s, u"30"_s, u"2"_s}) {
     ASSERT_TRUE(grid.editarCelda());
     auto* celda = qobject_cast<QLineEdit*>(m.foco());
     ASSERT_NE(celda, nullptr);
     celda->selectAll();
     QTest::keyClicks(celda, valor);
     QTest::keyClick(celda, Qt::Key_Return);
-    EXPECT_EQ(m.leer(u"select DEPTO from PLUSES where CODPLU=3"_s), valor == u"2" ? u"2" : u"1");
+    EXPECT_EQ(m.leer(u"select DEPTO from PLUSES where CODPLU=3"_s), valor == u"41" ? u"1" : valor);
+    EXPECT_EQ(v->tira().texto().contains(u"no tiene el departamento 30"), valor == u"30");
   }
 }
 

@@ -39,6 +39,9 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
       {u"costeN"_s, u"-5"_s, u"El coste quedaría en -5,00, y no puede ser negativo"_s},
       {u"Calcu"_s, u"99999999,99"_s, u"«99999999,99» no vale aquí"_s},
       {u"Calcu"_s, u"10000000"_s, u"El precio quedaría en 10.000.000,00, y el mayor"_s},
+      {u"costeN"_s, u""_s, u"El precio no puede quedar vacío"_s},
+      {u"VentaN"_s, u""_s, u"El precio no puede quedar vacío"_s},
+      {u"Calcu"_s, u""_s, u"El precio no puede quedar vacío"_s},
       {u"precio00"_s, u"1..5"_s, u"El precio «1..5» no es un importe"_s},
       {u"precio00"_s, u"1,005"_s, u"El precio «1,005» tiene más decimales"_s},
       {u"precio00"_s, u"2'99"_s, u"El precio «2'99» no es un importe"_s},
@@ -56,6 +59,19 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
         << c.texto.toStdString() << ": " << v->tira().texto().toStdString();
     EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"300 500");
   }
+}
+
+// Walking on stores the prices as well, and the warning is told beside the next article.
+TEST(VentanaCalculo, LaDudaDeUnPrecioSeDiceTambienAlPasar) {
+  Tecleado m;
+  m.abrir<ListaDeArticulos>(u"BrowPLUs"_s);
+  auto* v = m.abrir(u"CalcPre"_s);
+  MesaDePrecios::escribir(v, u"VentaN"_s, u"30"_s);
+  m.pulsar(Qt::Key_PageDown);
+  EXPECT_EQ(m.precio(3), u"3000");
+  EXPECT_NE(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Artículo 3: El precio"))
+      << v->tira().texto().toStdString();
 }
 
 TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
@@ -309,7 +325,7 @@ TEST(VentanaAlta, DicePorQueNoSeSale) {
                {u"txdep", u"41", u"El valor entrado es incorrecto: Departamento, de 1 a 40"},
                {u"txdep", u"9", u"La sección no tiene el departamento 9: elija otro de la lista."},
                {u"txetq", u"21", u"El valor entrado es incorrecto: Formato Etiquetas, de 1 a 20"},
-               {u"txbar", u"x", u"Prefijo del código de barras: sólo cifras."},
+               {u"txbar", u"x", u"Prefijo del código de barras: sólo cifras, 7 como mucho."},
                {u"txdi1", u"x", u"Días 1: un número de 0 a 9999."}};
   for (const auto& c : casos) {
     Tecleado m;

@@ -131,6 +131,18 @@ TEST_F(Juntos, LaNocheCorreEnLaVentanaAbierta) {
   EXPECT_EQ(abierta.p.state(), QProcess::Running);
 }
 
+// A line of the settings that wasn't understood is a problem of the runs there as well.
+TEST_F(Juntos, LoQueNoSeEntendioDeLosAjustesSeDiceEnLaNoche) {
+  poner(u"BIEN.AUT"_s, "N:nada\r\n");
+  poner(u"TARVO.INI"_s, "TimeACK= 0\r\n");
+  Abierta abierta;
+  abrirVentanas(abierta.p);
+  const Fin fin = correrAqui({u"--sin-ventana"_s, u"BIEN"_s});
+  EXPECT_EQ(fin.estado, 1) << fin.salida.toStdString();
+  EXPECT_TRUE(fin.salida.contains(u"TimeACK")) << fin.salida.toStdString();
+  EXPECT_TRUE(ver(u"BIEN.TZA"_s).contains("TimeACK"));
+}
+
 // A comparison only looks; an answer is for the program that has the books.
 TEST_F(Juntos, LasOrdenesDeUnaPersonaConLaVentanaAbierta) {
   Abierta abierta;

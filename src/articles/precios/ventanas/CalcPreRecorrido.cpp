@@ -70,6 +70,7 @@ void CalcPreVentana::reposicionado() {
   if (ClaveArticulo{seccion, codigo} == articulo_.clave) return;
   if (!terminarCajas() || (tocado_ && !guardar())) return;
   haIdoBien(cargar({seccion, codigo}));
+  avisarDelGuardado();
 }
 
 std::optional<QString> CalcPreVentana::impedimento() const {
@@ -86,8 +87,28 @@ std::optional<QString> CalcPreVentana::impedimento() const {
   return std::nullopt;
 }
 
+// The first of the prices to be stored that a person should look at again.
+QString CalcPreVentana::dudaDePrecios(const articles::Precios& antes,
+                                      const articles::Precios& ahora) const {
+  for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
+    for (std::size_t tarifa = 0; tarifa < articles::kTarifas; ++tarifa) {
+      const qint64 viejo = antes[nivel][tarifa], nuevo = ahora[nivel][tarifa];
+      if (viejo == nuevo) continue;
+      if (const auto aviso = avisoCambio(viejo, nuevo, contexto().ajustes, contexto().textos))
+        return *aviso;
+    }
+  return {};
+}
+
+// Told after the next article is shown, which clears the strip.
+void CalcPreVentana::avisarDelGuardado() {
+  const QString duda = std::exchange(dudaGuardada_, {});
+  if (!duda.isEmpty()) decirDuda(duda);
+}
+
 // Changes made to the article by another window meanwhile are kept.
 bool CalcPreVentana::guardar() {
+  dudaGuardada_.clear();
   if (articulo_.clave.deSistema()) return true;
   if (const auto impide = impedimento()) {
     decirFallo(*impide);
@@ -109,6 +130,8 @@ bool CalcPreVentana::guardar() {
     return false;
   tocado_ = false;
   if (nuevo == **ahora) return true;
+  if (const QString duda = dudaDePrecios((*ahora)->precios, nuevo.precios); !duda.isEmpty())
+    dudaGuardada_ = nuevo.nombre + u": "_s + duda;
   articulo_ = nuevo;
   precios_ = nuevo.precios;
   const bool ajeno = std::exchange(moviendo_, true);
@@ -119,11 +142,13 @@ bool CalcPreVentana::guardar() {
 
 void CalcPreVentana::salvar() {
   if (!terminar() || !guardar()) return;
-  qint64 mayor = 0;
-  for (const auto& nivel : precios_) mayor = std::max(mayor, std::ranges::max(nivel));
-  if (const auto aviso = avisoPrecio(mayor, contexto().ajustes, contexto().textos))
-    return decirDuda(*aviso);
   decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
+  avisarDelGuardado();
+}
+
+void CalcPreVentana::dejarUltimo() {
+  decirDuda(t(kTxNoHayMas));
+  avisarDelGuardado();
 }
 
 void CalcPreVentana::mover(int pasos) {
@@ -132,14 +157,15 @@ void CalcPreVentana::mover(int pasos) {
     moviendo_ = true;
     const bool hay = lista_->saltar(pasos);
     moviendo_ = false;
-    if (!hay) return decirDuda(t(kTxNoHayMas));
+    if (!hay) return dejarUltimo();
     haIdoBien(cargar({lista_->clave().seccion, lista_->clave().codigo}));
   } else {
     const auto otro = catalogo_.vecino(articulo_.clave, pasos);
     if (!haIdoBien(otro)) return;
-    if (!*otro) return decirDuda(t(kTxNoHayMas));
+    if (!*otro) return dejarUltimo();
     haIdoBien(cargar(**otro));
   }
+  avisarDelGuardado();
   if (auto* caja = qobject_cast<QLineEdit*>(focusWidget())) caja->selectAll();
 }
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "articles/precios/AjustesPrecios.h"
+#include "articles/precios/Limites.h"
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/dinero/Dinero.h"
@@ -118,15 +119,18 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   return igual;
 }
 
-// Why the text is no value of the box. An empty one is none, or 0.
+// Why the text is no value of the box. An empty one is none, or 0, where it isn't what is stored.
 std::optional<QString> CalcPreVentana::malTexto(const QLineEdit& caja, const QString& texto) const {
+  const Ajustes& a = contexto().ajustes;
+  const bool seGuarda = &caja == ui_.costeN || &caja == ui_.VentaN || &caja == ui_.Calcu;
+  if (texto.isEmpty() && seGuarda)
+    return errorDe(FaltaPrecio::Vacio, texto, a, contexto().textos).texto;
   if (texto.isEmpty()) return std::nullopt;
   if (&caja == ui_.redon && !enteroDe(texto, kCifrasRedondeo))
     return contexto().textos(kTxSoloCifras, {texto, kCifrasRedondeo});
   if (!numero(caja, texto)) return t(kTxNoEsNumero).arg(texto);
-  const auto claro =
-      esTanto(caja) ? ventanas::tantoClaro(contexto(), texto)
-                    : ventanas::importeClaro(contexto(), texto, contexto().ajustes.MonedaNativa);
+  const auto claro = esTanto(caja) ? ventanas::tantoClaro(contexto(), texto)
+                                   : ventanas::importeClaro(contexto(), texto, a.MonedaNativa);
   return claro ? std::nullopt : std::optional(claro.error().texto);
 }
 

@@ -58,9 +58,12 @@ class CalcPreVentana final : public ventanas::Ventana {
 
   // The reason why the figures can't be saved, in words.
   std::optional<QString> impedimento() const;
+  QString dudaDePrecios(const articles::Precios& antes, const articles::Precios& ahora) const;
   bool guardar();
+  void avisarDelGuardado();
   void salvar();
   void mover(int pasos);
+  void dejarUltimo();  // there is no article after it
 
   Ui::CalcPre ui_;
   articles::Catalogo& catalogo_;
@@ -69,6 +72,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   articles::Precios precios_{};
   DeLista lista_;
   std::map<QLineEdit*, Hacer> cajas_;
+  QString dudaGuardada_;  // of the prices just stored
   bool seguida_ = false, moviendo_ = false, tocado_ = false;
   bool ajustado_ = false;  // a person has chosen one of its settings
 };

@@ -3,6 +3,7 @@
 #include <QTableView>
 
 #include "articles/Listas.h"
+#include "articles/TextosArticles.h"
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/CambioRapido.h"
 #include "articles/precios/Listas.h"
@@ -32,7 +33,7 @@ constexpr std::array<Como, kColumnasRapidas> kColumnasPLU{
      {u"PRECIO_10", Clase::Importe, 0, 80},
      {u"PRECIO_20", Clase::Importe, 0, 80},
      {u"DEPTO", Clase::Codigo, 2, 60},
-     {u"PFX_BAR", Clase::Texto, 0, 80, 7},
+     {u"PFX_BAR", Clase::Texto, 0, 80, articles::kPrefijoBarrasMayor},
      {u"FORMATO", Clase::Codigo, 2, 60},
      {u"NUMDIAS_1", Clase::Entero, 0, 60, 4},
      {u"NUMDIAS_2", Clase::Entero, 0, 60, 4}}};
@@ -188,7 +189,15 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
           *antes, nuevo);
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
     avisar(antes->precios[nivel][0], nuevo.precios[nivel][0]);
+  if (nuevo.depto != antes->depto) avisarDepartamento(clave.seccion, nuevo.depto);
   return {};
+}
+
+// As in the list: any within the limits is taken.
+void FastModf::avisarDepartamento(int seccion, int departamento) {
+  const auto hay = contexto().nombres.departamento(seccion, departamento);
+  if (haIdoBien(hay) && !*hay)
+    decirDuda(contexto().textos(articles::kTxSinEseDepartamento).arg(departamento));
 }
 
 Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {

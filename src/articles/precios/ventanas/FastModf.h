@@ -39,6 +39,7 @@ class FastModf final : public ventanas::Ventana {
   void apuntar(const QString& que, const articles::Articulo& antes,
                const articles::Articulo& ahora);
   void avisar(qint64 antes, qint64 ahora);
+  void avisarDepartamento(int seccion, int departamento);
   void intro(Celda celda);
   // False at the ends of the list, or if a price couldn't be stored.
   bool saltar(int pasos);

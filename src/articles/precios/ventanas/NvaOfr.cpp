@@ -209,6 +209,7 @@ Resultado<> NvaOfr::aplicar() {
     TARVO_TOMAR(grupos, motor_.gruposDe(de_.seccion));
   }
   TARVO_TOMAR(const auto escritos, preguntarPorLas(grupos));
+  TARVO_TOMAR(aviso_, dudaDePrecios());
   TARVO_TOMAR(alta_, motor_.guardar(oferta_, escritos));
   return {};
 }
@@ -221,9 +222,20 @@ void NvaOfr::aplicada() {
   haIdoBien(editar({.articulo = {}, .precios = {}, .desde = r.desde, .hasta = r.hasta}));
   if (alta_.grupos.empty()) return decirDuda(t(kTxOfertaEnNinguno));
   const QString bien = t(kTxOfertaGuardada, static_cast<int>(alta_.grupos.size())).arg(nombre);
-  const auto aviso =
-      avisoPrecio(std::ranges::max(oferta_.precios), contexto().ajustes, contexto().textos);
-  aviso ? decirDuda(bien + u' ' + *aviso) : decirBien(bien);
+  aviso_.isEmpty() ? decirBien(bien) : decirDuda(bien + u' ' + aviso_);
+}
+
+// A price of 0, or far from the normal one. Without a normal price none is far from it.
+Resultado<QString> NvaOfr::dudaDePrecios() {
+  TARVO_TOMAR(const auto normales, motor_.normales(de_.grupo, de_.seccion, articulo_->codigo));
+  for (std::size_t n = 0; n < precios_.size(); ++n) {
+    if (!r.precios[n]) continue;
+    if (*r.precios[n] == 0) return t(kTxOfertaACero);
+    if (const auto aviso = avisoCambio(normales ? (*normales)[n] : 0, *r.precios[n],
+                                       contexto().ajustes, contexto().textos))
+      return *aviso;
+  }
+  return QString();
 }
 
 }  // namespace tarvo::precios

@@ -34,6 +34,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   void buscar();
   QString preciosNormales(qint64 codigo);
   std::vector<FaltaCampo> comprobar() override;
+  Resultado<QString> dudaDePrecios();
   Resultado<> aplicar() override;
   void aplicada() override;
   // The groups without an offer for the article, and those whose offer the user agrees to
@@ -50,6 +51,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   PuertaNvaOfr de_;
   OfertaNueva oferta_;
   Ofertas::Alta alta_;   // the last offer, with the groups that received it
+  QString aviso_;        // of its prices
   bool dejado_ = false;  // by Escape in the empty article field
 };
 
