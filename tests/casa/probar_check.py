@@ -60,6 +60,10 @@ FORMA = "src/comm/ventanas/Prueba.ui"
 # The cases contain none of the forbidden words, since ./check examines this file too.
 CASOS = [
     ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "core/dao/Valor.h"\n'), r"Prueba.cpp:1: tramas includes dao"),
+    # Headers that the build makes from the table of texts: a room's own, and one for all rooms below its folder.
+    ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "comm/motor/TextosMotor.h"\n'), r"Prueba.cpp:1: tramas includes motor"),
+    ("salas", anade("src/comm/tramas/Prueba.cpp", '#include "core/ventanas/TextosVentanas.h"\n'),
+     r"Prueba.cpp:1: tramas includes src/core/ventanas"),
     ("salas", cambia(TABLA, r"^\| `stock` \|", "| `stock` | `dinero`"), r"stock may include dinero, and nothing"),
     ("salas", cambia("src/stock/CMakeLists.txt", r"LINKS", "LINKS dinero"), r"stock links dinero, unlike its row"),
     ("salas", cambia("src/stock/CMakeLists.txt", r"LINKS \w+", "LINKS"), r"stock doesn't link \w+, unlike its row"),

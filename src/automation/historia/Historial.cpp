@@ -3,7 +3,7 @@
 #include <QLocale>
 #include <QStringList>
 
-#include "automation/TextosAutomation.h"
+#include "automation/historia/TextosHistoria.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 
