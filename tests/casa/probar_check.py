@@ -83,6 +83,8 @@ CASOS = [
     ("pruebas", anade("tests/stock/Nada.cpp", "TEST(Nada, Nada) {}\n"), r"Nada.cpp: a file with tests is named"),
     ("pruebas", anade("tests/stock/PruebaNada.cpp", "int nada;\n"), r"PruebaNada.cpp: no tests here"),
     ("pruebas", anade("tests/stock/PruebaNada.cpp", "TEST(Na_da, Nada) {}\n"), r"the suite Na_da"),
+    ("pruebas", anade("tests/stock/PruebaNada.cpp", "TEST(Nada,\n     StocksOfTheShop) {}\n"), r"StocksOfTheShop: tests and suites"),
+    ("pruebas", anade("tests/stock/PruebaNada.cpp", "TEST_F(NadaTest, Nada) {}\n"), r"NadaTest: tests and suites"),
     ("asuntos", asunto, r"a subject of \d+ characters"),
     ("textos", anade(TEXTOS, "99999\tNadie lo dice.\tapp.kTxNadieLoDice\n"), r"the name kTxNadieLoDice is used nowhere"),
     ("textos", anade(TEXTOS, "99999\tNadie lo dice.\n"), r"number 99999 is used nowhere"),
