@@ -252,8 +252,8 @@ TEST_F(ConProceso, LoQueSeBorraSinCeroSeDice) {
   }
 }
 
-// Sales of a part and of its sum that are taken off the stock, or go into a week, twice: that is
-// said. Each row: what follows once the periods were created and a was discounted. An empty sum
+// Sales of a part and of its sum that are taken off the stock, or go into a week, twice are
+// reported. Each row: what follows once the periods were created and a was discounted. An empty sum
 // holds nothing twice, whatever dates it has in common with its parts.
 TEST_F(ConProceso, LoQueSeCuentaDosVecesSeDice) {
   const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };

@@ -127,7 +127,7 @@ CASOS = [
     ("teclas", cambia("src/core/ventanas/parrilla/ParrillaTeclas.cpp", r"Qt::Key_D &&", "Qt::Key_E &&"), r"rellenar has the key Ctrl\+E"),
     ("teclas", cambia("docs/ventanas.md", r"^\| `F10` \|(.*)\|$", r"| `F10` |\1 `nadie` |"), r"nadie hasn't the key F10"),
     ("paquetes", anade("src/stock/Prueba.txt", "apt" + " install unicornio\n"), r"the only list of packages"),
-    ("palabras", anade("src/stock/Prueba.cpp", "// FIX" + "ME\n"), r"a word that must not stand"),
+    ("palabras", anade("src/stock/Prueba.cpp", "// FIX" + "ME\n"), r"a word that must not be"),
     ("simbolos", archivo, r"libx.a: takes QWidget"),
 ]
 

@@ -121,7 +121,7 @@ TEST_F(ConTabla, EscribeCambiaYBorra) {
   EXPECT_TRUE(rs->Eof());
   ASSERT_TRUE(*rs->Seek(Busca::Igual, 1, 2, 5));
   ASSERT_TRUE(rs->Delete());
-  EXPECT_EQ(rs->entero(2), 9) << "behind the one that went";
+  EXPECT_EQ(rs->entero(2), 9) << "after the deleted one";
   ASSERT_TRUE(db->Execute(u"delete from T"));
   EXPECT_EQ(rs->Delete().error().clase, Fallo::NoExiste);
   rs->AddNew();
