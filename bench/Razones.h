@@ -37,4 +37,13 @@ using Cronometro = std::function<void(const std::function<void()>&)>;
 using Lado = std::function<void(const Cronometro&)>;
 double razonDe(const Lado& nuestro, const Lado& limite, int vueltas = 5);
 
+// The same for sides that measure themselves, such as processes that print their cost; without a
+// warm-up, as each starts anew.
+using Cifra = std::function<double()>;
+double razonDeCifras(const Cifra& nuestra, const Cifra& limite, int vueltas = 3);
+
+// For a figure with a fixed limit: one run says nothing about the next.
+double mediana(std::vector<double> v);
+double medianaDe(int veces, const Cifra& medir);
+
 }  // namespace tarvo::banco

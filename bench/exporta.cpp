@@ -37,8 +37,9 @@ double picoAparte(int mib) {
   return hijo.readAllStandardOutput().trimmed().toDouble();
 }
 
-const AltaMedida kMedida("exporta.memoria", 0.95,
-                         [] { return picoAparte(0) / picoAparte(kFicheroMiB); });
+const AltaMedida kMedida("exporta.memoria", 0.95, [] {
+  return razonDeCifras([] { return picoAparte(kFicheroMiB); }, [] { return picoAparte(0); });
+});
 
 }  // namespace
 

@@ -23,11 +23,6 @@ double segundos(const std::function<void()>& f) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - inicio).count();
 }
 
-double mediana(std::vector<double> v) {
-  std::ranges::nth_element(v, v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2));
-  return v[v.size() / 2];
-}
-
 // An optional text after --razones selects the measurements whose name contains it.
 int razones(const char* filtro) {
   int cortas = 0;
@@ -53,8 +48,29 @@ AltaMedida::AltaMedida(std::string nombre, double minimo, std::function<double()
   medidas().push_back({std::move(nombre), minimo, std::move(medir)});
 }
 
-double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
+double mediana(std::vector<double> v) {
+  std::ranges::nth_element(v, v.begin() + static_cast<std::ptrdiff_t>(v.size() / 2));
+  return v[v.size() / 2];
+}
+
+double medianaDe(int veces, const Cifra& medir) {
+  std::vector<double> v;
+  for (int i = 0; i < veces; ++i) v.push_back(medir());
+  return mediana(std::move(v));
+}
+
+double razonDeCifras(const Cifra& nuestra, const Cifra& limite, int vueltas) {
   std::vector<double> razones;
+  for (int i = 0; i < vueltas; ++i) {
+    const bool primeroNuestra = i % 2 == 0;
+    const double a = primeroNuestra ? nuestra() : limite();
+    const double b = primeroNuestra ? limite() : nuestra();
+    razones.push_back(primeroNuestra ? b / a : a / b);
+  }
+  return mediana(std::move(razones));
+}
+
+double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
   const auto medir = [](const Lado& lado) {
     double s = 0;
     lado([&s](const std::function<void()>& f) { s = segundos(f); });
@@ -62,13 +78,7 @@ double razonDe(const Lado& nuestro, const Lado& limite, int vueltas) {
   };
   medir(nuestro);
   medir(limite);
-  for (int i = 0; i < vueltas; ++i) {
-    const bool primeroNuestro = i % 2 == 0;
-    const double a = medir(primeroNuestro ? nuestro : limite);
-    const double b = medir(primeroNuestro ? limite : nuestro);
-    razones.push_back(primeroNuestro ? b / a : a / b);
-  }
-  return mediana(razones);
+  return razonDeCifras([&] { return medir(nuestro); }, [&] { return medir(limite); }, vueltas);
 }
 
 double razon(const std::function<void()>& nuestro, const std::function<void()>& limite,

@@ -5,8 +5,6 @@
 #include <time.h>
 
 #include <QProcess>
-#include <algorithm>
-#include <array>
 
 #include "MotorNoche.h"
 #include "Razones.h"
@@ -95,18 +93,16 @@ Coste nocheAparte(int grupos) {
   return {salida.value(0).toDouble(), salida.value(1).toDouble()};
 }
 
+// Several short nights beside a long one, so that neither side is a matter of a moment.
 double linealidad() {
-  constexpr int kVueltasNoche = 3;
-  std::array<double, kVueltasNoche> diez, cien;
-  for (int i = 0; i < kVueltasNoche; ++i) {
-    // Several short nights against a long one, so that both take about as long.
-    diez[static_cast<size_t>(i)] =
-        std::min({nocheAparte(10).cpu, nocheAparte(10).cpu, nocheAparte(10).cpu}) / 10;
-    cien[static_cast<size_t>(i)] = nocheAparte(100).cpu / 100;
-  }
-  std::ranges::sort(diez);
-  std::ranges::sort(cien);
-  return diez[kVueltasNoche / 2] / cien[kVueltasNoche / 2];
+  constexpr int kCortas = 3;
+  return razonDeCifras([] { return nocheAparte(100).cpu / 100; },
+                       [] {
+                         double cpu = 0;
+                         for (int i = 0; i < kCortas; ++i) cpu += nocheAparte(10).cpu;
+                         return cpu / (10 * kCortas);
+                       },
+                       5);
 }
 
 const AltaMedida kMedidasNoche[] = {

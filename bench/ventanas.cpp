@@ -19,7 +19,7 @@ namespace tarvo::banco {
 namespace {
 
 constexpr int kArticulosTienda = 100'000, kPeriodos = 250, kFilasPeriodo = 2'000;
-constexpr int kPintados = 15, kLecturas = 5;
+constexpr int kPintados = 15, kLecturas = 9;
 constexpr double kVecesTiempo = 2.5, kVecesMemoria = 2;
 
 QString junto(const char* nombre) {
@@ -86,7 +86,8 @@ double primerPintado() {
 
 double memoriaVentana() {
   const TiendaGrande t;
-  return kVecesMemoria * pintar(t.vacia, {}, "memoria") / pintar(t.tarvo, t.orden, "memoria");
+  return kVecesMemoria * razonDeCifras([&] { return pintar(t.tarvo, t.orden, "memoria"); },
+                                       [&] { return pintar(t.vacia, {}, "memoria"); });
 }
 
 // The longest step of the morning's reading, compared with the longest allowed wait of the event
@@ -99,8 +100,7 @@ double rebanada() {
                         {totals::ajustesSesion(), totals::ajustesPeriodos()});
   const motor::RepertorioTareas repertorio = tareas::repertorio();
   const automation::Lenguaje lenguaje(repertorio, ajustes, textosDePrueba());
-  double peor = 0;
-  for (int vuelta = 0; vuelta < kLecturas; ++vuelta) {
+  const auto peorPaso = [&] {
     automation::LectorResumen lector({.db = *db,
                                       .ajustes = ajustes,
                                       .textos = textosDePrueba(),
@@ -113,10 +113,9 @@ double rebanada() {
       sigue = bien(lector.paso());
       mayor = std::max(mayor, static_cast<double>(paso.nsecsElapsed()) * 1e-6);
     }
-    // The quickest of several readings, since the computer has other work.
-    peor = vuelta == 0 ? mayor : std::min(peor, mayor);
-  }
-  return Trabajo::kRebanada / peor;
+    return mayor;
+  };
+  return Trabajo::kRebanada / medianaDe(kLecturas, peorPaso);
 }
 
 const AltaMedida kMedidasVentanas[] = {{"ventana.primer_pintado", 1.0, primerPintado},

@@ -1,5 +1,5 @@
-// The reader of export files: any bytes give periods or an error, and a refused block leaves
-// nothing behind. Every input starts on the same empty database.
+// The reader of export files: any bytes give periods or an error, and nothing of a refused
+// block stays. Every input starts on the same empty database.
 #include <QTemporaryDir>
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// A run of a person that stands still, at an unanswered question or held before a step, while
+// A run of a person that doesn't move, at an unanswered question or held before a step, while
 // another process waits for its turn: after a time it has to yield, or a night would not run
 // because somebody went home.
 #pragma once

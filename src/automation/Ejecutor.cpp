@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "automation/TextosAutomation.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dao/Recorrido.h"
 #include "core/dinero/Dinero.h"

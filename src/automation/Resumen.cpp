@@ -23,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kNoche = 1;  // days: runs begun within them are the last night
-constexpr int kEjecucionesMiradas = 30;
 constexpr int kSemanas = 4;
 constexpr double kHorarioMirado = 7;      // days
 constexpr double kGracia = 1.0 / 24;      // another process may have run first
@@ -79,9 +78,9 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
   const auto enMarcha = f_.curso ? std::optional(f_.curso->numero) : std::nullopt;
-  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ultimas(kEjecucionesMiradas, enMarcha));
-  for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
-  for (auto& e : ultimas)
+  TARVO_TOMAR(auto hechas, Historial(f_.db, f_.textos).ejecuciones(enMarcha));
+  for (const auto& e : hechas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
+  for (auto& e : hechas)
     if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
       r_.ejecuciones.push_back(std::move(e));
   // The earliest first, so that the latest prevails.

@@ -54,7 +54,7 @@ TEST(Ordenes, ElIdiomaEsElDeLaTabla) {
                   QStringList{QStringLiteral("--idioma"), QStringLiteral("pl")} + proceso, *textos)
                   ->idioma,
               Idioma::PL)
-        << "what is said counts";
+        << "the option counts";
   }
 }
 

@@ -1,11 +1,11 @@
 // What a process may tell a machine to forget, and what it may forget itself.
-#include "automation/Runner.h"
+#include "automation/ConProceso.h"
 
 namespace tarvo::automation {
 namespace {
 
 // What a process reads and forgets is in the machine alone, and stays there.
-TEST_F(RunnerTest, LoQueUnProcesoOlvidaNoSePoneACero) {
+TEST_F(ConProceso, LoQueUnProcesoOlvidaNoSePoneACero) {
   const QString olvida =
       u"T:RXGRTOT,1\r\nC:ESPERA,0,Sí\r\nS:OLVIDAR\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s;
   const auto lineas = correr(olvida);
@@ -20,7 +20,7 @@ TEST_F(RunnerTest, LoQueUnProcesoOlvidaNoSePoneACero) {
 
 // A process zeroes a group only when it knows what the group sold of each article; each row is a
 // process, the amount that the machine has more than its articles, and the outcome.
-TEST_F(RunnerTest, LoQueUnProcesoPuedePonerACero) {
+TEST_F(ConProceso, LoQueUnProcesoPuedePonerACero) {
   const auto con = [](const QString& lecturas) {
     return lecturas + u"\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s;
   };
@@ -49,7 +49,7 @@ TEST_F(RunnerTest, LoQueUnProcesoPuedePonerACero) {
 }
 
 // A zeroing before the memorisation leaves the session as the only copy of the day.
-TEST_F(RunnerTest, LoQueSoloEstaEnLaBandejaNoLoOlvidaUnProceso) {
+TEST_F(ConProceso, LoQueSoloEstaEnLaBandejaNoLoOlvidaUnProceso) {
   const auto p = tienda_.programa();
   const auto lineas =
       correr(u"T:RXPLUS,1\r\nT:RXGRTOT,1\r\nC:ESPERA,0,Sí\r\nT:TX_ZERO,1\r\nC:ESPERA,0,Sí"_s, *p);
@@ -65,7 +65,7 @@ TEST_F(RunnerTest, LoQueSoloEstaEnLaBandejaNoLoOlvidaUnProceso) {
   EXPECT_EQ(p->uno(u"SELECT SUM(IMP) FROM TOTPLU WHERE LINK>0"_s).entero(), 2500);
 }
 
-TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
+TEST_F(ConProceso, LoQueNoSeMemorizaNoSePoneACero) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(
       p->db().ejecutarGuion(u"CREATE TRIGGER no_mas BEFORE INSERT ON COLUMNA BEGIN SELECT "
@@ -82,7 +82,7 @@ TEST_F(RunnerTest, LoQueNoSeMemorizaNoSePoneACero) {
 }
 
 // A reading waiting for its memorisation blocks the next one: later sales are only in the machine.
-TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
+TEST_F(ConProceso, LoQueNoSePudoLeerNoSePoneACero) {
   const auto p = tienda_.programa();
   correr(u"T:RXGRTOT,1\r\nT:RXPLUS,1\r\nC:ESPERA,0,No\r\nT:TX_ZERO,1\r\nC:ESPERA,0,No"_s, *p);
   ASSERT_EQ(maquinasDePrueba().ceros, 1);
@@ -94,7 +94,7 @@ TEST_F(RunnerTest, LoQueNoSePudoLeerNoSePoneACero) {
 }
 
 // Neither readings nor memorisation are possible: after reading nothing, nothing may be forgotten.
-TEST_F(RunnerTest, SinLasSesionesNadieOlvida) {
+TEST_F(ConProceso, SinLasSesionesNadieOlvida) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutarGuion(u"DROP TABLE Sesiones;\nCREATE TABLE Sesiones (x INTEGER);\n"));
   for (const QString& proceso : {kNoche, u"T:TX_ZERO,ALL\r\nC:ESPERA,1,No"_s}) {

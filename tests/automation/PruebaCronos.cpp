@@ -13,9 +13,9 @@ using namespace Qt::StringLiterals;
 
 constexpr QStringView kSiempre = u"Sí,Sí,Sí,Sí,Sí,Sí,Sí";
 
-class CronosTest : public testing::Test {
+class ConCronos : public testing::Test {
  protected:
-  CronosTest()
+  ConCronos()
       : p_(tienda_.programa()), c_(p_->automat(), p_->lenguaje(), p_->ajustes(), p_->reloj()) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, u"S:CERRAR,x,Sí,Sí\r\n"_s);
@@ -49,7 +49,7 @@ class CronosTest : public testing::Test {
   QStringList avisos_;
 };
 
-TEST_F(CronosTest, CuentaLoQueAcaba) {
+TEST_F(ConCronos, CuentaLoQueAcaba) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s), linea(u"22:10:00"_s, u"MAL"_s),
            linea(u"22:15:00"_s, u"pregunta.aut"_s), linea(u"22:20:00"_s, u"VACIO"_s)});
   EXPECT_EQ(c_.siguiente(), 0);
@@ -67,7 +67,7 @@ TEST_F(CronosTest, CuentaLoQueAcaba) {
   EXPECT_EQ(exitos(0), 2);
 }
 
-TEST_F(CronosTest, ElProximoInicioMiraLosDias) {
+TEST_F(ConCronos, ElProximoInicioMiraLosDias) {
   horario({linea(u"21:00:00"_s, u"BIEN"_s, u"No,No,No,No,Sí,No,No"),
            linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"),
            linea(u"22:01:00"_s, u"ROTO"_s)});
@@ -83,7 +83,7 @@ TEST_F(CronosTest, ElProximoInicioMiraLosDias) {
   EXPECT_FALSE(c_.proximoInicio());
 }
 
-TEST_F(CronosTest, LosDiasEmpiezanEnLunes) {
+TEST_F(ConCronos, LosDiasEmpiezanEnLunes) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s, u"No,No,Sí,No,No,No,No"),
            linea(u"22:06:00"_s, u"BIEN"_s, u"Sí,Sí,No,Sí,Sí,Sí,Sí"),
            linea(u"22:07:00"_s, u"BIEN"_s, u"No,No,No,No,No,No,No")});
@@ -96,7 +96,7 @@ TEST_F(CronosTest, LosDiasEmpiezanEnLunes) {
   EXPECT_EQ(exitos(2), 0);
 }
 
-TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
+TEST_F(ConCronos, VariasALaVezEnElOrdenDelFichero) {
   horario({linea(u"22:30:00"_s, u"BIEN"_s), linea(u"22:05:00"_s, u"LARGO"_s),
            linea(u"22:05:00"_s, u"BIEN"_s)});
   tienda_.respuestas.mientras = [this] {
@@ -114,7 +114,7 @@ TEST_F(CronosTest, VariasALaVezEnElOrdenDelFichero) {
 }
 
 // An hour that comes while a person runs a process is not lost.
-TEST_F(CronosTest, EsperaALoQueCorreUnaPersona) {
+TEST_F(ConCronos, EsperaALoQueCorreUnaPersona) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s)});
   tienda_.respuestas.mientras = [this] {
     pasar(10);
@@ -135,9 +135,9 @@ struct CasoReloj {
   double minutosAlFinal;
   int veces;
 };
-class RelojTest : public CronosTest, public testing::WithParamInterface<CasoReloj> {};
+class ConReloj : public ConCronos, public testing::WithParamInterface<CasoReloj> {};
 
-TEST_P(RelojTest, UnaVezPorHoraYDia) {
+TEST_P(ConReloj, UnaVezPorHoraYDia) {
   const auto& caso = GetParam();
   horario({linea(QString::fromUtf16(caso.hora), u"BIEN"_s)});
   pasar(1);
@@ -149,7 +149,7 @@ TEST_P(RelojTest, UnaVezPorHoraYDia) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Saltos, RelojTest,
+    Saltos, ConReloj,
     testing::Values(CasoReloj{"sin saltos", u"22:05:00", 0, 0, 60, 1},
                     CasoReloj{"atrás una hora, ya ejecutada", u"22:05:00", 0, -1, 180, 1},
                     CasoReloj{"atrás un día: es otro día", u"22:05:00", 0, -24, 180, 1},
@@ -163,14 +163,14 @@ INSTANTIATE_TEST_SUITE_P(
                     CasoReloj{"la hora de la carga", u"22:00:00", 0, 0, 10, 1}),
     [](const auto& c) { return std::to_string(c.index); });
 
-TEST_F(CronosTest, UnTicTardioNoPierdeLaHora) {
+TEST_F(ConCronos, UnTicTardioNoPierdeLaHora) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s)});
   tienda_.reloj.saltarPared(6 / 1440.0);  // the program was busy for six minutes
   pasar(1);
   EXPECT_EQ(exitos(), 1);
 }
 
-TEST_F(CronosTest, Inactivo) {
+TEST_F(ConCronos, Inactivo) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s), linea(u"22:30:00"_s, u"BIEN"_s)});
   c_.ponerActivo(false);
   EXPECT_EQ(c_.siguiente(), -1);
@@ -182,7 +182,7 @@ TEST_F(CronosTest, Inactivo) {
   EXPECT_EQ(exitos(1), 1);
 }
 
-TEST_F(CronosTest, UnProcesoInutilNoParaElHorario) {
+TEST_F(ConCronos, UnProcesoInutilNoParaElHorario) {
   horario({linea(u"22:05:00"_s, u"ROTO"_s), linea(u"22:05:00"_s, u"FALTA"_s),
            linea(u"22:06:00"_s, u"BIEN"_s)});
   ASSERT_EQ(avisos_.size(), 2);
@@ -196,7 +196,7 @@ TEST_F(CronosTest, UnProcesoInutilNoParaElHorario) {
   EXPECT_EQ(exitos(2), 1);
 }
 
-TEST_F(CronosTest, UnHorarioMaloDejaElQueHabia) {
+TEST_F(ConCronos, UnHorarioMaloDejaElQueHabia) {
   horario({linea(u"22:05:00"_s, u"BIEN"_s)});
   fichero(u"OTRO.CRO"_s, u"22:05:00;Sí;BIEN"_s);
   const auto r = c_.ActivarCron(u"OTRO"_s);
@@ -207,7 +207,7 @@ TEST_F(CronosTest, UnHorarioMaloDejaElQueHabia) {
   EXPECT_EQ(exitos(), 1);
 }
 
-TEST_F(CronosTest, ElProcesoDelPropioFichero) {
+TEST_F(ConCronos, ElProcesoDelPropioFichero) {
   fichero(u"PROPIO.AUT"_s,
           u"22:05:00;%1;@\r\n@INICIO BATCH\r\nN:a\r\n@FINAL BATCH\r\nlo demás\r\n"_s.arg(kSiempre));
   ASSERT_TRUE(c_.ActivarCron(u"propio.aut"_s));
@@ -217,7 +217,7 @@ TEST_F(CronosTest, ElProcesoDelPropioFichero) {
   EXPECT_TRUE(tienda_.texto(u"PROPIO.TZC"_s).contains(u"PROPIO: Ejecución finalizada: "));
 }
 
-TEST_F(CronosTest, CambiarDeHorarioConUnProcesoEnMarcha) {
+TEST_F(ConCronos, CambiarDeHorarioConUnProcesoEnMarcha) {
   horario({linea(u"22:05:00"_s, u"LARGO"_s)});
   tienda_.respuestas.mientras = [this] {
     pasar(5);

@@ -1,7 +1,7 @@
 // Operations on a period that failed one night are owed, done once, and can be dropped.
 #include <QDir>
 
-#include "automation/Runner.h"
+#include "automation/ConProceso.h"
 #include "automation/historia/Pendientes.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/intercambio/XporTot.h"
@@ -9,10 +9,10 @@
 namespace tarvo::automation {
 namespace {
 
-class DeudasTest : public RunnerTest {};
+class ConDeudas : public ConProceso {};
 
 // A discount that fails tonight because of one group is made once the group is corrected.
-TEST_F(DeudasTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
+TEST_F(ConDeudas, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
   const auto noche = [&](const QString& arreglo) {
     const auto p = tienda_.programa();
     EXPECT_TRUE(p->db().ejecutar(arreglo));
@@ -37,7 +37,7 @@ TEST_F(DeudasTest, LoQueNoSeDescontoSeDescuentaLaNocheSiguiente) {
 }
 
 // A file that can't be written tonight gets this night's block tomorrow, once, before tomorrow's.
-TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
+TEST_F(ConDeudas, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
   const QString exportado = tienda_.dir.filePath(u"VENTAS.EXP"_s);
   const auto noche = [&](const QString& destino) {
     const auto lineas = correr(QString(kNoche).replace(u"VENTAS"_s, destino));
@@ -62,7 +62,7 @@ TEST_F(DeudasTest, LoQueNoSeExportoSeExportaLaNocheSiguiente) {
 }
 
 // A debt is paid into its own file only, by whoever exports there, and only once.
-TEST_F(DeudasTest, LaDeudaEsDelFicheroYNoDelPaso) {
+TEST_F(ConDeudas, LaDeudaEsDelFicheroYNoDelPaso) {
   const auto p = tienda_.programa();
   p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"lunes"});
   const auto exportar = [&](const QString& pasos, const QString& proceso = u"NOCHE"_s) {
@@ -94,7 +94,7 @@ TEST_F(DeudasTest, LaDeudaEsDelFicheroYNoDelPaso) {
 }
 
 // A shop with a period that VENTAS.EXP waits for, because it can't be written yet.
-class BorradoTest : public DeudasTest {
+class ConBorrado : public ConDeudas {
  protected:
   void SetUp() override {
     p_ = tienda_.programa();
@@ -120,7 +120,7 @@ class BorradoTest : public DeudasTest {
 
 // An export that deletes lets the period wait for all that is owed of it, and it goes with the last
 // debt, however that is paid.
-TEST_F(BorradoTest, SeBorraAlPagarseLoUltimoQueSeDebe) {
+TEST_F(ConBorrado, SeBorraAlPagarseLoUltimoQueSeDebe) {
   exportar(u"No"_s, u"VENTAS"_s);
   EXPECT_EQ(exportar(u"Sí"_s, u"OTRO"_s).filter(u"Se borrará cuando"_s).size(), 1);
   EXPECT_EQ(periodos(), 1);
@@ -134,7 +134,7 @@ TEST_F(BorradoTest, SeBorraAlPagarseLoUltimoQueSeDebe) {
   EXPECT_TRUE(Pendientes(p_->db()).todos()->empty());
 }
 
-TEST_F(BorradoTest, TambienEsperaALaSemana) {
+TEST_F(ConBorrado, TambienEsperaALaSemana) {
   Pendientes libro(p_->db());
   exportar(u"No"_s, u"OTRO"_s);
   ASSERT_TRUE(libro.anotar({VerboPeriodos::Acumular, 4}, {7}));
@@ -147,7 +147,7 @@ TEST_F(BorradoTest, TambienEsperaALaSemana) {
 }
 
 // A person who pays without deleting leaves that to the next night, and can take it off the list.
-TEST_F(BorradoTest, LoQuePagaUnaPersonaLoBorraLaNoche) {
+TEST_F(ConBorrado, LoQuePagaUnaPersonaLoBorraLaNoche) {
   stock::Almacenes almacenes(p_->db(), p_->reloj(), textosDePrueba());
   totals::Periodos motor(p_->db(), p_->ajustes(), almacenes, textosDePrueba());
   for (const bool olvida : {true, false}) {
@@ -170,7 +170,7 @@ TEST_F(BorradoTest, LoQuePagaUnaPersonaLoBorraLaNoche) {
 }
 
 // Only a period that somebody wants deleted is, and only with the sales that the file got.
-TEST_F(BorradoTest, NoSeBorraLoQueNadiePidioNiLoQueHaCambiado) {
+TEST_F(ConBorrado, NoSeBorraLoQueNadiePidioNiLoQueHaCambiado) {
   exportar(u"No"_s, u"VENTAS"_s);
   desatascar();
   exportar(u"Sí"_s, u"VENTAS"_s, false);
@@ -187,7 +187,7 @@ TEST_F(BorradoTest, NoSeBorraLoQueNadiePidioNiLoQueHaCambiado) {
 }
 
 // A period that waits for its deletion goes into its file once, however often it is selected.
-TEST_F(BorradoTest, LoQueEsperaNoSeEscribeOtraVez) {
+TEST_F(ConBorrado, LoQueEsperaNoSeEscribeOtraVez) {
   exportar(u"No"_s, u"VENTAS"_s);
   for (int noche = 0; noche < 3; ++noche)
     EXPECT_EQ(exportar(u"Sí"_s, u"OTRO"_s).filter(u"Ya está en OTRO.EXP"_s).size(),
@@ -199,7 +199,7 @@ TEST_F(BorradoTest, LoQueEsperaNoSeEscribeOtraVez) {
 }
 
 // Nothing is promised of a period that an earlier step has deleted.
-TEST_F(BorradoTest, LoQueBorroElPasoAnteriorNoSeDebe) {
+TEST_F(ConBorrado, LoQueBorroElPasoAnteriorNoSeDebe) {
   p_->lineas.clear();
   correr(
       u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\nE:TOTALIZA,No,Sí,OTRO\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s,
@@ -270,7 +270,7 @@ TEST(Deudas, UnCorteDeLoQueSeBorraNoAcusaANadie) {
 }
 
 // A name that contains the date means another file every night: the debt goes to that of its night.
-TEST_F(DeudasTest, UnNombreConFechaPagaEnElFicheroDeSuDia) {
+TEST_F(ConDeudas, UnNombreConFechaPagaEnElFicheroDeSuDia) {
   const QString proceso =
       QString(kNoche).replace(u"E:TOTALIZA,No,No,VENTAS"_s, u"E:TOTALIZA,No,No"_s);
   ASSERT_TRUE(QDir(tienda_.dir.path()).mkpath(u"EX260304.EXP"_s));
@@ -285,7 +285,7 @@ TEST_F(DeudasTest, UnNombreConFechaPagaEnElFicheroDeSuDia) {
 }
 
 // Corrected dates change nothing about what is owed; exporting by hand to that file pays it.
-TEST_F(DeudasTest, LaDeudaSigueAlPeriodoYLaPagaUnaPersona) {
+TEST_F(ConDeudas, LaDeudaSigueAlPeriodoYLaPagaUnaPersona) {
   const auto p = tienda_.programa();
   p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"x"})
       .periodo({.link = 8, .tipo = 5, .desde = 43010, .hasta = 43011, .descr = u"y"});
@@ -323,7 +323,7 @@ TEST_F(DeudasTest, LaDeudaSigueAlPeriodoYLaPagaUnaPersona) {
 }
 
 // The mark of an export goes with the record of its run, but that of a debt stays.
-TEST_F(DeudasTest, LasMarcasDeLosExportesViejosSeBorran) {
+TEST_F(ConDeudas, LasMarcasDeLosExportesViejosSeBorran) {
   const auto p = tienda_.programa();
   correr(u"N:x"_s, *p);
   p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .descr = u"x"});
@@ -342,7 +342,7 @@ TEST_F(DeudasTest, LasMarcasDeLosExportesViejosSeBorran) {
 }
 
 // Owed once however often it was tried, and whichever step exports it into that file.
-TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
+TEST_F(ConDeudas, UnPeriodoSeDebeUnaSolaVez) {
   for (const bool borrar : {false, true}) {
     TiendaDeProcesos tienda;
     const auto p = tienda.programa();
@@ -386,7 +386,7 @@ TEST_F(DeudasTest, UnPeriodoSeDebeUnaSolaVez) {
 }
 
 // A period that is selected again is tried once.
-TEST_F(DeudasTest, LoElegidoDeNuevoSeIntentaUnaVez) {
+TEST_F(ConDeudas, LoElegidoDeNuevoSeIntentaUnaVez) {
   const auto p = tienda_.programa();
   p->periodo({.link = 7, .tipo = 5, .desde = 43000, .hasta = 43001, .stkABLE = 1})
       .total(u"TOTPLU", {.link = 7, .codi = 7, .con = 1, .pes = 1});
@@ -400,7 +400,7 @@ TEST_F(DeudasTest, LoElegidoDeNuevoSeIntentaUnaVez) {
 }
 
 // The number of a deleted period was given to another one, for which nothing is owed.
-TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
+TEST_F(ConDeudas, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   const auto p = tienda_.programa();
   correr(u"N:x"_s, *p);
   const auto periodo = [&](int dia) {
@@ -421,7 +421,7 @@ TEST_F(DeudasTest, UnNumeroDadoDeNuevoNoHeredaDeudas) {
   EXPECT_EQ(p->uno(u"SELECT count(*) FROM MovsAlm"_s).entero(), 0);
 }
 
-TEST_F(DeudasTest, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
+TEST_F(ConDeudas, LoQueNoPuedeHacerseLoOlvidaUnaPersona) {
   const auto p = tienda_.programa();
   p->periodo({.link = 7, .desde = 43000, .hasta = 43000 + Fecha::kUltimoSegundo, .descr = u"x"})
       .total(u"TOTGRT", {.link = 7, .codi = 1, .con = 10000000});

@@ -12,7 +12,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-class LenguajeTest : public testing::Test {
+class ConLenguaje : public testing::Test {
  protected:
   motor::RepertorioTareas repertorio_ = registroDePrueba();
   Ajustes ajustes_{QDir::tempPath(), Idioma::Espanol};
@@ -24,9 +24,9 @@ struct CasoLinea {
   const char16_t* escrita;  // the written form of the step read; "-" no step, "!" an error
 };
 
-class LineaTest : public LenguajeTest, public testing::WithParamInterface<CasoLinea> {};
+class ConLinea : public ConLenguaje, public testing::WithParamInterface<CasoLinea> {};
 
-TEST_P(LineaTest, SeLeeYSeEscribe) {
+TEST_P(ConLinea, SeLeeYSeEscribe) {
   const QString escrita = QString::fromUtf16(GetParam().escrita);
   const auto paso = l_.LeerPaso(QString::fromUtf16(GetParam().linea));
   if (escrita == u"!") {
@@ -44,7 +44,7 @@ TEST_P(LineaTest, SeLeeYSeEscribe) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Tareas, LineaTest,
+    Tareas, ConLinea,
     testing::Values(
         CasoLinea{u"T:RXGRTOT,1", u"T:RXGRTOT,0001"},
         CasoLinea{u"TAREA:RXGRTOT , 1 ", u"T:RXGRTOT,0001"},
@@ -68,7 +68,7 @@ INSTANTIATE_TEST_SUITE_P(
         CasoLinea{u"T:TX_ZERO,12,No", u"T:TX_ZERO,0012, No"}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Otros, LineaTest,
+    Otros, ConLinea,
     testing::Values(
         CasoLinea{u"", u""}, CasoLinea{u"  ", u""}, CasoLinea{u"hola", u"-"},
         CasoLinea{u"# T:RXGRTOT,1", u"-"}, CasoLinea{u"S:ABRIR", u"S:ABRIR"},
@@ -98,14 +98,14 @@ INSTANTIATE_TEST_SUITE_P(
         CasoLinea{u"E:TOTALIZA,Sí,No,EX#A.EXP", u"E:TOTALIZA, Sí, No,EX#A.EXP"},
         CasoLinea{u"N: %1,Grupo: uno, dos ", u"N:%1,Grupo: uno, dos"}));
 
-TEST_F(LenguajeTest, CrearLlevaLosLimitesDelPeriodo) {
+TEST_F(ConLenguaje, CrearLlevaLosLimitesDelPeriodo) {
   const auto p = l_.LeerPaso(u"P:CREAR,3,15/03/2005,16/03/2005,x");
   ASSERT_TRUE(p && *p);
   EXPECT_EQ(std::get<PasoPeriodos>(**p).intervalo.hasta.dias(),
             Fecha::de(QDate(2005, 3, 31)).dias() + Fecha::kUltimoSegundo);
 }
 
-TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
+TEST_F(ConLenguaje, OtrosIdiomasDicenYesYNo) {
   Ajustes ingles{QDir::tempPath(), Idioma::UK};
   const Lenguaje l(repertorio_, ingles, textosDePrueba());
   const auto p = l.LeerPaso(u"T:TX_ZERO,1,Yes");
@@ -114,7 +114,7 @@ TEST_F(LenguajeTest, OtrosIdiomasDicenYesYNo) {
   EXPECT_FALSE(l.LeerPaso(u"T:TX_ZERO,1,Sí"));
 }
 
-TEST_F(LenguajeTest, UnTextoConComasNoParteLaLinea) {
+TEST_F(ConLenguaje, UnTextoConComasNoParteLaLinea) {
   auto p = *l_.LeerPaso(u"S:CERRAR,x,Sí,No");
   std::get<PasoSesion>(*p).descripcion = u"uno,dos\r\ntres"_s;
   EXPECT_EQ(l_.EscribirPaso(*p), u"S:CERRAR, uno dos  tres, Sí, No");
@@ -127,9 +127,9 @@ struct CasoFichero {
   qsizetype omitidas = 0;
 };
 
-class FicheroTest : public LenguajeTest, public testing::WithParamInterface<CasoFichero> {};
+class ConFichero : public ConLenguaje, public testing::WithParamInterface<CasoFichero> {};
 
-TEST_P(FicheroTest, SeLee) {
+TEST_P(ConFichero, SeLee) {
   const auto f = l_.leer(QString::fromUtf16(GetParam().texto));
   ASSERT_EQ(f.has_value(), GetParam().pasos >= 0);
   if (!f) {
@@ -144,7 +144,7 @@ TEST_P(FicheroTest, SeLee) {
 
 #define DIAS u"Sí,Sí,No,No,No,No,Si"
 INSTANTIATE_TEST_SUITE_P(
-    Estados, FicheroTest,
+    Estados, ConFichero,
     testing::Values(
         CasoFichero{u"", 0, 0}, CasoFichero{u"\r\n", 1, 0},
         CasoFichero{u"nada\r\nque ver\r\n", 0, 0, u"", 2}, CasoFichero{u"S:ABRIR\r\nP:STOCK", 2, 0},
@@ -177,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(
             10, 0, u"", 8},
         CasoFichero{u"@INICIO BATCH\r\n", 0, 0, u"", 1}));
 
-TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {
+TEST_F(ConLenguaje, LoEscritoSeVuelveALeer) {
   const QString texto =
       u"22:00:00;Sí,Sí,No,No,No,No,Sí;@\r\n@INICIO BATCH\r\nS:ABRIR\r\n\r\nT:RXGRTOT,ALL\r\n@FINAL BATCH\r\n"_s;
   auto f = *l_.leer(texto);
@@ -187,7 +187,7 @@ TEST_F(LenguajeTest, LoEscritoSeVuelveALeer) {
   EXPECT_EQ(l_.escribir(f), u"S:ABRIR\r\n\r\nT:RXGRTOT,ALL\r\n");
 }
 
-TEST_F(LenguajeTest, Horario) {
+TEST_F(ConLenguaje, Horario) {
   struct {
     const char16_t* texto;
     int entradas;  // -1: fails
@@ -223,7 +223,7 @@ TEST_F(LenguajeTest, Horario) {
   EXPECT_EQ(l_.escribirActivacion(*a), u"06:30:00;Sí,Sí,No,No,No,No,Sí;noche");
 }
 
-TEST_F(LenguajeTest, FicherosDeTexto) {
+TEST_F(ConLenguaje, FicherosDeTexto) {
   QTemporaryDir dir;
   const QString ruta = dir.filePath(u"P.AUT"_s);
   const auto conBytes = [&ruta](const QByteArray& bytes) {

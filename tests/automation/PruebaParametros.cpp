@@ -1,10 +1,10 @@
 // Values that a run asks for, and where they go.
-#include "automation/Runner.h"
+#include "automation/ConProceso.h"
 
 namespace tarvo::automation {
 namespace {
 
-TEST_F(RunnerTest, UnRangoMaloDelQueContestaSeDice) {
+TEST_F(ConProceso, UnRangoMaloDelQueContestaSeDice) {
   const std::pair<qint64, QString> casos[] = {
       {9, u"    Los códigos van al revés, del 9 al 5: el paso no hace nada."_s},
       {-3, u"    -3 no puede ser el código de un artículo: van del 0000000 al 9999999"_s}};
@@ -16,7 +16,7 @@ TEST_F(RunnerTest, UnRangoMaloDelQueContestaSeDice) {
   }
 }
 
-TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
+TEST_F(ConProceso, LosParametrosRellenanElProceso) {
   tienda_.respuestas.numeros = {{u"%1"_s, 1}};
   tienda_.respuestas.textos = {{u"$t"_s, u"hoy"_s}};
   tienda_.respuestas.fechas = {
@@ -34,7 +34,7 @@ TEST_F(RunnerTest, LosParametrosRellenanElProceso) {
   EXPECT_FALSE(tienda_.texto(u"hoy.EXP"_s).isEmpty());
 }
 
-TEST_F(RunnerTest, UnParametroSinValorAbortaYSeDice) {
+TEST_F(ConProceso, UnParametroSinValorAbortaYSeDice) {
   for (const qint64 grande : {0, 40000}) {
     if (grande) tienda_.respuestas.numeros[u"%1"_s] = grande;
     const auto lineas = correr(u"S:ABRIR\r\nN:%1,Grupo\r\nS:OLVIDAR"_s);

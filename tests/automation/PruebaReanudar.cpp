@@ -128,7 +128,7 @@ TEST(Reanudar, MuertaDentroDeUnPaso) {
   EXPECT_GT(cortes, 30);
 }
 
-class ReanudarTest : public testing::Test {
+class ConCorte : public testing::Test {
  protected:
   // The run is killed after `vivo` steps.
   void matar(const QString& proceso, int vivo) {
@@ -147,7 +147,7 @@ class ReanudarTest : public testing::Test {
   TiendaDeProcesos tienda_;
 };
 
-TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
+TEST_F(ConCorte, SeDiceYNoSePreguntaOtraVez) {
   tienda_.respuestas.numeros[u"%g"_s] = 1;
   matar(u"N:%g,Grupo\r\nS:ABRIR\r\nN:a\r\nN:b"_s, 3);
   const auto p = seguir(u"N:%g,Grupo\r\nS:ABRIR\r\nN:a\r\nN:b"_s);
@@ -160,7 +160,7 @@ TEST_F(ReanudarTest, SeDiceYNoSePreguntaOtraVez) {
 }
 
 // A refused task has been reported; it isn't retried.
-TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
+TEST_F(ConCorte, LoRechazadoNoSeRepite) {
   const QString proceso = u"T:RXGRTOT,ALL\r\nN:a\r\nC:ESPERA,0,No"_s;
   tienda_.programa()->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
   matar(proceso, 2);
@@ -169,7 +169,7 @@ TEST_F(ReanudarTest, LoRechazadoNoSeRepite) {
   EXPECT_TRUE(p->lineas.filter(u"al reanudar"_s).isEmpty()) << p->lineas.join(u'\n').toStdString();
 }
 
-TEST_F(ReanudarTest, LosGruposSinMemorizarSiguenSinPonerseACero) {
+TEST_F(ConCorte, LosGruposSinMemorizarSiguenSinPonerseACero) {
   {
     const auto p = tienda_.programa();
     ASSERT_TRUE(
@@ -196,9 +196,9 @@ struct CasoVieja {
   bool otrosPasos;  // the process was edited meanwhile
   bool seCompleta;  // its bookkeeping is finished first
 };
-class ViejaTest : public ReanudarTest, public testing::WithParamInterface<CasoVieja> {};
+class ConDiarioViejo : public ConCorte, public testing::WithParamInterface<CasoVieja> {};
 
-TEST_P(ViejaTest, SusAnotacionesSiSusTareasNo) {
+TEST_P(ConDiarioViejo, SusAnotacionesSiSusTareasNo) {
   const auto& caso = GetParam();
   matar(kLibros, caso.pasos);
   tienda_.reloj.saltarPared(caso.dias);
@@ -216,7 +216,7 @@ TEST_P(ViejaTest, SusAnotacionesSiSusTareasNo) {
   EXPECT_TRUE(p->verTot().LosSelec().empty());  // the old run's last periods are not the new one's
 }
 
-INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
+INSTANTIATE_TEST_SUITE_P(Casos, ConDiarioViejo,
                          testing::Values(CasoVieja{"sin memorizar", 1, 0, true, false},
                                          CasoVieja{"memorizada", 3, 0, true, true},
                                          CasoVieja{"memorizada y antigua", 3, 1, false, true}),
@@ -224,7 +224,7 @@ INSTANTIATE_TEST_SUITE_P(Casos, ViejaTest,
 
 // An old run memorised once and was interrupted before its second closing: the steps after that are
 // about periods it never made.
-TEST_F(ReanudarTest, LoQueSigueASuSegundoCierreNoSeCompleta) {
+TEST_F(ConCorte, LoQueSigueASuSegundoCierreNoSeCompleta) {
   const QString proceso =
       u"T:RXGRTOT,ALL\r\nC:ESPERA,0,Sí\r\nS:CERRAR,x,Sí,Sí\r\nN:a\r\nP:LIMPIAR\r\nP:SEL. "
       u"ULTIMO\r\nE:TOTALIZA,No,No,PRIMERA\r\nS:CERRAR,y,Sí,Sí\r\nP:SEL. "
@@ -237,7 +237,7 @@ TEST_F(ReanudarTest, LoQueSigueASuSegundoCierreNoSeCompleta) {
   EXPECT_TRUE(tienda_.texto(u"SEGUNDA.EXP"_s).isEmpty());
 }
 
-TEST_F(ReanudarTest, ALas12HorasSeEmpiezaDeNuevo) {
+TEST_F(ConCorte, ALas12HorasSeEmpiezaDeNuevo) {
   for (const double horas : {11.0, 13.0, -11.0, -13.0}) {
     matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
     tienda_.reloj.saltarPared(horas / 24);
@@ -247,7 +247,7 @@ TEST_F(ReanudarTest, ALas12HorasSeEmpiezaDeNuevo) {
 }
 
 // Another process leaves this one's half-done run alone.
-TEST_F(ReanudarTest, CadaProcesoTieneSuDiario) {
+TEST_F(ConCorte, CadaProcesoTieneSuDiario) {
   matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
   {
     const auto p = tienda_.programa();
@@ -258,7 +258,7 @@ TEST_F(ReanudarTest, CadaProcesoTieneSuDiario) {
   EXPECT_EQ(seguir(u"N:a\r\nN:b\r\nN:c"_s)->lineas.filter(u"Se reanuda"_s).size(), 1);
 }
 
-TEST_F(ReanudarTest, UnDiarioDanadoSeDice) {
+TEST_F(ConCorte, UnDiarioDanadoSeDice) {
   matar(u"N:a\r\nN:b\r\nN:c"_s, 2);
   for (const char16_t* dano : {u"SELECCION='1,x'", u"PASO=99", u"PARAMETROS='[{}]'"}) {
     const auto p = tienda_.programa();

@@ -298,12 +298,15 @@ TEST(Resumen, UnaNocheSinVentas) {
   }
 }
 
-// A timetable's hour passed without a run: reported for a process used by this shop, until it runs.
+// A timetable's hour passed without a run: reported for a process used by this shop, until it runs,
+// however often another one has run since.
 TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
   static constexpr struct {
     int horas;  // since the run
+    int otras;  // runs of another process since
     bool falta;
-  } kDespues[] = {{1, false}, {20, false}, {27, true}};
+  } kDespues[] = {{1, 0, false}, {20, 0, false}, {20, 40, false}, {20, 120, false},
+                  {27, 0, true}, {27, 40, true}, {27, 120, true}};
   for (const auto& c : kDespues) {
     TiendaDeProcesos tienda;
     const auto p = tienda.programa();
@@ -315,9 +318,16 @@ TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
     horario.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(0, 0)),
                         QFileDevice::FileModificationTime);
     horario.close();
+    for (int i = 0; i < c.otras; ++i) {
+      p->correr(u"C:ESPERA,0,No\r\n"_s, {}, u"HORAS"_s);
+      ASSERT_TRUE(p->hastaElFin());
+    }
     tienda.reloj.avanzar(c.horas * 3600 * 1000LL);
     const Resumen r = leer(*p);
-    ASSERT_EQ(r.avisos.size(), c.falta ? 1U : 0U) << c.horas;
+    ASSERT_EQ(r.avisos.size(), c.falta ? 1U : 0U) << c.horas << " " << c.otras;
+    if (c.horas < 24) {
+      EXPECT_EQ(r.cuantos(EstadoGrupo::Bien), 2) << c.otras;
+    }
     if (!c.falta) continue;
     EXPECT_TRUE(r.avisos[0].texto.startsWith(u"NOCHE debía ejecutarse el 05/03/2026 22:00:00"));
   }

@@ -100,7 +100,7 @@ std::unique_ptr<dao::Database> abrirBase(const QString& carpeta) {
   return prueba::bien(dao::Database::OpenDatabase(carpeta + u"/TARVO.MDB"_s, {.crear = true}));
 }
 
-// Two groups behind connectors, last reset this morning, one article.
+// Two groups on connectors, last reset this morning, one article.
 void llenar(prueba::Tienda& tienda) {
   tienda.seccion(1).almacen(1, u"UNO").articulo({.codigo = 7, .cada = 0});
   for (const int g : {1, 2})

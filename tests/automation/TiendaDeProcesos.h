@@ -43,7 +43,7 @@ struct Maquinas {
   std::function<void()> alPreguntar;  // called while a task's frames are passing
 };
 
-// The counters behind the kinds of task of `registroDePrueba`.
+// The machines read by the kinds of task of `registroDePrueba`.
 Maquinas& maquinasDePrueba();
 motor::RepertorioTareas registroDePrueba();
 

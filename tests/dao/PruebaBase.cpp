@@ -51,7 +51,7 @@ class SinPrivilegios {
   uid_t era_;
 };
 
-class BasePrueba : public testing::Test {
+class ConBase : public testing::Test {
  protected:
   void escribir(const QString& nombre, const QByteArray& bytes) {
     QFile f(ruta(nombre));
@@ -62,7 +62,7 @@ class BasePrueba : public testing::Test {
   QTemporaryDir carpeta;
 };
 
-TEST_F(BasePrueba, DiceQueLePasaAUnFichero) {
+TEST_F(ConBase, DiceQueLePasaAUnFichero) {
   EXPECT_EQ(alAbrir(ruta("no.mdb")), Fallo::NoExiste);
   EXPECT_EQ(Database::OpenDatabase(ruta("no.mdb")).error().numero, 3024);
   EXPECT_FALSE(QFile::exists(ruta("no.mdb")));
@@ -74,7 +74,7 @@ TEST_F(BasePrueba, DiceQueLePasaAUnFichero) {
   EXPECT_EQ(alAbrir(ruta("corta.mdb")), Fallo::NoEsBaseDatos);
 }
 
-TEST_F(BasePrueba, ConoceAlAbrirLaProteccionDeFicheroYCarpeta) {
+TEST_F(ConBase, ConoceAlAbrirLaProteccionDeFicheroYCarpeta) {
   nueva(ruta("t.mdb"));
   EXPECT_FALSE(QFile::exists(ruta("t.mdb-wal"))) << "the last one out leaves one plain file";
   using P = QFileDevice;
@@ -105,7 +105,7 @@ TEST_F(BasePrueba, ConoceAlAbrirLaProteccionDeFicheroYCarpeta) {
   QFile::setPermissions(carpeta.path(), todos | P::WriteOwner);
 }
 
-TEST_F(BasePrueba, DosConexionesSeEsperanYSeVen) {
+TEST_F(ConBase, DosConexionesSeEsperanYSeVen) {
   const Puntero una = nueva(ruta("t.mdb"));
   auto abierta = Database::OpenDatabase(ruta("t.mdb"), {.esperaOcupada = 50});
   ASSERT_TRUE(abierta);
@@ -132,7 +132,7 @@ TEST_F(BasePrueba, DosConexionesSeEsperanYSeVen) {
   EXPECT_TRUE(otra.Execute(u"insert into T (n) values (2)"));
 }
 
-TEST_F(BasePrueba, LasTransaccionesSeAnidan) {
+TEST_F(ConBase, LasTransaccionesSeAnidan) {
   const Puntero db = nueva(ruta("t.mdb"));
   const auto meter = [&](int n) { ASSERT_TRUE(db->ejecutar(u"insert into T (n) values (?)", n)); };
   {
@@ -168,7 +168,7 @@ TEST_F(BasePrueba, LasTransaccionesSeAnidan) {
   EXPECT_EQ(filas(*db), 2) << "a script is whole or not at all";
 }
 
-TEST_F(BasePrueba, UnDiscoLlenoSeDiceYNoDejaMedias) {
+TEST_F(ConBase, UnDiscoLlenoSeDiceYNoDejaMedias) {
   const Puntero db = nueva(ruta("t.mdb"));
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (1)"));
   std::signal(SIGXFSZ, SIG_IGN);
@@ -198,7 +198,7 @@ TEST_F(BasePrueba, UnDiscoLlenoSeDiceYNoDejaMedias) {
   EXPECT_TRUE(db->Execute(u"insert into T (n) values (2)")) << "with room again, the work goes on";
 }
 
-TEST_F(BasePrueba, TrasPerderLaTransaccionNadaSeEscribeFueraDeElla) {
+TEST_F(ConBase, TrasPerderLaTransaccionNadaSeEscribeFueraDeElla) {
   const Puntero db = nueva(ruta("t.mdb"));
   ASSERT_TRUE(db->Execute(u"create unique index u on T (n)"));
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (1)"));
@@ -213,7 +213,7 @@ TEST_F(BasePrueba, TrasPerderLaTransaccionNadaSeEscribeFueraDeElla) {
   EXPECT_TRUE(db->Execute(u"insert into T (n) values (3)"));
 }
 
-TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
+TEST_F(ConBase, CopiaLoConfirmadoEnteroOnada) {
   const Puntero db = nueva(ruta("t.mdb"));
   ASSERT_TRUE(db->Execute(u"insert into T (n) values (1)"));
   {
@@ -237,13 +237,13 @@ TEST_F(BasePrueba, CopiaLoConfirmadoEnteroOnada) {
 }
 
 // Confirmed data are on the disk, not on their way there.
-TEST_F(BasePrueba, LoConfirmadoLlegaAlDisco) {
+TEST_F(ConBase, LoConfirmadoLlegaAlDisco) {
   constexpr qint64 kEntero = 2;
   const Puntero db = nueva(ruta("t.mdb"));
   EXPECT_EQ(db->uno(u"SELECT synchronous FROM pragma_synchronous").value_or(-1).entero(), kEntero);
 }
 
-TEST_F(BasePrueba, UnaSentenciaSeGuardaYLigaSusValores) {
+TEST_F(ConBase, UnaSentenciaSeGuardaYLigaSusValores) {
   const Puntero db = nueva(ruta("t.mdb"));
   auto s = db->preparar(u"insert into T (n, s) values (?, ? & '!')");
   ASSERT_TRUE(s);

@@ -12,7 +12,7 @@ namespace tarvo::dao {
 using namespace Qt::StringLiterals;
 namespace {
 
-class TablaPrueba : public testing::Test {
+class ConTabla : public testing::Test {
  protected:
   void SetUp() override {
     auto r = Database::OpenDatabase(carpeta.filePath("t.mdb"), {.crear = true});
@@ -48,7 +48,7 @@ class TablaPrueba : public testing::Test {
   std::unique_ptr<Recordset> rs;
 };
 
-TEST_F(TablaPrueba, BuscaYRecorreEnOrdenConNulosYRepetidos) {
+TEST_F(ConTabla, BuscaYRecorreEnOrdenConNulosYRepetidos) {
   for (const Valor& link : {Valor(1), Valor(2), Valor()})
     for (const Valor& grupo : {Valor(3), Valor(), Valor(1)})
       for (const Valor& codi : {Valor(), Valor(7), Valor(7)}) anadir(link, grupo, codi);
@@ -88,7 +88,7 @@ TEST_F(TablaPrueba, BuscaYRecorreEnOrdenConNulosYRepetidos) {
   EXPECT_FALSE(rs->Seek(Busca::Igual, 1, 2, 3, 4));
 }
 
-TEST_F(TablaPrueba, UnRecorridoVeLasFilasQueSeAnadenDelante) {
+TEST_F(ConTabla, UnRecorridoVeLasFilasQueSeAnadenDelante) {
   const auto t = Transaccion::empezar(*db);
   for (int i = 0; i < 300; ++i) anadir(1, 1, i * 2);
   ASSERT_TRUE(rs->MoveFirst());
@@ -104,7 +104,7 @@ TEST_F(TablaPrueba, UnRecorridoVeLasFilasQueSeAnadenDelante) {
   EXPECT_EQ(filas, 300 + 2 - 2);
 }
 
-TEST_F(TablaPrueba, EscribeCambiaYBorra) {
+TEST_F(ConTabla, EscribeCambiaYBorra) {
   rs->AddNew();
   for (int c = 0; c < 3; ++c) rs->poner(c, c + 1);
   ASSERT_TRUE(rs->Update());
@@ -121,7 +121,7 @@ TEST_F(TablaPrueba, EscribeCambiaYBorra) {
   EXPECT_TRUE(rs->Eof());
   ASSERT_TRUE(*rs->Seek(Busca::Igual, 1, 2, 5));
   ASSERT_TRUE(rs->Delete());
-  EXPECT_EQ(rs->entero(2), 9) << "behind the one that went";
+  EXPECT_EQ(rs->entero(2), 9) << "after the deleted one";
   ASSERT_TRUE(db->Execute(u"delete from T"));
   EXPECT_EQ(rs->Delete().error().clase, Fallo::NoExiste);
   rs->AddNew();
@@ -131,7 +131,7 @@ TEST_F(TablaPrueba, EscribeCambiaYBorra) {
   EXPECT_EQ(db->OpenTable(u"OTRA", u"").error().clase, Fallo::NoExiste);
 }
 
-TEST_F(TablaPrueba, OrdenaYBuscaNombresComoUnLectorEspanol) {
+TEST_F(ConTabla, OrdenaYBuscaNombresComoUnLectorEspanol) {
   const QStringList orden{"arena", "Ázucar", "NUEZ",  "nzz", "ñame",
                           "Ñora",  "Ópalo",  "óxido", "zumo"};
   for (const QString& n :
@@ -160,7 +160,7 @@ TEST_F(TablaPrueba, OrdenaYBuscaNombresComoUnLectorEspanol) {
             8);
 }
 
-TEST_F(TablaPrueba, NoDejaNingunaLecturaAbierta) {
+TEST_F(ConTabla, NoDejaNingunaLecturaAbierta) {
   auto t = Transaccion::empezar(*db);
   for (int i = 0; i < 300; ++i) anadir(1, 1, i);
   ASSERT_TRUE(t->confirmar());

@@ -11,7 +11,7 @@ Veredicto correr(quint64 semilla) {
   return correrSemilla(semilla);
 }
 
-class DiasTest : public testing::TestWithParam<int> {};
+class ConDias : public testing::TestWithParam<int> {};
 
 }  // namespace
 
@@ -19,10 +19,10 @@ TEST(DiasGuardados, LosQueUnaVezFallaron) {
   for (const quint64 s : kGuardadas) noches::probarSemilla(s, correr);
 }
 
-TEST_P(DiasTest, LasMaquinasTienenLoQueDebe) {
+TEST_P(ConDias, LasMaquinasTienenLoQueDebe) {
   noches::probarCaso(GetParam(), 200, correr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Semillas, DiasTest, testing::Range(0, 2));
+INSTANTIATE_TEST_SUITE_P(Semillas, ConDias, testing::Range(0, 2));
 
 }  // namespace tarvo::dias

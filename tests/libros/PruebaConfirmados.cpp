@@ -60,9 +60,9 @@ void PrintTo(const Caso& c, std::ostream* os) {
   *os << c.que;
 }
 
-class ConfirmadosTest : public testing::Test {
+class ConConfirmados : public testing::Test {
  protected:
-  ConfirmadosTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
+  ConConfirmados() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
     t.grupo(1);
     t.grupo(2, {1, 2}, 3);
     t.desdeCero();
@@ -87,11 +87,11 @@ class ConfirmadosTest : public testing::Test {
   TiendaDeLibros t;
 };
 
-class ConfirmadosCasos : public ConfirmadosTest, public testing::WithParamInterface<Caso> {};
+class ConCasoDeConfirmados : public ConConfirmados, public testing::WithParamInterface<Caso> {};
 
 }  // namespace
 
-TEST_P(ConfirmadosCasos, CadaVentaEstaUnaVez) {
+TEST_P(ConCasoDeConfirmados, CadaVentaEstaUnaVez) {
   const Caso& c = GetParam();
   t.masTarde(23 * 60);
   vender(0, c.articulos, c.gramos);
@@ -120,11 +120,11 @@ TEST_P(ConfirmadosCasos, CadaVentaEstaUnaVez) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Casos, ConfirmadosCasos, testing::ValuesIn(kCasos),
+INSTANTIATE_TEST_SUITE_P(Casos, ConCasoDeConfirmados, testing::ValuesIn(kCasos),
                          [](const auto& caso) { return std::to_string(caso.index); });
 
 // What is sold while a question waits for its answer is no answer.
-TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
+TEST_F(ConConfirmados, LaPreguntaEsperaSuRespuesta) {
   for (const Tras tras : {Tras::SinVer, Tras::Igual}) {
     SCOPED_TRACE(static_cast<int>(tras));
     t.masTarde(23 * 60);
@@ -145,7 +145,7 @@ TEST_F(ConfirmadosTest, LaPreguntaEsperaSuRespuesta) {
 
 // A reading of some kinds alone may not show what a register did with the others: the whole one
 // asks, once, and its answer holds for all of them. A scale's articles are enough.
-TEST_F(ConfirmadosTest, SePreguntaUnaVez) {
+TEST_F(ConConfirmados, SePreguntaUnaVez) {
   for (const bool obedece : {true, false})
     for (const TipoTotal k : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos}) {
       SCOPED_TRACE(obedece);
@@ -177,7 +177,7 @@ TEST_F(ConfirmadosTest, SePreguntaUnaVez) {
 }
 
 // Nothing that a person forgets of the inbox takes away what shows whether the machine obeyed.
-TEST_F(ConfirmadosTest, OlvidarLaSesionNoOlvidaLaDuda) {
+TEST_F(ConConfirmados, OlvidarLaSesionNoOlvidaLaDuda) {
   for (const bool vende : {false, true}) {
     SCOPED_TRACE(vende);
     t.masTarde(23 * 60);
@@ -197,7 +197,7 @@ TEST_F(ConfirmadosTest, OlvidarLaSesionNoOlvidaLaDuda) {
 }
 
 // A scale's grand total or departments alone, or a range of codes, tell nothing of its zeroing.
-TEST_F(ConfirmadosTest, SinTodosLosArticulosNoSeDecide) {
+TEST_F(ConConfirmados, SinTodosLosArticulosNoSeDecide) {
   for (const TipoTotal k : {TipoTotal::GranTotal, TipoTotal::Departamentos}) {
     SCOPED_TRACE(numeroDe(k));
     t.masTarde(23 * 60);
@@ -219,7 +219,7 @@ TEST_F(ConfirmadosTest, SinTodosLosArticulosNoSeDecide) {
 }
 
 // A process that only zeroes looks first at a machine whose earlier zeroing nothing has shown.
-TEST_F(ConfirmadosTest, ElCeroSueltoMiraAntesLaQueNoSeVio) {
+TEST_F(ConConfirmados, ElCeroSueltoMiraAntesLaQueNoSeVio) {
   using C = totals::Sesion::Comparacion;
   t.masTarde(23 * 60);
   vender(0, 12, 150);
@@ -235,7 +235,7 @@ TEST_F(ConfirmadosTest, ElCeroSueltoMiraAntesLaQueNoSeVio) {
 }
 
 // The first night reads no grand total, which the next one finds higher than before the zeroing.
-TEST_F(ConfirmadosTest, LaClaseQueNoSeLeyoNoPreguntaPorLoMemorizadoDespues) {
+TEST_F(ConConfirmados, LaClaseQueNoSeLeyoNoPreguntaPorLoMemorizadoDespues) {
   for (const bool obedece : {true, false}) {
     SCOPED_TRACE(obedece);
     t.masTarde(23 * 60);
@@ -258,7 +258,7 @@ TEST_F(ConfirmadosTest, LaClaseQueNoSeLeyoNoPreguntaPorLoMemorizadoDespues) {
 
 // A register that confirms all its frames and clears only some kinds of total: the sums of its next
 // reading show which, and only what was sold since is added to the others.
-TEST_F(ConfirmadosTest, LaCajaQueSoloBorraUnaParte) {
+TEST_F(ConConfirmados, LaCajaQueSoloBorraUnaParte) {
   const TipoTotal g = TipoTotal::GranTotal, p = TipoTotal::PLUs, d = TipoTotal::Departamentos;
   const struct {
     std::vector<TipoTotal> guarda;
@@ -294,7 +294,7 @@ TEST_F(ConfirmadosTest, LaCajaQueSoloBorraUnaParte) {
 
 // Its grand total was seen at zero and the rest wasn't; a lost record hides what the sums would
 // show.
-TEST_F(ConfirmadosTest, LaPreguntaOfreceLoPosible) {
+TEST_F(ConConfirmados, LaPreguntaOfreceLoPosible) {
   t.masTarde(23 * 60);
   vender(0, 12, 0);
   leerYMemorizar();

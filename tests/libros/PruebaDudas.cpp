@@ -17,9 +17,9 @@ struct Cuenta {
   int piezas;
 };
 
-class DudasTest : public testing::Test {
+class ConDudas : public testing::Test {
  protected:
-  DudasTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
+  ConDudas() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) {
     t.grupo(1);
     t.desdeCero();
   }
@@ -48,7 +48,7 @@ const std::vector<Cuenta> kLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
 }  // namespace
 
 // What each day shows about the previous one, with or without an unconfirmed order to forget.
-TEST_F(DudasTest, UnaCuentaQueBajaNoPruebaNada) {
+TEST_F(ConDudas, UnaCuentaQueBajaNoPruebaNada) {
   struct Caso {
     const char* que;
     bool orden, obedecida;
@@ -139,7 +139,7 @@ TEST_F(DudasTest, PocasCuentasNoPruebanNada) {
 }
 
 // A return that raises the count is still a return.
-TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
+TEST_F(ConDudas, LaDevolucionQueSumaCuentaTampoco) {
   noche(kLunes);
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({{16, 2}, {11, -1}}, false);
@@ -148,7 +148,7 @@ TEST_F(DudasTest, LaDevolucionQueSumaCuentaTampoco) {
 }
 
 // One article, one piece: a day without any movement raises no question.
-TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
+TEST_F(ConDudas, UnDiaCerradoNoPreguntaNada) {
   noche({{11, 1}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({});
@@ -157,7 +157,7 @@ TEST_F(DudasTest, UnDiaCerradoNoPreguntaNada) {
   EXPECT_TRUE(t.ponerACero(1));
 }
 
-TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
+TEST_F(ConDudas, LaDudaEsperaCuantasNochesHagaFalta) {
   noche({{11, 5}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
   for (int n = 0; n < 3; ++n) {
@@ -175,7 +175,7 @@ TEST_F(DudasTest, LaDudaEsperaCuantasNochesHagaFalta) {
 }
 
 // The next order comes before the memorisation: it must not hide the unconfirmed one.
-TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
+TEST_F(ConDudas, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   noche({{11, 2}});
   EXPECT_TRUE(t.ponerACero(1, true, false));
   vender({{11, 5}});
@@ -197,7 +197,7 @@ TEST_F(DudasTest, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
 }
 
 // Clearing the machine instead of answering loses nothing: its reading stays.
-TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
+TEST_F(ConDudas, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
   noche({{11, 5}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({{11, -1}, {12, 1}});
@@ -216,7 +216,7 @@ TEST_F(DudasTest, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
 }
 
 // Lost records look like a zeroing; matching sums show which kinds to believe.
-TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
+TEST_F(ConDudas, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
   for (const bool todas : {false, true}) {
     SCOPED_TRACE(todas);
     noche(kLunes);
@@ -237,7 +237,7 @@ TEST_F(DudasTest, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
 
 // A group that didn't foot isn't zeroed by us, but perhaps by hand: its next reading, below what is
 // memorised, leaves nothing out of the books before a person has told. A return asks nothing.
-TEST_F(DudasTest, LaQueNoCuadrabaYSePusoACeroAMano) {
+TEST_F(ConDudas, LaQueNoCuadrabaYSePusoACeroAMano) {
   const auto leer = [&](bool cuadra) {
     t.avisos.clear();
     const auto sin = [cuadra](qint64 n) { return cuadra ? std::set<qint64>{} : std::set{n}; };
@@ -272,7 +272,7 @@ TEST_F(DudasTest, LaQueNoCuadrabaYSePusoACeroAMano) {
 
 // Amounts that cancel, in articles that aren't read: all sums foot, and only the counts show it,
 // where the machines keep them alike in all kinds.
-TEST_F(DudasTest, LoQueSumaCeroYNoSeRecogeNoSePierde) {
+TEST_F(ConDudas, LoQueSumaCeroYNoSeRecogeNoSePierde) {
   t.grupo(2, {1}, 3);
   struct Caso {
     const char* que;
@@ -308,7 +308,7 @@ TEST_F(DudasTest, LoQueSumaCeroYNoSeRecogeNoSePierde) {
 }
 
 // The record of the grand total is lost, and the rest foots with itself.
-TEST_F(DudasTest, UnGranTotalQueNoVieneSeDice) {
+TEST_F(ConDudas, UnGranTotalQueNoVieneSeDice) {
   vender(kLunes);
   t.leerSolo(1, TipoTotal::PLUs);
   t.leerSin(1, TipoTotal::GranTotal, {11, 12, 13, 14, 15});
@@ -318,7 +318,7 @@ TEST_F(DudasTest, UnGranTotalQueNoVieneSeDice) {
   EXPECT_FALSE(t.ponerACero(1));
 }
 
-TEST_F(DudasTest, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
+TEST_F(ConDudas, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
   vender(kLunes);
   t.leer(1);
   using C = totals::Sesion::Comparacion;
@@ -335,7 +335,7 @@ TEST_F(DudasTest, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
 }
 
 // After a group is deleted, the next group with its code begins with nothing.
-TEST_F(DudasTest, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
+TEST_F(ConDudas, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.grupo(2, {1, 2}, 3);
   noche(kLunes);
   for (const int n : {10, 11}) t.grupos.at(2).at(1).vender(n, 100, 0);

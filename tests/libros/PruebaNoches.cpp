@@ -88,9 +88,9 @@ void rondaAlAzar(TiendaDeLibros& t, Azar& azar, Suerte& suya, bool ultima) {
   if (azar.ocurre(0.2)) t.cortar();
 }
 
-class LibrosTest : public testing::Test {
+class ConLibros : public testing::Test {
  protected:
-  LibrosTest() : t(kLunes), azar(7) {
+  ConLibros() : t(kLunes), azar(7) {
     t.grupo(1);
     t.grupo(2, {1, 2}, 3);
     t.desdeCero();
@@ -116,7 +116,7 @@ class LibrosTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(LibrosTest, UnaNocheQueVaBienHaceElDia) {
+TEST_F(ConLibros, UnaNocheQueVaBienHaceElDia) {
   dia();
   leerTodo();
   const auto links = t.memorizar();
@@ -130,7 +130,7 @@ TEST_F(LibrosTest, UnaNocheQueVaBienHaceElDia) {
 
 // A part of the codes was read: what the others sold would be in no book. Only a grand total of the
 // same session that has no more than the part shows that there is no rest.
-TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
+TEST_F(ConLibros, ConSoloUnaParteNoSePoneACero) {
   enum class Resto { Nada, Vende, SumaCero };
   static constexpr struct {
     bool granTotal;
@@ -160,7 +160,7 @@ TEST_F(LibrosTest, ConSoloUnaParteNoSePoneACero) {
 
 // Several ranges of codes of one session are all kept, and the later one counts where they overlap.
 // Once they hold what the grand total has, nothing is missing.
-TEST_F(LibrosTest, VariasPartesDeUnaSesionSeJuntan) {
+TEST_F(ConLibros, VariasPartesDeUnaSesionSeJuntan) {
   dia();
   for (const auto& [desde, hasta] : {std::pair{10, 80}, {70, 120}, {120, 160}}) {
     for (const int g : {1, 2}) {
@@ -186,7 +186,7 @@ TEST_F(LibrosTest, VariasPartesDeUnaSesionSeJuntan) {
 
 // A reading that knows less never replaces one that knows more and is in no period yet; a whole
 // reading that was given up meanwhile still forbids the zeroing.
-TEST_F(LibrosTest, UnaParteNoSustituyeALoEntero) {
+TEST_F(ConLibros, UnaParteNoSustituyeALoEntero) {
   totals::Lectura parte;
   parte.maquinas[0] = {{{11, 0}, {1, 0, 500, 0}}};
   parte.entera = false;
@@ -215,7 +215,7 @@ TEST_F(LibrosTest, UnaParteNoSustituyeALoEntero) {
 
 // A memorised part of a list leaves the other codes with what is memorised of them: the next whole
 // reading adds each sale once.
-TEST_F(LibrosTest, UnaParteMemorizadaConservaLoDemas) {
+TEST_F(ConLibros, UnaParteMemorizadaConservaLoDemas) {
   dia();
   leerTodo();
   t.memorizar();
@@ -240,7 +240,7 @@ TEST_F(LibrosTest, UnaParteMemorizadaConservaLoDemas) {
 
 // Sales that a run forgot are in the machine alone: it isn't told to forget them too, until it has
 // been read again. Nothing is missing where the session held only what a period has already.
-TEST_F(LibrosTest, LoOlvidadoSinMemorizarNoSePoneACero) {
+TEST_F(ConLibros, LoOlvidadoSinMemorizarNoSePoneACero) {
   const auto olvidar = [&] { bien(t.cierre().LaSesion(false, 0, t.avisos)); };
   dia();
   leerTodo();
@@ -276,7 +276,7 @@ TEST_F(LibrosTest, LoOlvidadoSinMemorizarNoSePoneACero) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
-TEST_F(LibrosTest, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
+TEST_F(ConLibros, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
   dia();
   leerTodo();
   t.memorizar();
@@ -289,7 +289,7 @@ TEST_F(LibrosTest, UnGrupoQueNoSePusoACeroSoloAportaLaDiferencia) {
   EXPECT_TRUE(t.textoAvisos().contains(u"no se sabe que se pusiera a cero"));
 }
 
-TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
+TEST_F(ConLibros, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
   for (const bool corta : {false, true}) {
     dia();
     leerTodo();
@@ -307,7 +307,7 @@ TEST_F(LibrosTest, LaPuestaACeroQueNadieAnotoNoPisaElDia) {
 }
 
 // A reading before an order can't show that it was obeyed: an earlier one was.
-TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
+TEST_F(ConLibros, ElCeroQueVieneDetrasNoExplicaLaLectura) {
   nocheSinConfirmar();
   dia();
   leerTodo();
@@ -320,7 +320,7 @@ TEST_F(LibrosTest, ElCeroQueVieneDetrasNoExplicaLaLectura) {
 }
 
 // The order got no answer, and the next night only the grand total, which has caught up, is read.
-TEST_F(LibrosTest, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
+TEST_F(ConLibros, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
   nocheSinConfirmar();
   dia();
   for (int n = 0; n < 500; ++n) t.grupos.at(1).at(0).vender(10, 100, 0);
@@ -335,7 +335,7 @@ TEST_F(LibrosTest, TrasUnCeroSinRespuestaElGranTotalNoBasta) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
+TEST_F(ConLibros, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
   for (const bool sustituir : {true, false}) {
     dia();
     leerTodo();
@@ -352,7 +352,7 @@ TEST_F(LibrosTest, ReleerElMismoDiaDejaElDiaEnteroUnaVez) {
 
 // More sales after the zeroing than before look like a longer reading of the same sales. Group 1,
 // which wasn't zeroed, makes it the same day again.
-TEST_F(LibrosTest, LoVendidoTrasElCeroSeSumaAlMismoDia) {
+TEST_F(ConLibros, LoVendidoTrasElCeroSeSumaAlMismoDia) {
   dia();
   leerTodo();
   const auto primera = t.memorizar();
@@ -365,7 +365,7 @@ TEST_F(LibrosTest, LoVendidoTrasElCeroSeSumaAlMismoDia) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-TEST_F(LibrosTest, LaSemanaSigueAUnDiaReleido) {
+TEST_F(ConLibros, LaSemanaSigueAUnDiaReleido) {
   dia();
   leerTodo();
   const auto link = t.memorizar();
@@ -380,7 +380,7 @@ TEST_F(LibrosTest, LaSemanaSigueAUnDiaReleido) {
   EXPECT_EQ(t.enPeriodo(semana->entero(), TipoTotal::PLUs), t.enPeriodo(otra[0], TipoTotal::PLUs));
 }
 
-TEST_F(LibrosTest, SoloElRegistroQueNoSePusoACeroGuardaSuParte) {
+TEST_F(ConLibros, SoloElRegistroQueNoSePusoACeroGuardaSuParte) {
   dia();
   leerTodo();
   t.memorizar();
@@ -396,7 +396,7 @@ TEST_F(LibrosTest, SoloElRegistroQueNoSePusoACeroGuardaSuParte) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-TEST_F(LibrosTest, UnaLecturaFallidaDejaLaAnteriorYProhibeElCero) {
+TEST_F(ConLibros, UnaLecturaFallidaDejaLaAnteriorYProhibeElCero) {
   dia();
   leerTodo();
   ASSERT_TRUE(t.sesion().PrepararRecepcion(1, TipoTotal::PLUs).has_value());
@@ -407,7 +407,7 @@ TEST_F(LibrosTest, UnaLecturaFallidaDejaLaAnteriorYProhibeElCero) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
-TEST_F(LibrosTest, LoQueNoCuadraNoSePoneACeroYSeDice) {
+TEST_F(ConLibros, LoQueNoCuadraNoSePoneACeroYSeDice) {
   dia();
   t.leerSolo(1, TipoTotal::GranTotal);
   t.grupos.at(1).at(0).vender(11, 700, 0);
@@ -424,7 +424,7 @@ TEST_F(LibrosTest, LoQueNoCuadraNoSePoneACeroYSeDice) {
   EXPECT_TRUE(t.ponerACero(1));
 }
 
-TEST_F(LibrosTest, LoQueEsperaEnLaBandejaNoSePisa) {
+TEST_F(ConLibros, LoQueEsperaEnLaBandejaNoSePisa) {
   dia();
   leerTodo();
   EXPECT_TRUE(t.ponerACero(1));
@@ -436,7 +436,7 @@ TEST_F(LibrosTest, LoQueEsperaEnLaBandejaNoSePisa) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-TEST_F(LibrosTest, UnDiaQueExisteConservaLosGruposQueNoEstanEnLaSesion) {
+TEST_F(ConLibros, UnDiaQueExisteConservaLosGruposQueNoEstanEnLaSesion) {
   dia();
   t.leer(1);
   t.memorizar();
@@ -445,7 +445,7 @@ TEST_F(LibrosTest, UnDiaQueExisteConservaLosGruposQueNoEstanEnLaSesion) {
   for (const int g : {1, 2}) t.cuadra(g);
 }
 
-TEST_F(LibrosTest, LaSesionQueNoSePuedeMemorizarQuedaComoEstaba) {
+TEST_F(ConLibros, LaSesionQueNoSePuedeMemorizarQuedaComoEstaba) {
   dia();
   leerTodo();
   t.nadaSeMemoriza(u"BEFORE INSERT ON COLUMNA BEGIN SELECT RAISE(ABORT, 'lleno'); END"_s);

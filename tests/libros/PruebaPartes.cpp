@@ -7,9 +7,9 @@ namespace tarvo::prueba {
 
 namespace {
 
-class PartesTest : public testing::Test {
+class ConPartes : public testing::Test {
  protected:
-  PartesTest() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) { t.grupo(2, {1, 2}, 3); }
+  ConPartes() : t(Fecha::de(QDate(2026, 11, 23), QTime(21, 0))) { t.grupo(2, {1, 2}, 3); }
   // A day of `ventas` sales in each register. The totals are read by `leer`.
   void dia(int ventas) {
     t.amanecer();
@@ -37,7 +37,7 @@ class PartesTest : public testing::Test {
 
 }  // namespace
 
-TEST_F(PartesTest, ElDiaSiguienteSeSabeVendaMasOMenos) {
+TEST_F(ConPartes, ElDiaSiguienteSeSabeVendaMasOMenos) {
   for (const int ventas : {3, 40}) {
     leidaYMemorizada(20);
     borrarArticulosSinSaberlo();
@@ -49,7 +49,7 @@ TEST_F(PartesTest, ElDiaSiguienteSeSabeVendaMasOMenos) {
   }
 }
 
-TEST_F(PartesTest, LoQueNoSePuedeSaberEsperaALaLecturaEntera) {
+TEST_F(ConPartes, LoQueNoSePuedeSaberEsperaALaLecturaEntera) {
   leidaYMemorizada(20);
   borrarArticulosSinSaberlo();
   dia(30);
@@ -63,7 +63,7 @@ TEST_F(PartesTest, LoQueNoSePuedeSaberEsperaALaLecturaEntera) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
-TEST_F(PartesTest, UnCeroAntesDeMemorizarNoPierdeLaDuda) {
+TEST_F(ConPartes, UnCeroAntesDeMemorizarNoPierdeLaDuda) {
   leidaYMemorizada(20);
   borrarArticulosSinSaberlo();
   dia(30);
@@ -75,7 +75,7 @@ TEST_F(PartesTest, UnCeroAntesDeMemorizarNoPierdeLaDuda) {
   cuadra();
 }
 
-TEST_F(PartesTest, QuienLaAcabaAManoNoEstorba) {
+TEST_F(ConPartes, QuienLaAcabaAManoNoEstorba) {
   leidaYMemorizada(20);
   ASSERT_TRUE(t.sesion().anunciarCero(2, 1, 1).has_value());
   ASSERT_TRUE(t.sesion().parteHecha(2, 1, 1).has_value());
@@ -86,7 +86,7 @@ TEST_F(PartesTest, QuienLaAcabaAManoNoEstorba) {
   EXPECT_TRUE(t.ponerACero(2));
 }
 
-TEST_F(PartesTest, LaCajaQueSeCambiaPorOtraNoDejaDuda) {
+TEST_F(ConPartes, LaCajaQueSeCambiaPorOtraNoDejaDuda) {
   leidaYMemorizada(20);
   borrarArticulosSinSaberlo();
   auto& cajas = t.grupos.at(2);
@@ -100,7 +100,7 @@ TEST_F(PartesTest, LaCajaQueSeCambiaPorOtraNoDejaDuda) {
 }
 
 // Nothing is memorised for a register without sales: whatever its frames did, there is no doubt.
-TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
+TEST_F(ConPartes, LaCajaSinVentasNoDejaDuda) {
   for (const int trama : {1, 2, 3})
     for (const int ventas : {0, 4}) {
       SCOPED_TRACE(testing::Message() << trama << ", " << ventas);
@@ -126,7 +126,7 @@ TEST_F(PartesTest, LaCajaSinVentasNoDejaDuda) {
 
 // The other register holds nothing: all kinds count from the announcement, none from the day
 // before.
-TEST_F(PartesTest, LaCajaSinVentasNoRetieneLaFecha) {
+TEST_F(ConPartes, LaCajaSinVentasNoRetieneLaFecha) {
   leidaYMemorizada(20);
   EXPECT_TRUE(t.ponerACero(2));
   for (const bool otra : {false, true}) {
@@ -156,7 +156,7 @@ TEST_F(PartesTest, LaCajaSinVentasNoRetieneLaFecha) {
 }
 
 // Two frames were answered and the third was not: all was cleared, though a busy day hides it.
-TEST_F(PartesTest, TrasDosTramasContestadasTodoEstaBorrado) {
+TEST_F(ConPartes, TrasDosTramasContestadasTodoEstaBorrado) {
   leidaYMemorizada(20);
   for (int trama = 1; trama <= 3; ++trama) {
     ASSERT_TRUE(t.sesion().anunciarCero(2, 1, trama).has_value());
@@ -174,7 +174,7 @@ TEST_F(PartesTest, TrasDosTramasContestadasTodoEstaBorrado) {
 }
 
 // Two nights running the order breaks off after the articles.
-TEST_F(PartesTest, DosVecesAMedias) {
+TEST_F(ConPartes, DosVecesAMedias) {
   leidaYMemorizada(20);
   for (const int ventas : {9, 14, 3}) {
     borrarArticulosSinSaberlo();
@@ -187,7 +187,7 @@ TEST_F(PartesTest, DosVecesAMedias) {
 }
 
 // A day's sales came to nothing: the sums don't show what was cleared; the counters or a person do.
-TEST_F(PartesTest, UnDiaQueSumaCeroTieneSalida) {
+TEST_F(ConPartes, UnDiaQueSumaCeroTieneSalida) {
   for (const bool borrados : {true, false}) {
     SCOPED_TRACE(borrados);
     dia(0);
@@ -215,7 +215,7 @@ TEST_F(PartesTest, UnDiaQueSumaCeroTieneSalida) {
 }
 
 // The tables of the version before this record existed.
-TEST_F(PartesTest, UnaBaseAnteriorSePoneAlDia) {
+TEST_F(ConPartes, UnaBaseAnteriorSePoneAlDia) {
   leidaYMemorizada(20);
   ASSERT_TRUE(
       t.db()

@@ -11,9 +11,9 @@ using totals::kDiario, totals::kOtros, totals::kSemanal;
 
 namespace {
 
-class PeriodosLibrosTest : public testing::Test {
+class ConPeriodosDeLibros : public testing::Test {
  protected:
-  PeriodosLibrosTest() : t(Fecha::de(QDate(2026, 11, 20), QTime(21, 0))) {  // a Friday
+  ConPeriodosDeLibros() : t(Fecha::de(QDate(2026, 11, 20), QTime(21, 0))) {  // a Friday
     t.grupo(1);
     t.grupo(2);
     t.desdeCero();
@@ -43,7 +43,7 @@ class PeriodosLibrosTest : public testing::Test {
 }  // namespace
 
 // A collection interrupted on Sunday, partly read, and forgotten until Monday night.
-TEST_F(PeriodosLibrosTest, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
+TEST_F(ConPeriodosDeLibros, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
   dia();
   leerTodo();
   t.memorizar();
@@ -69,7 +69,7 @@ TEST_F(PeriodosLibrosTest, LoQueSeLeeDeNuevoTerminaCuandoSeLee) {
 }
 
 // One machine was out of reach yesterday; the others make the day.
-TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
+TEST_F(ConPeriodosDeLibros, DosDiasEnUnoSeDicen) {
   t.grupo(3);
   t.grupos[3][0].vender(11, 100, 0);
   dia();
@@ -88,7 +88,7 @@ TEST_F(PeriodosLibrosTest, DosDiasEnUnoSeDicen) {
 
 // The readings of one collection end together, however long it lasts; an unclosed session gets a
 // new end.
-TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
+TEST_F(ConPeriodosDeLibros, LasLecturasDeUnaRecogidaTerminanALaVez) {
   struct Caso {
     qint64 minutos;
     bool otra, suelta, juntas;
@@ -112,7 +112,7 @@ TEST_F(PeriodosLibrosTest, LasLecturasDeUnaRecogidaTerminanALaVez) {
 }
 
 // A period made by hand receives the readings of its days.
-TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
+TEST_F(ConPeriodosDeLibros, UnPeriodoHechoAManoRecibeLaLectura) {
   struct Caso {
     int tipo;
     bool sustituir, conFilas, recibe, descontable;
@@ -158,7 +158,7 @@ TEST_F(PeriodosLibrosTest, UnPeriodoHechoAManoRecibeLaLectura) {
 }
 
 // A day with rows of unknown origin: replaced only by as many sales or more.
-TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
+TEST_F(ConPeriodosDeLibros, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
   struct Caso {
     bool sustituir;
     int antes, ahora;
@@ -180,7 +180,7 @@ TEST_F(PeriodosLibrosTest, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
 }
 
 // Sales added to a day go into its week and out of stock at once.
-TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
+TEST_F(ConPeriodosDeLibros, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   conAlmacen();
   dia();
   leerTodo();
@@ -198,7 +198,7 @@ TEST_F(PeriodosLibrosTest, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
 }
 
 // A replaced day that is only in the stock leaves it once.
-TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
+TEST_F(ConPeriodosDeLibros, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) {
   conAlmacen();
   dia();
   const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
@@ -213,7 +213,7 @@ TEST_F(PeriodosLibrosTest, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez) 
 
 // Each group and kind in its own period: the later sales of a machine that was not zeroed belong to
 // the day they were made.
-TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
+TEST_F(ConPeriodosDeLibros, LaDiferenciaVaASuPropioDia) {
   for (const qint64 importe : {500, 300, 200}) {
     dia(importe);
     leerTodo();
@@ -229,7 +229,7 @@ TEST_F(PeriodosLibrosTest, LaDiferenciaVaASuPropioDia) {
 
 // The disk is full at the very end: nothing of the memorisation remains, not even the session in
 // memory.
-TEST_F(PeriodosLibrosTest, SiSoloFallaLaConfirmacionNadaSeHaMemorizado) {
+TEST_F(ConPeriodosDeLibros, SiSoloFallaLaConfirmacionNadaSeHaMemorizado) {
   dia();
   leerTodo();
   t.sql(

@@ -127,9 +127,9 @@ void comprobar(Corte c) {
 
 }  // namespace
 
-class TramasTest : public testing::TestWithParam<int> {};
+class ConTramas : public testing::TestWithParam<int> {};
 
-TEST_P(TramasTest, BorrenLoQueBorrenCadaVentaEstaUnaVez) {
+TEST_P(ConTramas, BorrenLoQueBorrenCadaVentaEstaUnaVez) {
   for (const bool obedecida : {true, false})
     for (const bool otra : {false, true})
       for (const auto& [despues, minutos] :
@@ -137,6 +137,6 @@ TEST_P(TramasTest, BorrenLoQueBorrenCadaVentaEstaUnaVez) {
         comprobar({GetParam(), obedecida, otra, despues, minutos});
 }
 
-INSTANTIATE_TEST_SUITE_P(Muere, TramasTest, testing::Values(1, 2, 3));
+INSTANTIATE_TEST_SUITE_P(Muere, ConTramas, testing::Values(1, 2, 3));
 
 }  // namespace tarvo::prueba

@@ -11,7 +11,7 @@ Veredicto correr(quint64 semilla) {
   return correrSemilla(semilla);
 }
 
-class NochesTest : public testing::TestWithParam<int> {};
+class ConNoches : public testing::TestWithParam<int> {};
 
 }  // namespace
 
@@ -20,10 +20,10 @@ TEST(NochesGuardadas, LasQueUnaVezFallaron) {
     probarSemilla(s, [](quint64 semilla) { return correrSemilla(semilla, {}, false); });
 }
 
-TEST_P(NochesTest, LosLibrosCuadran) {
+TEST_P(ConNoches, LosLibrosCuadran) {
   probarCaso(GetParam(), 250, correr);
 }
 
-INSTANTIATE_TEST_SUITE_P(Semillas, NochesTest, testing::Range(0, 4));
+INSTANTIATE_TEST_SUITE_P(Semillas, ConNoches, testing::Range(0, 4));
 
 }  // namespace tarvo::noches

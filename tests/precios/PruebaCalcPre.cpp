@@ -13,7 +13,7 @@ CalcPre con(ModoIva modo, qint64 redondeo, double iva) {
   return c;
 }
 
-TEST(CalcPre, RoundingGoesUpOnly) {
+TEST(CalcPre, ElRedondeoSoloSube) {
   const struct {
     qint64 n, paso, sale;
   } casos[] = {{1001, 5, 1005},   {1000, 5, 1000}, {1001, 0, 1001}, {1001, -5, 1001},
@@ -21,7 +21,7 @@ TEST(CalcPre, RoundingGoesUpOnly) {
   for (const auto& c : casos) EXPECT_EQ(haciaArriba(c.n, c.paso), c.sale) << c.n << '/' << c.paso;
 }
 
-TEST(CalcPre, EnteringACell) {
+TEST(CalcPre, AlEntrarEnUnaCelda) {
   const struct {
     const char* que;
     ModoIva modo;
@@ -70,7 +70,7 @@ TEST(CalcPre, EnteringACell) {
   }
 }
 
-TEST(CalcPre, WhatAPersonChanges) {
+TEST(CalcPre, LoQueCambiaUnaPersona) {
   const struct {
     const char* que;
     void (*hacer)(CalcPre&);
@@ -105,7 +105,7 @@ TEST(CalcPre, WhatAPersonChanges) {
   }
 }
 
-TEST(CalcPre, ALockedMarginRulesTheCells) {
+TEST(CalcPre, ElMargenBloqueadoMandaEnLasCeldas) {
   CalcPre c = con(ModoIva::Incluido, 5, 0);
   c.entrar(300, 1000);
   EXPECT_EQ(c.cifras().PVP, 1000);
@@ -120,7 +120,7 @@ TEST(CalcPre, ALockedMarginRulesTheCells) {
   EXPECT_DOUBLE_EQ(c.cifras().pcMarg, 100);
 }
 
-TEST(CalcPre, RatesOfDepartments) {
+TEST(CalcPre, TasasDeLosDepartamentos) {
   prueba::TiendaDePrecios p;
   EXPECT_EQ(bien(ivaDeDepartamento(p.catalogo, 1, 1)), 10);
   EXPECT_EQ(bien(ivaDeDepartamento(p.catalogo, 1, 2)), 0) << "rate 9 of three";
@@ -128,7 +128,7 @@ TEST(CalcPre, RatesOfDepartments) {
 }
 
 // A step that the setting couldn't keep isn't accepted either: the box shows the one in force.
-TEST(CalcPre, StepWithinItsSetting) {
+TEST(CalcPre, ElPasoCabeEnSuAjuste) {
   CalcPre c;
   const std::pair<qint64, qint64> casos[] = {{-1, 0}, {5, 5}, {32'767, 32'767}, {999'999, 32'767}};
   for (const auto& [paso, queda] : casos) {

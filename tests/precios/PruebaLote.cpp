@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(SubePrecios, PercentAndStep) {
+TEST(SubePrecios, PorcentajeYPaso) {
   using enum Redondeo;
   const struct {
     int centesimas;
@@ -31,7 +31,7 @@ TEST(SubePrecios, PercentAndStep) {
   EXPECT_FALSE(SubePrecios::de(0, 1, MasProximo, 3, {}));
 }
 
-struct PruebaLote : testing::Test, prueba::TiendaDePrecios {
+struct ConLote : testing::Test, prueba::TiendaDePrecios {
   articles::Lotes lotes{catalogo};
   CambioLote lote{catalogo, lotes};
 
@@ -54,7 +54,7 @@ struct PruebaLote : testing::Test, prueba::TiendaDePrecios {
   QString filas() { return leer(u"select CODPLU, PRECIO_00, PRECIO_27, DEPTO from PLUSES"_s); }
 };
 
-TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
+TEST_F(ConLote, EnQueQuedariaCadaUno) {
   articulo({.codigo = 2, .precio = 900});
   sql(u"update PLUSES set PRECIO_27=990000, DEPTO=2, NOMPLU='Jamón 5*' where CODPLU=11"_s);
   sql(u"update PLUSES set PRECIO_00=0 where CODPLU=12"_s);
@@ -69,7 +69,7 @@ TEST_F(PruebaLote, WhatWouldBecomeOfEach) {
   EXPECT_EQ(lote.previa({1}, PoneFormato{21}).error().clase, Fallo::Restriccion);
 }
 
-TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
+TEST_F(ConLote, SeAplicaEnteroYSeDeshace) {
   sql(u"update PLUSES set PRECIO_00=999999 where CODPLU=11"_s);
   const QString antes = filas();
   const std::vector<ClaveArticulo> claves{{1, 10}, {1, 11}, {1, 99}};
@@ -90,7 +90,7 @@ TEST_F(PruebaLote, AppliedWholeAndTakenBack) {
   EXPECT_EQ(leer(u"select count(*) from LoteArticulos where LOTE>%1"_s.arg(hecho.lote)), u"0");
 }
 
-TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
+TEST_F(ConLote, LoCortadoSigueDondeEstaba) {
   const int kMuchos = 1200;
   for (int n = 0; n < kMuchos; ++n)
     articulo({.codigo = 1000 + n, .nombre = u"X", .depto = 1, .precio = 100});
@@ -119,7 +119,7 @@ TEST_F(PruebaLote, CutOffItIsGoneOnWith) {
   EXPECT_EQ(subidos(), u"0");
 }
 
-TEST(OrdenLote, ComesBackFromItsText) {
+TEST(OrdenLote, VuelveDeSuTexto) {
   const OrdenLote ordenes[] = {*SubePrecios::de(-350, 5, Redondeo::HaciaAbajo, {}, 0),
                                *SubePrecios::de(99'999, 999'999, Redondeo::MasProximo, 2, {}),
                                PoneDepartamento{40}, PoneFormato{20}};

@@ -16,7 +16,7 @@ Dia dia(const char* texto) {
 const QString kSinEnviado =
     u"select GRUPO, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN, borrado from OFERTAS order by GRUPO"_s;
 
-struct PruebaOfertas : testing::Test, prueba::TiendaDePrecios {
+struct ConOfertas : testing::Test, prueba::TiendaDePrecios {
   Ofertas ofertas{*db, textosDePrueba(), reloj};
 
   void poner(int grupo, int codigo, qint64 precio, const char* desde, const char* hasta,
@@ -34,7 +34,7 @@ struct PruebaOfertas : testing::Test, prueba::TiendaDePrecios {
   }
 };
 
-TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
+TEST_F(ConOfertas, NingunaOfertaAcabaAntesDeEmpezar) {
   EXPECT_FALSE(Vigencia::de(dia("06/06/2018"), dia("05/06/2018")));
   EXPECT_TRUE(Vigencia::de(dia("06/06/2018 20:00"), dia("06/06/2018 09:00"))) << "days count whole";
   EXPECT_TRUE(Vigencia::de({}, dia("05/06/2018")));
@@ -42,7 +42,7 @@ TEST_F(PruebaOfertas, NoOfferEndsBeforeItBegins) {
 
 // What happens to an existing offer of the group, and whether the article becomes due to the
 // scales.
-TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
+TEST_F(ConOfertas, GuardarSobreLoQueHay) {
   const struct {
     const char* que;
     qint64 precio;  // of the old one, 0 for none
@@ -80,7 +80,7 @@ TEST_F(PruebaOfertas, SavingOverWhatIsThere) {
 }
 
 // One that was changed afterwards stays; one that the scales hold by now waits to be removed.
-TEST_F(PruebaOfertas, ANewOfferIsTakenBackWhereItIsAsItWas) {
+TEST_F(ConOfertas, LaOfertaNuevaSeDeshaceSiSigueComoEstaba) {
   const std::array grupos{1, 2, 3};
   const auto alta = bien(ofertas.guardar(nueva(10, 800, "", "10/06/2018"), grupos));
   sql(u"update OFERTAS set enviado=1 where GRUPO=2"_s);
@@ -90,7 +90,7 @@ TEST_F(PruebaOfertas, ANewOfferIsTakenBackWhereItIsAsItWas) {
   EXPECT_EQ(ofertas.deshacer(alta).error().clase, Fallo::Restriccion);
 }
 
-TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {
+TEST_F(ConOfertas, LosPreciosVanALosDemasGruposSiSePide) {
   poner(1, 10, 700, "01/06/2018", "", true);
   poner(2, 10, 650, "", "09/06/2018", true);
   poner(3, 10, 650, "", "", true, true);
@@ -107,7 +107,7 @@ TEST_F(PruebaOfertas, NewPricesGoToTheOtherGroupsWhenAsked) {
   EXPECT_EQ(ofertas.ponerPrecios({3, 1, 10}, {1, 0, 0}, false).error().clase, Fallo::NoExiste);
 }
 
-TEST_F(PruebaOfertas, DatesOfAllOffersShownAndBack) {
+TEST_F(ConOfertas, LasFechasDeTodasCambianYVuelven) {
   poner(1, 10, 700, "01/06/2018", "10/06/2018");
   poner(1, 11, 700, "01/07/2018", "");
   poner(1, 12, 700, "01/06/2018", "", true, true);
@@ -139,7 +139,7 @@ TEST_F(PruebaOfertas, DatesOfAllOffersShownAndBack) {
   EXPECT_EQ(bien(ofertas.deshacer(luego)), 1) << "the other one is gone";
 }
 
-TEST_F(PruebaOfertas, DeletingHereOrInAllGroups) {
+TEST_F(ConOfertas, SeBorraAquiOEnTodosLosGrupos) {
   const auto montar = [&] {
     sql(u"delete from OFERTAS"_s);
     poner(1, 10, 700, "01/06/2018", "");

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Whatever the file contains, the result is valid and is written back as 22 values.
-TEST(ParrillaRapida, ReadsAnythingAndWritesItself) {
+TEST(ParrillaRapida, LeeCualquierCosaYSeEscribe) {
   const QString defecto = u"1,1,2,1,1,0,0,0,0,0,0,0,0,0,0,0,-1,,,,,"_s;
   const struct {
     QString de, a;
@@ -29,7 +29,7 @@ TEST(ParrillaRapida, ReadsAnythingAndWritesItself) {
   EXPECT_EQ(ParrillaRapida::leer(p.escribir()).valor(CampoFijo::CodBarras), u"21 7");
 }
 
-TEST(ParrillaRapida, WhereEnterGoes) {
+TEST(ParrillaRapida, AdondeVaIntro) {
   using enum ModoIntro;
   const struct {
     ModoIntro modo;
@@ -47,7 +47,7 @@ TEST(ParrillaRapida, WhereEnterGoes) {
   EXPECT_EQ(leerModoIntro(7), PLU);
 }
 
-TEST(FormaAlta, TheCodeBehindAPrefix) {
+TEST(FormaAlta, ElCodigoTrasUnPrefijo) {
   const struct {
     const char *prefijo, *tecleado, *codigo;
   } casos[] = {{"12", "34", "1200034"},
@@ -72,7 +72,7 @@ TEST(FormaAlta, TheCodeBehindAPrefix) {
   EXPECT_EQ(FormaAlta::de({}, 1, 0).error(), Tarifas);
 }
 
-struct PruebaAlta : testing::Test, prueba::TiendaDePrecios {
+struct ConAlta : testing::Test, prueba::TiendaDePrecios {
   AltaRapida alta{catalogo, *FormaAlta::de(u"12"_s, 2, 1)};
   EntradaAlta buena() {
     EntradaAlta e;
@@ -84,7 +84,7 @@ struct PruebaAlta : testing::Test, prueba::TiendaDePrecios {
   }
 };
 
-TEST_F(PruebaAlta, TheFieldsThatAreWrong) {
+TEST_F(ConAlta, LosCamposQueEstanMal) {
   const struct {
     std::vector<CampoAlta> faltan;
     void (*estropear)(EntradaAlta&);
@@ -120,7 +120,7 @@ TEST_F(PruebaAlta, TheFieldsThatAreWrong) {
   EXPECT_EQ(alta.codigoDe(u"3"_s), 3);
 }
 
-TEST_F(PruebaAlta, AddsTheArticleWithItsStockRows) {
+TEST_F(ConAlta, ElArticuloLlegaConSusExistencias) {
   const auto a = bien(alta.anadir(buena(), u"FastAlta"_s));
   EXPECT_EQ(a.clave.codigo, 1200034);
   EXPECT_EQ(leer(u"select CODPLU, NOMPLU, MDF_PRE, BARRAS, PFX_BAR, FORMATO, NUMDIAS_1, PRECIO_00, "
@@ -133,7 +133,7 @@ TEST_F(PruebaAlta, AddsTheArticleWithItsStockRows) {
   EXPECT_EQ(leer(u"select count(*) from MovsAlm"_s), u"2");
 }
 
-TEST_F(PruebaAlta, AFastChangeTakesWhatTheColumnHolds) {
+TEST_F(ConAlta, CadaColumnaTomaLoQueLeCabe) {
   using enum ColumnaRapida;
   const auto a = *bien(catalogo.leer({1, 10}));
   const struct {

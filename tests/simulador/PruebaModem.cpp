@@ -4,9 +4,9 @@
 namespace tarvo::simulador {
 namespace {
 
-class PruebaModem : public ::testing::Test {
+class ConModem : public ::testing::Test {
  protected:
-  PruebaModem() : mesa(opciones(Tipo::Balanzas)) {
+  ConModem() : mesa(opciones(Tipo::Balanzas)) {
     mesa.cable.cerrar();
     OpcionesModem opcionesModem;
     opcionesModem.numeros = {
@@ -26,7 +26,7 @@ class PruebaModem : public ::testing::Test {
   QByteArray dicho;
 };
 
-TEST_F(PruebaModem, Dialogo) {
+TEST_F(ConModem, Dialogo) {
   struct Turno {
     QByteArray orden;
     int ms;
@@ -65,7 +65,7 @@ TEST_F(PruebaModem, Dialogo) {
   EXPECT_EQ(decir("ATO\r"), "\r\nNO CARRIER\r\n");
 }
 
-TEST_F(PruebaModem, LaLineaCaida) {
+TEST_F(ConModem, LaLineaCaida) {
   decir("ATE0DT1\r", 1500);
   decir("ATDT9155500\r", 1500);
   ASSERT_TRUE(modem->enLinea());

@@ -25,9 +25,9 @@ quint16 puertoLibre() {
   return servidor.serverPort();
 }
 
-class PruebaPrograma : public ::testing::Test {
+class ConPrograma : public ::testing::Test {
  protected:
-  ~PruebaPrograma() override { matar(); }
+  ~ConPrograma() override { matar(); }
   QString ruta(const char* nombre) const { return carpeta.filePath(QLatin1String(nombre)); }
   // False if it ends or prints nothing in time.
   bool arrancar(const QByteArray& config, const QStringList& mas = {}) {
@@ -67,7 +67,7 @@ QByteArray preguntar(QTcpSocket& socket, const QByteArray& bytes, qsizetype espe
   return dicho;
 }
 
-TEST_F(PruebaPrograma, VendeContestaYGuardaLoQuePaso) {
+TEST_F(ConPrograma, VendeContestaYGuardaLoQuePaso) {
   const quint16 puerto = puertoLibre();
   const QByteArray config = R"({"maquinas":[{"nombre":"B","tipo":1,"grupo":4,"tcp":)" +
                             QByteArray::number(puerto) +
@@ -107,7 +107,7 @@ TEST_F(PruebaPrograma, VendeContestaYGuardaLoQuePaso) {
   EXPECT_EQ(despues, estado) << "the listed sales are not made twice";
 }
 
-TEST_F(PruebaPrograma, UnTerminalEsUnCableYPuedeTenerModem) {
+TEST_F(ConPrograma, UnTerminalEsUnCableYPuedeTenerModem) {
   const QByteArray articulo = R"("articulos":[{"codigo":5,"precio":199}],"ventas":[])";
   const QByteArray config = R"({"maquinas":[{"nombre":"D","tipo":1,"pty":")" +
                             ruta("directo").toUtf8() + "\"," + articulo +
@@ -138,7 +138,7 @@ TEST_F(PruebaPrograma, UnTerminalEsUnCableYPuedeTenerModem) {
   EXPECT_FALSE(QFile::exists(ruta("directo"))) << "the link goes with the program";
 }
 
-TEST_F(PruebaPrograma, LeeLosGruposDeLaTienda) {
+TEST_F(ConPrograma, LeeLosGruposDeLaTienda) {
   sqlite3* base = nullptr;
   ASSERT_EQ(sqlite3_open(ruta("T.MDB").toUtf8().constData(), &base), SQLITE_OK);
   std::string operadores;
@@ -187,7 +187,7 @@ TEST_F(PruebaPrograma, LeeLosGruposDeLaTienda) {
   EXPECT_TRUE(maquina(3).isEmpty()) << "a group without a transport has no machine";
 }
 
-TEST_F(PruebaPrograma, UnaConfiguracionMalaSeDice) {
+TEST_F(ConPrograma, UnaConfiguracionMalaSeDice) {
   for (const QByteArray config :
        {R"({)", R"({"maquinas":[]})", R"({"maquinas":[{"tipo":5,"tcp":1}]})",
         R"({"maquinas":[{"tipo":1}]})", R"({"maquinas":[{"tipo":1,"tcp":99999}]})",

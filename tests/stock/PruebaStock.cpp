@@ -49,7 +49,7 @@ struct TiendaDeStock : testing::Test, prueba::TiendaVacia {
   }
 };
 
-TEST_F(TiendaDeStock, CountersMakeTheStockOfAnArticle) {
+TEST_F(TiendaDeStock, LosContadoresHacenElStock) {
   ItmAlm item = bien(almacen(1).Item(1, 10));
   EXPECT_EQ(item.Stock(), 0);
   bien(item.poner(ItmAlm::Inicial, 1000));
@@ -68,7 +68,7 @@ TEST_F(TiendaDeStock, CountersMakeTheStockOfAnArticle) {
   EXPECT_EQ(nadie.Stock(), 0);
 }
 
-TEST_F(TiendaDeStock, ListsShowAllWithStockOrWithMovement) {
+TEST_F(TiendaDeStock, LasListasDanTodosConStockOConMovimiento) {
   bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 5));
   bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Compra, 7));
   ItmAlm parado = bien(almacen(1).Item(1, 12));
@@ -87,7 +87,7 @@ TEST_F(TiendaDeStock, ListsShowAllWithStockOrWithMovement) {
   EXPECT_EQ(todos[0].contadores, (std::array<qint64, 6>{5, 0, 7, 0, 0, 0}));
 }
 
-TEST_F(TiendaDeStock, EveryGroupGetsAWarehouse) {
+TEST_F(TiendaDeStock, CadaGrupoTieneAlmacen) {
   sql(u"update ALMACEN set NOMALM='Almacén único' where CODALM=2"_s);
   bien(almacenes.asegurar());
   EXPECT_EQ(leer(u"select CODALM, NOMALM from ALMACEN order by CODALM"_s),
@@ -98,7 +98,7 @@ TEST_F(TiendaDeStock, EveryGroupGetsAWarehouse) {
   EXPECT_EQ(bien(almacenes.Siguiente()), 4);
 }
 
-TEST_F(TiendaDeStock, AFirstWarehouseTakesAllGroups) {
+TEST_F(TiendaDeStock, ElPrimerAlmacenTomaTodosLosGrupos) {
   sql(u"update GRUPOS set Almacen=Null"_s);
   sql(u"delete from ALMACEN"_s);
   EXPECT_EQ(bien(almacenes.Siguiente()), 1);
@@ -107,7 +107,7 @@ TEST_F(TiendaDeStock, AFirstWarehouseTakesAllGroups) {
   EXPECT_EQ(leer(u"select distinct Almacen from GRUPOS"_s), u"1"_s);
 }
 
-TEST_F(TiendaDeStock, WarehousesAreNamedOnce) {
+TEST_F(TiendaDeStock, CadaAlmacenSeNombraUnaVez) {
   EXPECT_FALSE(bien(almacenes.Nuevo(1, u"Otro"_s)));
   EXPECT_FALSE(bien(almacenes.Nuevo(7, u"  tien DA"_s)));
   EXPECT_TRUE(bien(almacenes.Nuevo(7, u"Nave"_s)));
@@ -135,7 +135,7 @@ TEST_F(TiendaDeStock, WarehousesAreNamedOnce) {
   EXPECT_FALSE(bien(almacenes.Eliminar(7)));
 }
 
-TEST_F(TiendaDeStock, InitialisingKeepsTheStockOrClearsIt) {
+TEST_F(TiendaDeStock, InicializarConservaElStockOLoBorra) {
   ItmAlm item = bien(almacen(1).Item(1, 10));
   bien(item.poner(ItmAlm::Inicial, 10));
   bien(item.poner(ItmAlm::Compra, 5));
@@ -152,7 +152,7 @@ TEST_F(TiendaDeStock, InitialisingKeepsTheStockOrClearsIt) {
   EXPECT_FALSE(bien(a.Inicializar(1)));  // no row
 }
 
-TEST_F(TiendaDeStock, APurchaseNoteMovesStockAndCost) {
+TEST_F(TiendaDeStock, UnAlbaranDeCompraMueveStockYCoste) {
   bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
   bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
   nota(1);
@@ -169,7 +169,7 @@ TEST_F(TiendaDeStock, APurchaseNoteMovesStockAndCost) {
   EXPECT_FALSE(bien(almacen(1).IncorporarAlbaran(9, 0, false)));
 }
 
-TEST_F(TiendaDeStock, AMeanOfNothingLeavesTheCost) {
+TEST_F(TiendaDeStock, LaMediaDeNadaNoCambiaElCoste) {
   bien(bien(almacen(1).Item(1, 12)).poner(ItmAlm::Merma, 5));
   nota(1);
   linea(1, 12, 5, 0, 70);
@@ -180,7 +180,7 @@ TEST_F(TiendaDeStock, AMeanOfNothingLeavesTheCost) {
   EXPECT_EQ(leer(u"select stkADO, Almacen from ALBA_CAB"_s), u"2 1"_s);
 }
 
-TEST_F(TiendaDeStock, ATransferNoteIsWholeOrNotAtAll) {
+TEST_F(TiendaDeStock, UnTraspasoEntraEnteroONoEntra) {
   nota(1, 2);
   linea(1, 10, 0, 300, 0);
   EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
@@ -193,7 +193,7 @@ TEST_F(TiendaDeStock, ATransferNoteIsWholeOrNotAtAll) {
   EXPECT_EQ(leer(u"select stkADO from ALBA_CAB"_s), u"0"_s);
 }
 
-TEST_F(TiendaDeStock, SalesGoOutOnceAnArticleAndWarehouse) {
+TEST_F(TiendaDeStock, LasVentasSalenUnaVezPorArticuloYAlmacen) {
   periodo({.link = 7, .stkABLE = 1}).periodo({.link = 8, .stkABLE = 0});
   venta(7, 1, 10, 4, 1500);
   venta(7, 2, 10, 1, 500);  // the same warehouse

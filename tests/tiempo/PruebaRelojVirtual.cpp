@@ -8,7 +8,7 @@
 namespace tarvo {
 namespace {
 
-struct RelojDePrueba : testing::Test {
+struct ConRelojVirtual : testing::Test {
   std::unique_ptr<Temporizador> nuevo(const char16_t* nombre) {
     return reloj.temporizador(
         [this, nombre] { oido += QString::fromUtf16(nombre) + QString::number(reloj.monotono()); });
@@ -18,7 +18,7 @@ struct RelojDePrueba : testing::Test {
   QStringList oido;
 };
 
-TEST_F(RelojDePrueba, VencenPorHoraYALaMismaHoraPorOrdenDeArranque) {
+TEST_F(ConRelojVirtual, VencenPorHoraYALaMismaHoraPorOrdenDeArranque) {
   const auto a = nuevo(u"a"), b = nuevo(u"b"), c = nuevo(u"c"), d = nuevo(u"d");
   b->unaVez(20);
   a->unaVez(20);
@@ -33,7 +33,7 @@ TEST_F(RelojDePrueba, VencenPorHoraYALaMismaHoraPorOrdenDeArranque) {
   EXPECT_EQ(a->intervalo(), 20);
 }
 
-TEST_F(RelojDePrueba, AvanzarVenceLoSuyoYNadaMas) {
+TEST_F(ConRelojVirtual, AvanzarVenceLoSuyoYNadaMas) {
   const auto una = nuevo(u"u"), cada = nuevo(u"c"), pasado = nuevo(u"p");
   una->unaVez(100);
   cada->cada(40);
@@ -54,7 +54,7 @@ TEST_F(RelojDePrueba, AvanzarVenceLoSuyoYNadaMas) {
 }
 
 // What an avanzar triggers within its time still happens in it.
-TEST_F(RelojDePrueba, UnVencimientoPuedeArrancarPararYDestruir) {
+TEST_F(ConRelojVirtual, UnVencimientoPuedeArrancarPararYDestruir) {
   std::unique_ptr<Temporizador> suicida, otro = nuevo(u"o"), vuelve;
   suicida = reloj.temporizador([&] {
     suicida.reset();
@@ -76,7 +76,7 @@ TEST_F(RelojDePrueba, UnVencimientoPuedeArrancarPararYDestruir) {
   EXPECT_FALSE(reloj.siguiente());
 }
 
-TEST_F(RelojDePrueba, LaParedSaltaYLoMonotonoNo) {
+TEST_F(ConRelojVirtual, LaParedSaltaYLoMonotonoNo) {
   const auto a = nuevo(u"a");
   a->unaVez(3000);
   EXPECT_EQ(reloj.ahora(), Fecha::de(QDate(2026, 3, 28), QTime(23, 59, 58)));

@@ -21,7 +21,7 @@ struct Tienda {
   }
 };
 
-TEST(Calendario, LimitsAreTheSameBitsOnEveryPath) {
+TEST(Calendario, LosLimitesSonLosMismosPorCadaCamino) {
   struct Caso {
     int tipo;
     const char *momento, *desde, *ultimoDia;
@@ -52,7 +52,7 @@ TEST(Calendario, LimitsAreTheSameBitsOnEveryPath) {
   EXPECT_EQ(LimitesPeriodo(kAnual, nunca, nunca), (Periodo{kAnual, nunca, nunca}));
 }
 
-TEST(Calendario, ASpanBecomesThePeriodThatHoldsItsWorkingTime) {
+TEST(Calendario, UnIntervaloEsElPeriodoDeSusHorasDeTrabajo) {
   struct Caso {
     const char *desde, *hasta;
     int tipo;
@@ -90,7 +90,7 @@ TEST(Calendario, ASpanBecomesThePeriodThatHoldsItsWorkingTime) {
   }
 }
 
-TEST(Calendario, TheLongestSpanIsExact) {
+TEST(Calendario, ElIntervaloMayorEsExacto) {
   Tienda t;
   t.ajustes.de<AjustesPeriodos>().FestivoSemanal = {false, true, true, true,
                                                     true,  true, true};  // Mondays only
@@ -102,7 +102,7 @@ TEST(Calendario, TheLongestSpanIsExact) {
   EXPECT_FALSE(c.IntervaloDominante(kSemanal, desde, desde + 4.0, {}));
 }
 
-TEST(Calendario, ClosedDaysAndOwnHoursCount) {
+TEST(Calendario, CuentanLosDiasCerradosYLasHorasPropias) {
   Tienda t;
   t.ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;  // Sunday
   EXPECT_EQ(t.periodo("09/06/2018 21:00", "10/06/2018 21:00").tipo, kOtros);
@@ -122,7 +122,7 @@ TEST(Calendario, ClosedDaysAndOwnHoursCount) {
   EXPECT_FALSE(t.calendario.EnHorario(f("06/06/2018 02:00"), LeerHorario(QString::fromUtf8(bar))));
 }
 
-TEST(Calendario, TheEdgesOfTheCoreAreOutsideOnEveryDay) {
+TEST(Calendario, LosBordesDelCentroQuedanFueraTodosLosDias) {
   const Tienda t;
   for (Fecha d = f("01/01/1990"); d < f("01/01/2030"); d = d + 1) {
     const double dia = d.dias();
@@ -133,7 +133,7 @@ TEST(Calendario, TheEdgesOfTheCoreAreOutsideOnEveryDay) {
   }
 }
 
-TEST(Calendario, ReadsAndWritesHoursByItem) {
+TEST(Calendario, LeeYEscribeElHorarioPorDias) {
   EXPECT_FALSE(LeerHorario(QString()));
   const auto h = LeerHorario(u"08:00|20:00||9:30||nada||10:00|25:00||||07:00|07:30"_s);
   ASSERT_TRUE(h);
@@ -146,7 +146,7 @@ TEST(Calendario, ReadsAndWritesHoursByItem) {
   EXPECT_EQ(EscribirHorario(std::nullopt), QString());
 }
 
-TEST(Calendario, ThePeriodReadsAsItsKindSays) {
+TEST(Calendario, ElPeriodoSeDiceSegunSuClase) {
   const std::pair<Periodo, const char*> casos[] = {
       {{1, f("04/06/2018"), {}}, "4 junio 2018    (DIARIO)"},
       {{2, f("04/06/2018"), {}}, "Semana 4 06 18    (SEMANAL)"},

@@ -26,7 +26,7 @@ struct Cortados : testing::Test, prueba::TiendaDeTotales {
 const QByteArray kAntes = "*antes-4 junio 2018\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
 
 // Whoever cut off the end of the file, nothing is added to what could not be read back.
-TEST_F(Cortados, NothingIsAddedToAFileWhoseEndWasCutOff) {
+TEST_F(Cortados, NadaSeAnadeAUnFicheroCortado) {
   const auto cabe = [&] {
     const auto r = xporTot.XportRemoto({dia}, {}, u"x"_s, QString());
     EXPECT_TRUE(r || r.error().texto.contains(u"x.EXP está cortado"_s));
@@ -86,7 +86,7 @@ TEST_F(Cortados, NothingIsAddedToAFileWhoseEndWasCutOff) {
 }
 
 // A copy of the folder made in the middle of an export cuts its own file, never the original's.
-TEST_F(Cortados, ACopiedFolderLeavesTheOriginalsFilesAlone) {
+TEST_F(Cortados, UnaCarpetaCopiadaNoTocaLosFicherosDelOriginal) {
   const QTemporaryDir copia, fuera;
   const QString suyo = ruta(u"x.EXP"_s), ajeno = fuera.filePath(u"x.EXP"_s),
                 base = copia.filePath(u"TARVO.MDB"_s), copiado = copia.filePath(u"x.EXP"_s);

@@ -15,7 +15,7 @@ Ajustes ajustesDe(int nativa, Idioma idioma = Idioma::Espanol) {
   return a;
 }
 
-TEST(Dinero, ShowsStoredMoney) {
+TEST(Dinero, ElImporteGuardadoSeMuestra) {
   struct Caso {
     int nativa, moneda;
     qint64 n;
@@ -40,7 +40,7 @@ TEST(Dinero, ShowsStoredMoney) {
   EXPECT_EQ(VerImporte(ajustesDe(1, Idioma::UK), 123456, 1), u"1,234.56"_s);
 }
 
-TEST(Dinero, StoresShownMoney) {
+TEST(Dinero, ElImporteMostradoSeGuarda) {
   struct Caso {
     int nativa, moneda;
     const char* texto;
@@ -80,7 +80,7 @@ TEST(Dinero, StoresShownMoney) {
 }
 
 // What reading would round away; zeros at the end take nothing.
-TEST(Dinero, DecimalsWithoutRoom) {
+TEST(Dinero, DecimalesQueNoCaben) {
   const std::tuple<int, const char*, bool> importes[] = {
       {1, "2,999", true},  {1, "2.9999", true}, {1, "2,99", false},  {1, "2,990", false},
       {1, "2.999", false}, {0, "2,5", true},    {0, "1.500", false}, {1, "doce", false}};
@@ -97,7 +97,7 @@ TEST(Dinero, DecimalsWithoutRoom) {
     EXPECT_EQ(LeerCentesimas(QString::fromUtf8(texto)), centesimas) << texto;
 }
 
-TEST(Dinero, ReadInTwoWays) {
+TEST(Dinero, LoLeidoDeDosModos) {
   struct Caso {
     const char *texto, *entera, *decimal, *conPeso;  // as money, and as a weight; empty: in one way
   };
@@ -128,7 +128,7 @@ TEST(Dinero, ReadInTwoWays) {
   EXPECT_FALSE(LeidoDeDosModos(ajustesDe(1, Idioma::UK), u"1.239"_s, 1));
 }
 
-TEST(Dinero, FactorsDivideStoredNumbers) {
+TEST(Dinero, LosFactoresDividenLoGuardado) {
   const double euro = static_cast<double>(166.386F);
   EXPECT_EQ(FactorMoneda(ajustesDe(1), 1), 100.0);
   EXPECT_EQ(FactorMoneda(ajustesDe(1), 0), 100.0 / euro);
@@ -139,7 +139,7 @@ TEST(Dinero, FactorsDivideStoredNumbers) {
   EXPECT_EQ(FactorMoneda(sinCambio, 0), 100.0);
 }
 
-TEST(Dinero, QuantitiesAreGramsOrUnits) {
+TEST(Dinero, LasCantidadesSonGramosOUnidades) {
   EXPECT_EQ(VerCantidad(Idioma::Espanol, 1234567, 0), u"1.234,567"_s);
   EXPECT_EQ(VerCantidad(Idioma::Espanol, -5, 1), u"-0,005"_s);
   EXPECT_EQ(VerCantidad(Idioma::Espanol, 1234567, 2), u"1.234.567"_s);
@@ -154,7 +154,7 @@ TEST(Dinero, QuantitiesAreGramsOrUnits) {
   EXPECT_TRUE(LeidoDeDosModos(Idioma::UK, u"1,239"_s, 0));
 }
 
-TEST(Clases, FollowFromTheKind) {
+TEST(Clases, SalenDeSuTipo) {
   for (const TipoTotal t : todosLos<TipoTotal>()) {
     EXPECT_EQ(claseDe(t).tipo, t);
     EXPECT_EQ(totalDe(lecturaDe(t)), t);

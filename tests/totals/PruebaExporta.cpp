@@ -76,7 +76,7 @@ const QByteArray kCorto =
     "060100230000000003000000000400000002000001\r\n"
     "070112080000000006000000000000000000000006\r\n";
 
-TEST_F(Exporta, WritesBothLayouts) {
+TEST_F(Exporta, EscribeLosDosFormatos) {
   const qint64 dia = diaEntero();
   EXPECT_TRUE(exportar(dia, "largo"));
   EXPECT_TRUE(exportar(dia, "corto.txt", false, "", true));
@@ -86,7 +86,7 @@ TEST_F(Exporta, WritesBothLayouts) {
   EXPECT_EQ(fichero(u"largo.EXP"_s), kLargo + kLargo);
 }
 
-TEST_F(Exporta, HeadersFitTheFile) {
+TEST_F(Exporta, LasCabecerasSonLasDelFichero) {
   const qint64 tramo = crear(5, "05/06/2018 13:00:01", "06/06/2018 08:30");
   sql(u"update COLUMNA set DESCR=?"_s, u"Año\r\nde €, \u4e2d"_s);
   EXPECT_TRUE(exportar(tramo, "a"));
@@ -95,7 +95,7 @@ TEST_F(Exporta, HeadersFitTheFile) {
 }
 
 // A file that doesn't begin as an export does is somebody else's, whatever it is called.
-TEST_F(Exporta, AForeignFileStaysAsItIs) {
+TEST_F(Exporta, UnFicheroAjenoQuedaComoEsta) {
   const qint64 dia = crear(1, "05/06/2018");
   for (const QByteArray ajeno : {"Lista de la compra\r\n", "0100", "* leche\n- pan\n", "\n*\n"}) {
     escribir(u"A.EXP"_s, ajeno);
@@ -110,7 +110,7 @@ TEST_F(Exporta, AForeignFileStaysAsItIs) {
   }
 }
 
-TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
+TEST_F(Exporta, UnValorQueNoCabeLoParaTodo) {
   const qint64 dia = crear(1, "05/06/2018"), otro = crear(1, "06/06/2018");
   fila(u"TOTPLU", dia, 1, 1, {1, 1, 1, 1});
   fila(u"TOTPLU", otro, 1, 70001, {1, 1, 1, 1});
@@ -132,7 +132,7 @@ TEST_F(Exporta, AValueThatDoesNotFitStopsAll) {
   }
 }
 
-TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
+TEST_F(Exporta, SoloBorraLoQueEstaEnElDisco) {
   const qint64 dia = diaEntero();
   for (const char* malo : {"", "  ", "sub\\", "..", "noexiste/x"})
     EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, QString::fromUtf8(malo), QString()))
@@ -158,7 +158,7 @@ TEST_F(Exporta, DeletesOnlyWhatIsOnDisk) {
 }
 
 // A mistyped name must not write into the database or a process.
-TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
+TEST_F(Exporta, NoEscribeEnLoQueNoEsUnaExportacion) {
   const qint64 dia = diaEntero();
   escribir(u"NOCHE.AUT"_s, "T:RXGRTOT,ALL\r\n");
   escribir(u"TARVO.LCK"_s, "");
@@ -174,7 +174,7 @@ TEST_F(Exporta, WritesIntoNoFileThatIsNotAnExport) {
 }
 
 // The disk takes a hundred bytes more than the old file, which is far larger than the database.
-TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
+TEST_F(Exporta, UnDiscoLlenoDejaElFicheroDeAntes) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{64} << 20;
   QFile x(ruta(u"x.EXP"_s));
@@ -199,7 +199,7 @@ TEST_F(Exporta, AFullDiskLeavesTheOldFile) {
 
 // The program is killed in the middle of a block: its remains are removed at the next start, or
 // when the file is written to again.
-TEST_F(Exporta, AKillLeavesNoHalfBlock) {
+TEST_F(Exporta, UnaMuerteNoDejaMedioBloque) {
   const qint64 dia = diaEntero();
   const auto morirEscribiendo = [&](const QString& nombre, int bytes) {
     const pid_t hijo = fork();
@@ -247,7 +247,7 @@ TEST_F(Exporta, AKillLeavesNoHalfBlock) {
 }
 
 // A block in the file but not in the database doesn't count, and is removed.
-TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
+TEST_F(Exporta, ElBloqueQueNoSePuedeAnotarSeRetira) {
   const qint64 dia = diaEntero();
   escribir(u"x.EXP"_s, kAntes);
   sql(u"create trigger lleno before insert on Exportes begin select raise(abort, "
@@ -261,7 +261,7 @@ TEST_F(Exporta, ABlockThatCannotBeCountedIsTakenBack) {
 }
 
 // The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
-TEST_F(Exporta, AFileAboveOneGibibyte) {
+TEST_F(Exporta, UnFicheroDeMasDeUnGibibyte) {
   const qint64 dia = diaEntero();
   const qint64 grande = qint64{3} << 30;
   {
@@ -278,7 +278,7 @@ TEST_F(Exporta, AFileAboveOneGibibyte) {
 }
 
 // The export was interrupted after the block, or before it; other blocks may have followed.
-TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
+TEST_F(Exporta, UnBloqueNoSeEscribeDosVecesConUnaMarca) {
   const qint64 dia = diaEntero(), otro = crear(1, "06/06/2018");
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
   sql(u"update Exportes set HECHO=0"_s);
@@ -306,7 +306,7 @@ TEST_F(Exporta, ABlockIsNotWrittenTwiceForOneMark) {
   EXPECT_GT(fichero(u"x.EXP"_s).size(), ajeno.size());
 }
 
-TEST_F(Exporta, ComesBackAsItWent) {
+TEST_F(Exporta, VuelveComoSeFue) {
   const qint64 dia = diaEntero();
   const auto todo = [&](qint64 link) {
     QStringList filas;
@@ -330,7 +330,7 @@ TEST_F(Exporta, ComesBackAsItWent) {
 }
 
 // No more than one line of a file is in memory, however large it is.
-TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
+TEST_F(Exporta, UnFicheroSinFinDeLineaSeLeeEntero) {
   QFile f(ruta(u"x.EXP"_s));
   const qint64 grande = qint64{300} << 20;
   ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.resize(grande) && f.seek(grande) &&
@@ -344,7 +344,7 @@ TEST_F(Exporta, AnEndlessFileIsReadToItsEnd) {
 
 // Our own short layout is read back unchanged, another system's is read by its columns, and a line
 // that may be either is refused.
-TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
+TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
   const qint64 dia = crear(1, "05/06/2018");
   for (const char16_t* tabla : {u"TOTPLU", u"TOTOPE", u"TOTDEP"})
     fila(tabla, dia, 1, 44, {1, 2, 3, 4});
@@ -393,7 +393,7 @@ TEST_F(Exporta, ReadsTheShortLayoutOfBothSystems) {
   }
 }
 
-TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {
+TEST_F(Exporta, DosBloquesDeUnDiaSeSumanOSeSustituyen) {
   const QByteArray linea = "01000100300000070000000100000000000000000000000001\r\n";
   const QByteArray cabecera = "*05/06/2018 00:00:00  05/06/2018 23:59:59\n*uno\n";
   const QByteArray bloque = cabecera + linea + "\r\n" + linea;
@@ -408,7 +408,7 @@ TEST_F(Exporta, TwoBlocksOfOneDayAddUpOrReplace) {
   EXPECT_EQ(plus(hechos[0].link), QString());
 }
 
-TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
+TEST_F(Exporta, LaSemanaYElStockSiguenALoImportado) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 1);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
@@ -429,7 +429,7 @@ TEST_F(Exporta, TheWeekAndTheStockFollowAnImport) {
   EXPECT_EQ(venta(), u"7 2"_s);
 }
 
-TEST_F(Exporta, DatesFindTheirPeriod) {
+TEST_F(Exporta, LasFechasDanConSuPeriodo) {
   ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   struct Caso {
     const char* fechas;
@@ -451,7 +451,7 @@ TEST_F(Exporta, DatesFindTheirPeriod) {
   EXPECT_EQ(hechos.at(0).periodo.desde, momento("05/06/2018"));
 }
 
-TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
+TEST_F(Exporta, UnaLineaMalaDeshaceSuBloqueYSeNombra) {
   const QByteArray bien1 =
       "*uno\r\n*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
       "01000100300000070000000100000000000000000000000001\r\n";
@@ -479,7 +479,7 @@ TEST_F(Exporta, ABadLineUndoesItsBlockAndIsNamed) {
   EXPECT_EQ(plus(1), u"1 7 5 0 9223372036854775800 0"_s);
 }
 
-TEST(ExportaFuera, AnotherLanguageHasNoOperatorByHour) {
+TEST(ExportaFuera, OtroIdiomaNoTieneOperadorPorHora) {
   prueba::TiendaDeTotales t;
   const Ajustes uk(t.carpeta.path(), Idioma::UK, {ajustesPeriodos()});
   Periodos periodos(*t.db, uk, t.almacenes, textosDePrueba());

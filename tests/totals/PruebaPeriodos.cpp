@@ -11,7 +11,7 @@ using tarvo::prueba::momento;
 
 namespace {
 
-struct PeriodosDe : testing::Test, prueba::TiendaDeTotales {
+struct ConPeriodos : testing::Test, prueba::TiendaDeTotales {
   // The week of 4 June 2018, 0 when there is none.
   qint64 semana() {
     const auto c = bien(periodos.BuscarPeriodo(kSemanal, momento("04/06/2018"), {}));
@@ -19,7 +19,7 @@ struct PeriodosDe : testing::Test, prueba::TiendaDeTotales {
   }
 };
 
-TEST_F(PeriodosDe, AreMadeFoundAndDeleted) {
+TEST_F(ConPeriodos, SeCreanSeEncuentranYSeBorran) {
   EXPECT_EQ(crear(1, "05/06/2018 13:00"), 1);
   EXPECT_EQ(crear(5, "05/06/2018 13:00", "06/06/2018 08:30"), 2);
   EXPECT_EQ(col(1).periodo, LimitesPeriodo(1, momento("05/06/2018"), {}));
@@ -39,7 +39,7 @@ TEST_F(PeriodosDe, AreMadeFoundAndDeleted) {
   EXPECT_TRUE(bien(periodos.lista()).empty());
 }
 
-TEST_F(PeriodosDe, AddUpRowByRow) {
+TEST_F(ConPeriodos, SeSumanFilaAFila) {
   const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
   plu(a, 7, 1), plu(b, 7, 2), plu(b, 8, 3), plu(b, 7, 4, 2);
   operHora(a, 1, 9, 1), operHora(b, 1, 9, 2), operHora(b, 1, 10, 3);
@@ -55,7 +55,7 @@ TEST_F(PeriodosDe, AddUpRowByRow) {
   EXPECT_EQ(plus(c), u"1 7 -2 0 -200 0 | 1 8 -3 -30 -300 -3000 | 2 7 -4 0 -400 0"_s);
 }
 
-TEST_F(PeriodosDe, ASumThatFitsNoCounterIsUndone) {
+TEST_F(ConPeriodos, LaSumaQueNoCabeSeDeshace) {
   const qint64 a = crear(5, "04/06/2018", "05/06/2018"), b = crear(5, "05/06/2018", "06/06/2018");
   plu(a, 7, 1), plu(b, 7, 2);
   sql(u"update TOTPLU set [IMP]=9000000000000000000"_s);
@@ -63,7 +63,7 @@ TEST_F(PeriodosDe, ASumThatFitsNoCounterIsUndone) {
   EXPECT_EQ(plus(a), u"1 7 1 10 9000000000000000000 1000"_s);
 }
 
-TEST_F(PeriodosDe, ADayGoesIntoItsWeekAndOut) {
+TEST_F(ConPeriodos, UnDiaEntraEnSuSemanaYSale) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
@@ -79,7 +79,7 @@ TEST_F(PeriodosDe, ADayGoesIntoItsWeekAndOut) {
   EXPECT_FALSE(bien(periodos.AcumularPeriodo(1, col(dia))));
 }
 
-TEST_F(PeriodosDe, ASpanAcrossTwoWeeksStaysOut) {
+TEST_F(ConPeriodos, UnIntervaloEntreDosSemanasSeQuedaFuera) {
   const qint64 dentro = crear(5, "05/06/2018 13:00", "10/06/2018 23:00");
   const qint64 cruza = crear(5, "09/06/2018", "11/06/2018 01:00");
   EXPECT_FALSE(bien(periodos.AcumularPeriodo(2, col(cruza))));
@@ -90,7 +90,7 @@ TEST_F(PeriodosDe, ASpanAcrossTwoWeeksStaysOut) {
   EXPECT_FALSE(periodos.ReacumularTodo(cruza, {.a2 = true})) << "the week would be without it";
 }
 
-TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
+TEST_F(ConPeriodos, LosMayoresYElStockSiguenUnCambio) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   for (const int tipo : {2, 4}) EXPECT_TRUE(bien(periodos.AcumularPeriodo(tipo, col(dia))));
@@ -109,7 +109,7 @@ TEST_F(PeriodosDe, AChangeIsFollowedByLargerPeriodsAndStock) {
 }
 
 // A week with sales of its own takes in a day: each is discounted once, in whatever order.
-TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
+TEST_F(ConPeriodos, UnDiaEnUnaSemanaSuyaSeDescuentaUnaVez) {
   const qint64 propia = crear(2, "04/06/2018"), dia = crear(1, "05/06/2018");
   plu(propia, 7, 5), plu(dia, 7, 2);
   plu(propia, 1000001, 4), plu(dia, 1000001, 3);  // by weight
@@ -131,7 +131,7 @@ TEST_F(PeriodosDe, ADayInAWeekOfItsOwnIsDiscountedOnce) {
 }
 
 // A day is replaced again and again; the week and the stock hold one version of it, never two.
-TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
+TEST_F(ConPeriodos, UnDiaSustituidoCuentaUnaVez) {
   qint64 dia = crear(1, "05/06/2018");
   const qint64 otro = crear(1, "06/06/2018");
   plu(dia, 7, 2), plu(otro, 7, 100);
@@ -173,7 +173,7 @@ TEST_F(PeriodosDe, AReplacedDayCountsOnce) {
 }
 
 // In no larger period: what the stock holds of the first version is still known.
-TEST_F(PeriodosDe, AReplacedDayThatIsOnlyDiscountedCountsOnce) {
+TEST_F(ConPeriodos, UnDiaSoloDescontadoYSustituidoCuentaUnaVez) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2), plu(dia, 1000001, 3);
   const Columna comoEra = col(dia);  // its marks have changed since it was read
@@ -184,7 +184,7 @@ TEST_F(PeriodosDe, AReplacedDayThatIsOnlyDiscountedCountsOnce) {
   EXPECT_EQ(venta(), u"7 5 | 1000001 50"_s);
 }
 
-TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
+TEST_F(ConPeriodos, UnMayorHechoDeNuevoNoDebeNada) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
@@ -198,7 +198,7 @@ TEST_F(PeriodosDe, ALargerPeriodThatIsMadeAnewOwesNothing) {
   EXPECT_EQ(plus(mes->LINK), u"1 7 2 20 200 2000"_s);
 }
 
-TEST_F(PeriodosDe, ReplacingWithoutMarksRemembersNothing) {
+TEST_F(ConPeriodos, SustituirSinMarcasNoRecuerdaNada) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   EXPECT_EQ(bien(periodos.sustituir(col(dia), QString())), dia);  // it was the last
@@ -207,9 +207,9 @@ TEST_F(PeriodosDe, ReplacingWithoutMarksRemembersNothing) {
   EXPECT_FALSE(periodos.sustituir(Columna{}, QString()));
 }
 
-struct VerTotDe : PeriodosDe {};
+struct ConVerTot : ConPeriodos {};
 
-TEST_F(VerTotDe, SelectsEachPeriodOnce) {
+TEST_F(ConVerTot, EligeCadaPeriodoUnaVez) {
   const qint64 a = crear(1, "05/06/2018"), b = crear(1, "06/06/2018"),
                c = crear(5, "05/06/2018", "06/06/2018 12:00");
   EXPECT_TRUE(bien(verTot.SelecHnd(b)));
@@ -236,7 +236,7 @@ TEST_F(VerTotDe, SelectsEachPeriodOnce) {
   EXPECT_EQ(leer(u"select count(*) from COLUMNA where TIPO=3"_s), u"1"_s);
 }
 
-TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
+TEST_F(ConVerTot, AcumulaUnPeriodoUnaVez) {
   const qint64 dia = crear(1, "05/06/2018"), domingo = crear(5, "10/06/2018", "11/06/2018 12:00");
   plu(dia, 7, 2);
   EXPECT_FALSE(bien(verTot.AcumularIntv(2, 1)));  // nothing selected
@@ -254,7 +254,7 @@ TEST_F(VerTotDe, AccumulatesAPeriodOnce) {
   EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
 }
 
-TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
+TEST_F(ConVerTot, VeLoYaAcumulado) {
   const qint64 dia = crear(1, "05/06/2018"), mes = crear(3, "05/06/2018"),
                otro = crear(1, "06/06/2018");
   const qint64 tramo = crear(5, "05/06/2018 10:00", "05/06/2018 18:00");
@@ -273,7 +273,7 @@ TEST_F(VerTotDe, SeesWhatIsAccumulatedAlready) {
   EXPECT_EQ(chequeo(tramo, 4), 2);
 }
 
-TEST_F(VerTotDe, DiscountsAPeriodOnce) {
+TEST_F(ConVerTot, DescuentaUnPeriodoUnaVez) {
   const qint64 dia = crear(1, "05/06/2018"), otro = crear(1, "06/06/2018"),
                mano = crear(1, "07/06/2018", nullptr, false);
   for (const qint64 link : {dia, otro, mano}) plu(link, 7, 2);
@@ -292,7 +292,7 @@ TEST_F(VerTotDe, DiscountsAPeriodOnce) {
 }
 
 // Other dates may leave no place in the week for its sales: they are not lost unasked.
-TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
+TEST_F(ConVerTot, LasFechasNuevasNoSacanVentasDeLaSemanaSinPreguntar) {
   const qint64 tramo = crear(5, "05/06/2018 10:00", "06/06/2018 10:00");
   plu(tramo, 7, 2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(tramo))));
@@ -314,7 +314,7 @@ TEST_F(VerTotDe, NewDatesTakeNoSalesOutOfTheWeekUnasked) {
   EXPECT_TRUE(col(tramo).ACUM3) << "the month has a place for it still";
 }
 
-TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
+TEST_F(ConVerTot, NombraLoQueUnaSumaCuentaDosVecesYLaDeshace) {
   ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
   plu(lunes, 7, 1), plu(lunes, 8, 5), plu(jueves, 7, 2), operHora(lunes, 1, 9, 1);
@@ -359,7 +359,7 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceAndTakesItBack) {
 }
 
 // A part that the larger period of the target holds as well.
-TEST_F(VerTotDe, NamesTheWeekThatWouldHoldASummandTwice) {
+TEST_F(ConVerTot, NombraLaSemanaQueTendriaDosVecesUnSumando) {
   const qint64 dia = crear(1, "04/06/2018"),
                noche = crear(5, "04/06/2018 22:00:00", "04/06/2018 23:00:00");
   plu(dia, 7, 1), plu(noche, 7, 1);
@@ -373,7 +373,7 @@ TEST_F(VerTotDe, NamesTheWeekThatWouldHoldASummandTwice) {
 }
 
 // What the parts of the target hold themselves, and days in common that make no same period.
-TEST_F(VerTotDe, NamesWhatASumCountsTwiceThroughWhatItsPartsHold) {
+TEST_F(ConVerTot, NombraLoQueCuentaDosVecesPorLoQueTienenSusPartes) {
   const qint64 mes = crear(3, "01/06/2018"), semana = crear(2, "04/06/2018");
   const qint64 dia = crear(1, "06/06/2018"),
                primeros = crear(5, "01/06/2018", "06/06/2018 23:59:59"),
@@ -400,7 +400,7 @@ TEST_F(VerTotDe, NamesWhatASumCountsTwiceThroughWhatItsPartsHold) {
 }
 
 // New dates of a period are those of its part of a sum and of its earlier version in the week.
-TEST_F(VerTotDe, WhatIsNotedOfAPeriodFollowsItsDates) {
+TEST_F(ConVerTot, LoAnotadoDeUnPeriodoSigueASusFechas) {
   const qint64 mes = crear(3, "01/06/2018"), otro = crear(1, "07/06/2018");
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
@@ -421,7 +421,7 @@ TEST_F(VerTotDe, WhatIsNotedOfAPeriodFollowsItsDates) {
 }
 
 // A sum into a period made for it leaves nothing when undone.
-TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
+TEST_F(ConVerTot, LaSumaEnUnPeriodoNuevoVaEntera) {
   const qint64 a = crear(1, "04/06/2018"), b = crear(1, "05/06/2018");
   plu(a, 7, 1), plu(b, 8, 2);
   verTot.ponerSeleccion({a, b});
@@ -435,7 +435,7 @@ TEST_F(VerTotDe, ASumIntoANewPeriodGoesWhole) {
   EXPECT_EQ(leer(u"select count(*) from Sumados"_s), u"0"_s);
 }
 
-TEST_F(VerTotDe, SumsIntoAPeriodThatExists) {
+TEST_F(ConVerTot, SumaEnUnPeriodoQueExiste) {
   ajustes.de<AjustesPeriodos>().FestivoSemanal[6] = true;
   const qint64 lunes = crear(1, "04/06/2018"), jueves = crear(1, "07/06/2018");
   plu(lunes, 7, 1), plu(jueves, 7, 2);

@@ -2,7 +2,7 @@
 
 #include <QCryptographicHash>
 
-#include "automation/TextosAutomation.h"
+#include "automation/historia/TextosHistoria.h"
 #include "automation/historia/TablasHistoria.h"
 #include "core/dao/Recorrido.h"
 #include "totals/libros/TablasLibros.h"

@@ -3,7 +3,7 @@
 #include <QLocale>
 #include <QStringList>
 
-#include "automation/TextosAutomation.h"
+#include "automation/historia/TextosHistoria.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 
@@ -71,7 +71,8 @@ Resultado<> Historial::empezar(qint64 numero, const QString& nombre, Fecha inici
   for (const QString& tabla : {u"Ejecuciones"_s, u"ProcesoTareas"_s, u"EjecucionAvisos"_s})
     TARVO_INTENTAR(db_.ejecutar(
         dao::conMarcas(u"DELETE FROM {tabla} WHERE EJECUCION<=? AND EJECUCION NOT IN (SELECT "
-                       u"EJECUCION FROM Proceso)",
+                       u"EJECUCION FROM Proceso) AND EJECUCION NOT IN (SELECT max(EJECUCION) FROM "
+                       u"Ejecuciones GROUP BY NOMBRE)",
                        {{u"tabla", tabla}}),
         numero - kEjecucionesGuardadas));
   // The mark of an export begins with its run. A debt keeps the mark by which it is recognised in
@@ -119,12 +120,10 @@ Resultado<> Historial::tareaFallida(qint64 numero, int grupo, TipoTarea clase,
   return {};
 }
 
-Resultado<std::vector<EjecucionHecha>> Historial::ultimas(int cuantas,
-                                                          std::optional<qint64> enMarcha) {
+Resultado<std::vector<EjecucionHecha>> Historial::ejecuciones(std::optional<qint64> enMarcha) {
   return dao::reunir(
       db_.consultar(u"SELECT EJECUCION, NOMBRE, INICIO, FIN, RESULTADO, PERIODOS, TRAZA FROM "
-                    u"Ejecuciones ORDER BY EJECUCION DESC LIMIT ?",
-                    cuantas),
+                    u"Ejecuciones ORDER BY EJECUCION DESC"),
       [&](const dao::Recordset& rs) { return ejecucionDe(rs, enMarcha); });
 }
 

@@ -1,5 +1,6 @@
 // The lasting record of runs: when each began and ended, the results of its tasks, and what was
-// reported to a person. The last 100 runs are kept. Tables: docs/procesos.md.
+// reported to a person. The last 100 runs are kept, and the last one of each process. Tables:
+// docs/procesos.md.
 #pragma once
 
 #include <optional>
@@ -86,9 +87,9 @@ class Historial {
   Resultado<> tareaFallida(qint64 numero, int grupo, TipoTarea clase, const QString& motivo);
 
   // --- read for display
-  // The last runs, the latest first. `enMarcha`: the number of the run now under way; any other
+  // The runs kept, the latest first. `enMarcha`: the number of the run now under way; any other
   // without an end was interrupted.
-  Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
+  Resultado<std::vector<EjecucionHecha>> ejecuciones(std::optional<qint64> enMarcha = {});
   // In the order of its steps. Formato when one is of an unknown kind.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
   Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);

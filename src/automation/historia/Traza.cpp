@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-#include "automation/TextosAutomation.h"
+#include "automation/historia/TextosHistoria.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {

@@ -1,5 +1,5 @@
 // A step in words.
-#include "automation/TextosAutomation.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Proceso.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/textos/Textos.h"

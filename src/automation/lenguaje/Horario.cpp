@@ -3,7 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "automation/TextosAutomation.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
 #include "core/ajustes/Ficheros.h"
 

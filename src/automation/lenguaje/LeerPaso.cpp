@@ -1,7 +1,7 @@
 // Reader of one step line.
 #include <algorithm>
 
-#include "automation/TextosAutomation.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
 #include "core/textos/Textos.h"
 #include "totals/periodos/Calendario.h"

@@ -1,5 +1,5 @@
 // Reader of files: a process, with or without a timetable of its own, and a timetable.
-#include "automation/TextosAutomation.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
 #include "core/ajustes/Ficheros.h"
 #include "core/textos/Textos.h"

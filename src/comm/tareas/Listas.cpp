@@ -118,7 +118,7 @@ class Lista : public motor::CursoTarea {
   std::vector<maquinas::Linea> lineas_;
   QByteArray ultima_;     // frame of lines of the present reading
   int repeticiones_ = 0;  // frames of the present reading like its first or the one before
-  bool entera_ = false;   // a list has stood
+  bool entera_ = false;   // a list was complete
   Malos malos_;
 
  private:

@@ -20,7 +20,7 @@ QString nombreEnDisco(const QString& carpeta, const QString& nombre) {
 
 QString Ajustes::ruta(const QString& nombre, const QString& base) {
   QString pedida = nombre.trimmed();
-  pedida.removeIf([](QChar c) { return c.unicode() < u' '; });  // no file bears them
+  pedida.removeIf([](QChar c) { return c.unicode() < u' '; });  // no file name has them
   pedida.replace(u'\\', u'/');
   while (pedida.size() > 1 && (pedida.back() == u'/' || pedida.back().isSpace())) pedida.chop(1);
   if (!pedida.startsWith(u'/')) pedida = base + u'/' + pedida;

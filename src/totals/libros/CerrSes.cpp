@@ -120,7 +120,7 @@ void avisarDeVariosDias(const std::vector<Recibido>& lecturas, const Periodo& de
   }
 }
 
-// `contestado`: a person has just said of this group that it wasn't zeroed.
+// `contestado`: a person has just answered that this group wasn't zeroed.
 void avisarDeBases(const std::vector<Recibido>& recibidos, const std::optional<int>& contestado,
                    const Textos& textos, std::vector<Aviso>& avisos) {
   int ultimo = -1;

@@ -159,7 +159,7 @@ std::optional<Via> loQueGuarda(const Testimonios& t, const std::set<TipoTotal>& 
   return v == Veredicto::Guarda ? clasesDe(t, visto) : Via{};
 }
 
-// Some kinds were cleared and others weren't: how far the sums of the former are behind, for the
+// Some kinds were cleared and others weren't: how much lower the sums of the former are, for the
 // cross-footing. It is unknown for kinds that weren't read before.
 Resultado<> anotarLoQuitado(Database& db, int grupo, int addr, const Testimonios& t,
                             const Via& guarda) {

@@ -242,7 +242,7 @@ TEST(DeshacerCeldas, UnaTarifaMalaNoDejaNinguna) {
   QApplication::clipboard()->setText(u"1,00"_s);
   t.tecla(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(p.findChild<QLabel*>(u"aviso"_s)->text(), u"")
-      << "nothing was written, nothing is said";
+      << "nothing was written, nothing is reported";
 }
 
 // What no longer passes the filter stays in sight until it is applied again; then its neighbour is

@@ -7,7 +7,7 @@ namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
 
-class RunnerTest : public testing::Test {
+class ConProceso : public testing::Test {
  protected:
   // Lines without the times, which the tests of the trace check.
   QStringList correr(const QString& proceso, Programa& p) {

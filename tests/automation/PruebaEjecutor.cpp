@@ -1,12 +1,12 @@
 // The runner on the real rooms: steps, messages, trace, phases.
 #include <QDir>
 
-#include "automation/Runner.h"
+#include "automation/ConProceso.h"
 
 namespace tarvo::automation {
 namespace {
 
-TEST_F(RunnerTest, UnaNocheEntera) {
+TEST_F(ConProceso, UnaNocheEntera) {
   const auto lineas = correr(kNoche);
   EXPECT_EQ(fin_, ResultadoProceso::Bien) << lineas.join(u'\n').toStdString();
   ASSERT_EQ(lineas.size(), 5) << lineas.join(u'\n').toStdString();
@@ -27,7 +27,7 @@ TEST_F(RunnerTest, UnaNocheEntera) {
 }
 
 // A line reported to any listener, another program included, is already in the file.
-TEST_F(RunnerTest, LoQueSeDiceEstaYaEnElFichero) {
+TEST_F(ConProceso, LoQueSeDiceEstaYaEnElFichero) {
   const auto p = tienda_.programa();
   QStringList faltan;
   int dichas = 0;
@@ -45,9 +45,9 @@ struct CasoPaso {
   const char16_t* mensaje;  // under the header of the first step; empty for none
   ResultadoProceso fin;
 };
-class PasoTest : public RunnerTest, public testing::WithParamInterface<CasoPaso> {};
+class ConPaso : public ConProceso, public testing::WithParamInterface<CasoPaso> {};
 
-TEST_P(PasoTest, DiceSuFallo) {
+TEST_P(ConPaso, DiceSuFallo) {
   const auto lineas = correr(QString::fromUtf16(GetParam().proceso));
   EXPECT_EQ(fin_, GetParam().fin);
   const QString mensaje = QString::fromUtf16(GetParam().mensaje);
@@ -63,7 +63,7 @@ TEST_P(PasoTest, DiceSuFallo) {
 constexpr auto kMal = ResultadoProceso::Problemas;
 constexpr auto kBien = ResultadoProceso::Bien;
 INSTANTIATE_TEST_SUITE_P(
-    Mensajes, PasoTest,
+    Mensajes, ConPaso,
     testing::Values(
         CasoPaso{u"T:RXGRTOT,9", u"Grupo de destino no existe o destino mal configurado", kMal},
         CasoPaso{u"T:RXGRTOT,70000", u"Grupo de destino no existe o destino mal configurado", kMal},
@@ -101,7 +101,7 @@ INSTANTIATE_TEST_SUITE_P(
         CasoPaso{u"N:un comentario", u"", kBien}));
 
 // A kind that can't be sent, or that the group doesn't take, is not the group's fault.
-TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
+TEST_F(ConProceso, LoQueNadieSabeEnviarSeDiceComoEs) {
   const auto p = tienda_.programa();
   p->sql(u"UPDATE GRUPOS SET TIPO=9 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:TXTECLA,2\r\nT:RXGRTOT,1\r\nT:RXGRTOT,8\r\nC:ESPERA,0,No"_s, *p);
@@ -115,7 +115,7 @@ TEST_F(RunnerTest, LoQueNadieSabeEnviarSeDiceComoEs) {
 }
 
 // Manual mode would block a process's wait for ever.
-TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
+TEST_F(ConProceso, MientrasEsperaNadiePasaAManual) {
   const auto p = tienda_.programa();
   p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nN:a"_s);
   p->motor().CambioAModo(false);
@@ -134,7 +134,7 @@ TEST_F(RunnerTest, MientrasEsperaNadiePasaAManual) {
   EXPECT_TRUE(p->hastaElFin(1));
 }
 
-TEST_F(RunnerTest, LoQueYaExisteNoSeCreaOtraVez) {
+TEST_F(ConProceso, LoQueYaExisteNoSeCreaOtraVez) {
   const auto p = tienda_.programa();
   const QString crear = u"P:CREAR,5,02/03/2026,03/03/2026,x\r\n"_s;
   const auto lineas = correr(crear + crear, *p);
@@ -143,13 +143,13 @@ TEST_F(RunnerTest, LoQueYaExisteNoSeCreaOtraVez) {
   EXPECT_EQ(lineas.filter(u"ya existía y se toma como está"_s).size(), 1);
 }
 
-TEST_F(RunnerTest, UnProcesoSinPasosAcabaBien) {
+TEST_F(ConProceso, UnProcesoSinPasosAcabaBien) {
   const auto lineas = correr(u""_s);
   EXPECT_EQ(fin_, ResultadoProceso::Bien);
   EXPECT_EQ(lineas.size(), 2);
 }
 
-TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
+TEST_F(ConProceso, TodosLosGruposMenosLosRechazados) {
   const auto p = tienda_.programa();
   p->sql(u"UPDATE GRUPOS SET REMOTO=0 WHERE CODGPO=1"_s);
   const auto lineas = correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,0,No"_s, *p);
@@ -163,7 +163,7 @@ TEST_F(RunnerTest, TodosLosGruposMenosLosRechazados) {
 }
 
 // The session and the periods after a step that reports success.
-TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
+TEST_F(ConProceso, LosPasosHacenLoQueDicen) {
   struct Caso {
     const char16_t* proceso;
     const char16_t* queda;
@@ -207,7 +207,7 @@ TEST_F(RunnerTest, LosPasosHacenLoQueDicen) {
 
 // A process that sums runs every night: what its target has is added once, whether the target is
 // selected with it or not.
-TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
+TEST_F(ConProceso, LoYaSumadoNoSeSumaOtraVez) {
   const auto p = tienda_.programa();
   correr(
       u"P:CREAR,5,02/03/2026,03/03/2026,a\r\nP:CREAR,5,03/03/2026,04/03/2026,b\r\n"
@@ -237,7 +237,7 @@ TEST_F(RunnerTest, LoYaSumadoNoSeSumaOtraVez) {
 }
 
 // What is deleted while the machines hold it doesn't come back, which is reported.
-TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
+TEST_F(ConProceso, LoQueSeBorraSinCeroSeDice) {
   for (const bool aCero : {false, true}) {
     TiendaDeProcesos tienda;
     const auto p = tienda.programa();
@@ -252,10 +252,10 @@ TEST_F(RunnerTest, LoQueSeBorraSinCeroSeDice) {
   }
 }
 
-// Sales of a part and of its sum that are taken off the stock, or go into a week, twice: that is
-// said. Each row: what follows once the periods were created and a was discounted. An empty sum
+// Sales of a part and of its sum that are taken off the stock, or go into a week, twice are
+// reported. Each row: what follows once the periods were created and a was discounted. An empty sum
 // holds nothing twice, whatever dates it has in common with its parts.
-TEST_F(RunnerTest, LoQueSeCuentaDosVecesSeDice) {
+TEST_F(ConProceso, LoQueSeCuentaDosVecesSeDice) {
   const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };
   const QString a = elegir(u"02/03/2026,03/03/2026"), b = elegir(u"03/03/2026,04/03/2026");
   const QString total = u"P:LIMPIAR\r\n"_s + elegir(u"02/03/2026,04/03/2026");
@@ -294,7 +294,7 @@ TEST_F(RunnerTest, LoQueSeCuentaDosVecesSeDice) {
 
 // A sum names what it added, and why it added nothing. Each row: the periods created and selected
 // by their days of March, the outcome and its sentence.
-TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {
+TEST_F(ConProceso, LaSumaDiceLoQueSuma) {
   const auto crear = [](const char16_t* dias) { return u"P:CREAR,5,%1,x\r\n"_s.arg(dias); };
   const auto elegir = [](const char16_t* dias) { return u"P:SELECCIONAR,5,%1\r\n"_s.arg(dias); };
   const auto* a = u"02/03/2026,03/03/2026";
@@ -323,14 +323,14 @@ TEST_F(RunnerTest, LaSumaDiceLoQueSuma) {
   }
 }
 
-TEST_F(RunnerTest, AbrirConDatosDentro) {
+TEST_F(ConProceso, AbrirConDatosDentro) {
   const auto lineas = correr(u"T:RXGRTOT,1\r\nC:ESPERA,0,No\r\nS:ABRIR"_s);
   EXPECT_TRUE(lineas.contains(u"003:SESIÓN"_s)) << lineas.join(u'\n').toStdString();
   EXPECT_TRUE(lineas.contains(u"    La sesión está ya abierta"_s));
 }
 
 // A silent machine: reported, dropped, its zeroing not sent; and the run ends without any wait.
-TEST_F(RunnerTest, UnGrupoMudo) {
+TEST_F(ConProceso, UnGrupoMudo) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda_.programa();
   const auto lineas =
@@ -352,7 +352,7 @@ TEST_F(RunnerTest, UnGrupoMudo) {
 }
 
 // Only a line of its own letter is a comment: a step without one looks like it.
-TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDice) {
+TEST_F(ConProceso, UnaLineaQueNoEsPasoSeDice) {
   struct Caso {
     const char16_t* proceso;
     const char16_t* dice;  // empty: nothing, and all is well
@@ -376,7 +376,7 @@ TEST_F(RunnerTest, UnaLineaQueNoEsPasoSeDice) {
 }
 
 // A zeroing dated by a clock set to another century.
-TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
+TEST_F(ConProceso, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
   const auto p = tienda_.programa();
   p->sql(u"UPDATE Sesiones SET PZERO=#1/1/2099#"_s);
   correr(kNoche, *p);
@@ -387,14 +387,14 @@ TEST_F(RunnerTest, UnaFechaImposibleNoDaLaVueltaAlPeriodo) {
 }
 
 // A number of retries that would take years.
-TEST_F(RunnerTest, SinNadieNoSeReintentaSinFin) {
+TEST_F(ConProceso, SinNadieNoSeReintentaSinFin) {
   maquinasDePrueba().mudas = {2};
   const auto lineas = correr(u"T:RXGRTOT,2\r\nC:ESPERA,99999999,No"_s);
   EXPECT_EQ(fin_, ResultadoProceso::Problemas);
   EXPECT_EQ(lineas.filter(u"Se reintenta"_s).size(), 100);
 }
 
-TEST_F(RunnerTest, LaSeleccionDeUnaEjecucionNoPasaALaSiguiente) {
+TEST_F(ConProceso, LaSeleccionDeUnaEjecucionNoPasaALaSiguiente) {
   const auto p = tienda_.programa();
   correr(u"P:CREAR,1,02/03/2026,,x\r\nP:SELECCIONAR,1,02/03/2026,02/03/2026"_s, *p);
   ASSERT_EQ(p->verTot().LosSelec().size(), 1u);
@@ -402,7 +402,7 @@ TEST_F(RunnerTest, LaSeleccionDeUnaEjecucionNoPasaALaSiguiente) {
   EXPECT_EQ(p->fin, ResultadoProceso::Problemas);
 }
 
-TEST_F(RunnerTest, LaTrazaRetardadaLlevaElProceso) {
+TEST_F(ConProceso, LaTrazaRetardadaLlevaElProceso) {
   const auto p = tienda_.programa();
   p->correr(u"S:CERRAR,x,Sí,Sí"_s, u"horario.CRO"_s, u"DIA"_s);
   ASSERT_TRUE(p->hastaElFin());
@@ -411,7 +411,7 @@ TEST_F(RunnerTest, LaTrazaRetardadaLlevaElProceso) {
   EXPECT_EQ(lineas[2], u"DIA:        La sesión está ya cerrada");
 }
 
-TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
+TEST_F(ConProceso, SinTrazaElProcesoSigue) {
   ASSERT_TRUE(QDir(tienda_.dir.path()).mkdir(u"NOCHE.TZA"_s));
   const auto lineas = correr(u"S:ABRIR\r\nS:ABRIR"_s);
   EXPECT_EQ(fin_, ResultadoProceso::Problemas);
@@ -421,7 +421,7 @@ TEST_F(RunnerTest, SinTrazaElProcesoSigue) {
 
 // --- buttons ------------------------------------------------------------------------------------
 
-TEST_F(RunnerTest, RetenerPasoASeguir) {
+TEST_F(ConProceso, RetenerPasoASeguir) {
   const auto p = tienda_.programa();
   p->correr(u"N:a\r\nS:CERRAR,x,Sí,Sí\r\nN:b\r\nN:c"_s);
   p->automat().retener();
@@ -438,7 +438,7 @@ TEST_F(RunnerTest, RetenerPasoASeguir) {
   EXPECT_EQ(p->lineas.filter(u"Ejecución retenida: "_s).size(), 2);
 }
 
-TEST_F(RunnerTest, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
+TEST_F(ConProceso, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
   maquinasDePrueba().mudas = {1};
   const auto p = tienda_.programa();
   p->automat().desatendido = false;
@@ -457,7 +457,7 @@ TEST_F(RunnerTest, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
 }
 
 // With somebody there a wait that drops no failures lasts until that person removes the task.
-TEST_F(RunnerTest, AtendidoElGrupoMudoEsperaAUnaPersona) {
+TEST_F(ConProceso, AtendidoElGrupoMudoEsperaAUnaPersona) {
   maquinasDePrueba().mudas = {2};
   const auto p = tienda_.programa();
   p->automat().desatendido = false;
@@ -471,7 +471,7 @@ TEST_F(RunnerTest, AtendidoElGrupoMudoEsperaAUnaPersona) {
       << p->lineas.join(u'\n').toStdString();
 }
 
-TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
+TEST_F(ConProceso, SinDiarioNoSeEjecutaNada) {
   const auto p = tienda_.programa();
   ASSERT_TRUE(p->db().ejecutarGuion(u"CREATE VIEW Proceso AS SELECT 1 AS NOMBRE;\n"));
   p->correr(u"S:ABRIR"_s);
@@ -482,7 +482,7 @@ TEST_F(RunnerTest, SinDiarioNoSeEjecutaNada) {
 
 // The record of a step can't be written: the step is undone, the run ends, and nothing more
 // happens.
-TEST_F(RunnerTest, SinRegistroDeUnPasoNoHayPaso) {
+TEST_F(ConProceso, SinRegistroDeUnPasoNoHayPaso) {
   const auto p = tienda_.programa();
   correr(u"N:a"_s, *p);
   ASSERT_TRUE(
