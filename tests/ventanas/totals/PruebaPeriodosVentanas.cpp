@@ -412,6 +412,41 @@ TEST(VentanaPeriodos, UnAnoLejanoSePregunta) {
   EXPECT_EQ(t.cuenta(u"COLUMNA"_s), 1);
 }
 
+// A year that is no year is marked and named; the period isn't that of the year before.
+TEST(VentanaPeriodos, ElAnoEsElQueSeEscribe) {
+  MesaDeTotales t;
+  const struct {
+    int tipo;
+    QString ano, dicho, creado;
+  } casos[] = {{kMensual, u"1500"_s, u"Escriba un número entero de 1980 a 2099"_s, {}},
+               {kMensual, u"19"_s, u"Escriba un número entero de 1980 a 2099"_s, {}},
+               {kAnual, u"9999"_s, u"Escriba un número entero de 1980 a 2099"_s, {}},
+               {kAnual, u"20x8"_s, u"Escriba un número entero de 1980 a 2099"_s, {}},
+               {kMensual, u"2017"_s, {}, u"3 42887"_s},
+               {kAnual, u"2016"_s, {}, u"4 42370"_s}};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.ano.toStdString());
+    auto* v = t.abrir(totals::PuertaEditIntv{.tipo = c.tipo});
+    auto* ano = v->findChild<QWidget*>(u"spAno"_s);
+    v->findChild<QComboBox*>(u"LstMes"_s)->setCurrentIndex(5);
+    ano->setFocus();
+    QTest::keyClick(ano, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(ano, c.ano);
+    QTest::keyClick(ano, Qt::Key_Tab);
+    t.textoModal.clear();
+    if (!c.dicho.isEmpty()) t.responder(u"Acepto"_s);
+    QTest::mouseClick(v->findChild<QPushButton*>(u"SalvBoton"_s), Qt::LeftButton);
+    EXPECT_TRUE(t.textoModal.startsWith(c.dicho)) << t.textoModal.toStdString();
+    EXPECT_EQ(ano->property("falta").toBool(), !c.dicho.isEmpty());
+    EXPECT_EQ(v->isVisible(), !c.dicho.isEmpty());
+    EXPECT_EQ(t.leer(u"select TIPO, FECHA1 from COLUMNA"_s), c.creado);
+    t.sql(u"delete from COLUMNA"_s);
+    if (!v->isVisible()) continue;
+    t.responder(u"Acepto"_s);  // abandons it
+    v->descargar();
+  }
+}
+
 // The form shows the dates of the period, of each kind, and keeps them if nothing is typed.
 TEST(VentanaPeriodos, ModificarEmpiezaPorLoQueHay) {
   MesaDeTotales t;
