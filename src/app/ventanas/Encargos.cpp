@@ -76,7 +76,7 @@ void Encargos::atender(const Peticion& p, const std::shared_ptr<Visita>& visita)
 
 void Encargos::alzar(const QString& ventana) {
   if (ventanas_.conoce(ventana)) {
-    ventanas_.abrir(ventana, nullptr, ventanas_.muestra(ventana));
+    ventanas_.abrir(ventana);
     return;
   }
   const auto abiertas = ventanas_.abiertas();

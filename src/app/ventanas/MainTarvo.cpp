@@ -48,7 +48,7 @@ const std::vector<EntradaMenu>& entradas() {
       {&U::Almacen, u"almacen"},
       {&U::Avanzados, u"mas"},
       {&U::Personalizado, u"ejecutar"},
-      {&U::Ofertas, u"etiqueta", PorNombre{u"BrowOfer"_s}},
+      {&U::Ofertas, u"etiqueta", precios::PuertaBrowOfer()},
       {&U::Albaranes, u"importar", PorNombre{u"BrowAlba"_s}},
       {&U::Traspasos, u"transfiriendo", PorNombre{u"BrowTrans"_s}},
       {&U::Pedidos, u"exportar", PorNombre{u"BrowPedi"_s}},

@@ -20,7 +20,7 @@ class QMenu;
 
 namespace tarvo::articles {
 
-class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, public RecibeFichas {
+class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Q_OBJECT
  public:
   BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
@@ -37,7 +37,6 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   void RefrescoRemoto() { refrescar(); }
   // Stores the prices of the current article.
   Resultado<> CambioPrecios(const Precios& precios);
-  void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) override;
   void SaltoPagUp() { saltar(-1); }
   void SaltoPagDn() { saltar(1); }
 
@@ -82,6 +81,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   Resultado<> ponerEntero(qint64 fila, const QString& texto, const QString& columna,
                           int Articulo::* campo);
   void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
+  void fichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora);
   void celdaEscrita(int columna);
   bool ordena(int columna) const;  // whether the list is sorted by that column
   Error incorrecto(int nombre, const QString& porQue = {}) const;

@@ -110,7 +110,10 @@ void BrowPLUs::editarCompleto(bool nuevo) {
   const ClaveArticulo c = nuevo ? ClaveArticulo{seccion_, 0} : actual();
   if (!nuevo && c.codigo == 0) return;
   if (!nuevo && c.deSistema()) return decirDuda(t(kTxIntocables));
-  abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre()});
+  abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre(),
+                       [lista = QPointer(this)](const auto& antes, const auto& ahora) {
+                         if (lista) lista->fichaGuardada(antes, ahora);
+                       }});
 }
 
 // Opens its sales across periods.

@@ -7,16 +7,6 @@
 
 namespace tarvo::articles {
 
-struct FichaArticulo;
-
-// A list that can take back what the complete editor has saved.
-class RecibeFichas {
- public:
-  virtual ~RecibeFichas() = default;
-  // An article has been saved, new if `antes` is.
-  virtual void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) = 0;
-};
-
 // The width of a column that fits the largest price.
 inline constexpr int kAnchoPrecio = 112;
 

@@ -16,6 +16,14 @@ namespace tarvo::prueba {
 
 using namespace ventanas;
 
+namespace {
+
+struct PuertaEnLinea {
+  static constexpr QStringView kNombre = u"OnLine";
+};
+
+}  // namespace
+
 // An Escape for a window that has closed by itself, however late, or one held down, doesn't end the
 // program.
 TEST(Principal, UnEscapeDeMasNoSale) {
@@ -181,9 +189,9 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
 // Windows that receive from a machine are asked to stop, once, and waited for; only then are the
 // others closed.
 TEST(Principal, EsperaALasCapturas) {
-  class Receptora final : public Ventana, public Captura {
+  class Receptora final : public Lisa, public Captura {
    public:
-    Receptora(Contexto& c, const QString& n) : Ventana(c, n) {}
+    using Lisa::Lisa;
     void SuspenderCaptura(bool borrar) override {
       EXPECT_FALSE(borrar);
       ++pedidas;
@@ -193,8 +201,7 @@ TEST(Principal, EsperaALasCapturas) {
     int pedidas = 0;
   };
   MesaPrincipal t;
-  t.todas().registrar(u"OnLine"_s,
-                      [](Contexto& c, const QString& n) { return new Receptora(c, n); });
+  t.todas().registrar<PuertaEnLinea, Receptora>();
   auto* v = t.principal();
   t.todas().abrir(u"VerTot"_s);
   t.todas().abrir(u"OnLine#0001"_s);
