@@ -5,7 +5,7 @@
 
 #include "articles/FichaArticulo.h"
 #include "articles/Listas.h"
-#include "articles/Lotes.h"
+#include "articles/LotesAMedias.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/ParrillaPrecios.h"
@@ -100,6 +100,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void anotarDeshacer(const QString& que, qint64 lote);
   Resultado<bool> conformeConVolver(qint64 lote);
   Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
+  bool loDiceOtra(const LoteAMedias& lote);
   void mirarLotes();
   QString nadaQueDeshacer();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);

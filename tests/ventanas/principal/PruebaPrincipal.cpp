@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "MesaPrincipal.h"
+#include "articles/Lotes.h"
 #include "automation/historia/Historial.h"
 #include "core/ventanas/marco/Tira.h"
 
@@ -126,6 +127,54 @@ TEST(Principal, LaMananaNoMezcla) {
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
   EXPECT_TRUE(pieza(*v, u"sin ningún artículo, porque se les borraron: 0001 FRUTERIA."_s));
   EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
+}
+
+// The row of a group without a period, because nothing of its sales was asked for, opens that
+// group.
+TEST(Principal, LaFilaDeUnGrupoAbreEseGrupo) {
+  MesaPrincipal t({u"EstadoEnvio"_s, u"VerTot"_s});
+  t.sql(u"DELETE FROM GRUPOS"_s);
+  t.grupo({.codigo = 7, .nombre = u"FRUTERIA", .remoto = 3});
+  automation::Historial historial(*t.fondo->db, t.fondo->textos);
+  const Fecha ahora = t.reloj.ahora();
+  bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
+  t.fila(u"ProcesoTareas", {{u"EJECUCION", 1},
+                            {u"PASO", 0},
+                            {u"GRUPO", 7},
+                            {u"CLASE", numeroDe(TipoTarea::TxPlus)},
+                            {u"HECHA", true}});
+  bien(historial.acabar(1, automation::FinEjecucion::Bien, ahora - 0.29));
+  auto* v = t.conManana();
+  auto* fila = pieza(*v, u"Bien. 0007 FRUTERIA"_s);
+  ASSERT_TRUE(fila);
+  QTest::mouseClick(fila, Qt::LeftButton);
+  ASSERT_TRUE(t.suplente(u"EstadoEnvio"_s));
+  EXPECT_EQ(t.suplente(u"EstadoEnvio"_s)->como<comm::PuertaEstadoEnvio>().grupo, 7);
+}
+
+// A change of many articles that was cut off comes before everything else, with its section, and
+// leads to where it is resolved: where it can be finished, or else to the list of that section.
+TEST(Principal, LoQueSeCortoSeDiceLoPrimero) {
+  for (const bool seTermina : {true, false}) {
+    MesaPrincipal t({u"BrowPLUs"_s, u"CambioLote"_s});
+    t.seccion(3, u"PESCADO").en(3).articulo({.codigo = 10}).articulo({.codigo = 11});
+    articles::Lotes lotes(t.aplicacion.catalogo());
+    const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+    if (seTermina)
+      bien(lotes.apuntar(lote, u"D 2"_s, std::vector<articles::ClaveArticulo>{{3, 10}, {3, 11}}));
+    bien(lotes.guardar(lote, {3, 10}));
+    auto* v = t.conManana();
+    EXPECT_TRUE(pieza(*v, u"Hay un cambio de artículos a medias"_s));
+    auto* aviso = pieza(*v, u"Sección 003 PESCADO. Un cambio de muchos artículos se cortó"_s);
+    ASSERT_TRUE(aviso);
+    EXPECT_EQ(aviso->objectName(), u"Linea0");
+    QTest::mouseClick(aviso, Qt::LeftButton);
+    auto* abierta = t.suplente(seTermina ? u"CambioLote"_s : u"BrowPLUs"_s);
+    ASSERT_TRUE(abierta);
+    EXPECT_EQ(seTermina ? abierta->como<precios::PuertaCambioLote>().seccion
+                        : abierta->como<articles::PuertaBrowPLUs>().seccion,
+              3);
+  }
 }
 
 // Each entry has a letter, unique among the visible controls, and Tab reaches it.
