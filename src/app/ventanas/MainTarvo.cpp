@@ -5,7 +5,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
-#include <QShortcut>
 #include <QToolButton>
 
 #include "app/ventanas/Entrada.h"

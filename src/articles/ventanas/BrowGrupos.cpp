@@ -56,10 +56,10 @@ void BrowGrupos::montar() {
   unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] {
     if (const auto en = actual()) abrir(PuertaEdIvaSeccs{en->seccion});
   });
-  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] {
+  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9, [this] {
     if (const auto en = actual()) abrir(PuertaVerPrecios{en->seccion});
   });
-  unir(ui_.VerXtrac, u"totales"_s, Qt::CTRL | Qt::Key_T, [this] {
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] {
     if (const auto en = actual())
       abrir(totals::PuertaVerFils{
           .clase = TipoTotal::Departamentos, .seccion = en->seccion, .codigo = en->departamento});
