@@ -1,5 +1,6 @@
-// The destination of an entry of the main window, of the settings or of a line of the board: a door.
-// A window that isn't written yet has only a name, and so has one that the command line names.
+// The destination of an entry of the main window, of the settings or of a line of the board: a
+// door. A window that isn't written yet has only a name, and so has one that the command line
+// names.
 #pragma once
 
 #include <variant>

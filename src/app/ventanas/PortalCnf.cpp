@@ -40,7 +40,8 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
         return decirPista(t(kTxSinEstaVentana));
       abrirLo(this->contexto().ventanas, lleva, this);
     });
-    if (!contexto.ventanas.conoce(ventanaDe(e.lleva))) e.boton->ponerSinVentana(t(kTxSinEstaVentana));
+    if (!contexto.ventanas.conoce(ventanaDe(e.lleva)))
+      e.boton->ponerSinVentana(t(kTxSinEstaVentana));
   }
   ponerAspecto();
   connect(ui_.Salir, &QPushButton::clicked, this, &QWidget::close);

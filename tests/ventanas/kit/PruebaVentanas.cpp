@@ -217,7 +217,8 @@ TEST(Ventanas, ModalAceptaYRechaza) {
       QTest::keyClick(desde, c.tecla);
       if (v.isVisible()) QTest::keyClick(&v, Qt::Key_Escape);
     });
-    EXPECT_EQ(p.todas().preguntar(PuertaDeMuestra(), p.todas().cargada(u"MainTarvo"_s)), c.respuesta)
+    EXPECT_EQ(p.todas().preguntar(PuertaDeMuestra(), p.todas().cargada(u"MainTarvo"_s)),
+              c.respuesta)
         << c.desde;
     EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
   }

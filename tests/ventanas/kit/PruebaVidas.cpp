@@ -67,8 +67,7 @@ const EnMarcha kEnMarcha[] = {
        MyMsgBox::mostrarFallo(v.ui.lista, v.contexto().textos, u"No se guardó."_s, {}, u"13"_s);
        usar(v, false);
      }},
-    {"a modal window", 1,
-     [](Muestra& v) { usar(v, preguntarA2(v)); }},
+    {"a modal window", 1, [](Muestra& v) { usar(v, preguntarA2(v)); }},
     {"a box over a modal window", 2,
      [](Muestra& v) {
        QTimer::singleShot(0, &v, [&v] {

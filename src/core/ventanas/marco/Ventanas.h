@@ -87,6 +87,10 @@ class Ventanas final : public QObject {
   std::vector<Ventana*> abiertas() const;  // in the order of creation
   // False if it refused; true if it was unloaded or wasn't loaded.
   bool descargar(const QString& nombre);
+  template <EsPuerta P>
+  bool descargar(const P& puerta = {}) {
+    return descargar(nombreDe(puerta));
+  }
   // Unloads "gestcomm" first, then every other window except "Cronos" and `menos`. True refuses the
   // closing of the main window: a window stayed, and those not asked yet stay too.
   bool DescargaTodo(const Ventana* menos = nullptr);
