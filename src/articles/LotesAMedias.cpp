@@ -8,12 +8,19 @@ namespace tarvo::articles {
 
 namespace {
 
-Resultado<std::vector<int>> seccionesDe(dao::Database& db, qint64 lote) {
-  return dao::reunir(
-      db.consultar(u"SELECT NMSECC FROM SECCS WHERE EXISTS (SELECT 1 FROM LoteAntes WHERE LOTE=? "
-                   u"AND SECCION=NMSECC) ORDER BY NMSECC",
-                   lote),
-      [](const dao::Recordset& fila) { return static_cast<int>(fila.entero(0)); });
+Resultado<> ponerSecciones(dao::Database& db, LoteAMedias& lote) {
+  QStringList nombres;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT NMSECC, NOMSEC FROM SECCS WHERE EXISTS (SELECT 1 FROM LoteAntes WHERE "
+                   u"LOTE=? AND SECCION=NMSECC) ORDER BY NMSECC",
+                   lote.lote.numero),
+      [&](const dao::Recordset& fila) -> Resultado<> {
+        lote.secciones.push_back(static_cast<int>(fila.entero(0)));
+        nombres << Ceros(fila.entero(0), 3) + u' ' + fila.texto(1);
+        return {};
+      }));
+  lote.donde = nombres.join(u", ");
+  return {};
 }
 
 }  // namespace
@@ -23,9 +30,9 @@ Resultado<std::vector<LoteAMedias>> lotesAMedias(Catalogo& catalogo) {
   std::vector<LoteAMedias> salida;
   if (!db.existeTabla(u"LoteArticulos")) return salida;
   const auto uno = [&](const dao::Recordset& fila) -> Resultado<> {
-    LoteAMedias l{{fila.entero(0), fila.fecha(1), fila.entero(2), false}, fila.texto(3), {}, 0};
+    LoteAMedias l{{fila.entero(0), fila.fecha(1), fila.entero(2), false}, fila.texto(3), {}, {}, 0};
     l.porHacer = fila.entero(4);
-    TARVO_TOMAR(l.secciones, seccionesDe(db, l.lote.numero));
+    TARVO_INTENTAR(ponerSecciones(db, l));
     salida.push_back(std::move(l));
     return {};
   };
@@ -47,8 +54,9 @@ Resultado<std::optional<QString>> motivoDeEspera(Catalogo& catalogo, int seccion
 }
 
 QString decirAMedias(const LoteAMedias& l, const Textos& textos) {
-  return textos(l.porHacer > 0 ? kTxLoteAMedias : kTxLoteCortado,
-                {l.lote.cuando.general(), l.lote.articulos, l.porHacer});
+  const QString que = textos(l.porHacer > 0 ? kTxLoteAMedias : kTxLoteCortado,
+                             {l.lote.cuando.general(), l.lote.articulos, l.porHacer});
+  return l.donde.isEmpty() ? que : textos(kTxLoteDeSeccion, {l.donde, que});
 }
 
 }  // namespace tarvo::articles

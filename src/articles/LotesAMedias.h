@@ -10,6 +10,7 @@ struct LoteAMedias {
   Lotes::Lote lote;
   QString ventana;             // that began it
   std::vector<int> secciones;  // of its articles
+  QString donde;               // their codes and names
   qint64 porHacer = 0;         // articles it had yet to change; 0: it can't be finished
 };
 

@@ -120,6 +120,12 @@ CASOS = [
     ("manual", cambia("docs/manual/VerTot.md", r"## Cómo se hace", "## Uso"), r"begins with its title"),
     ("teclas", anade("src/stock/ventanas/Prueba.cpp", 'unir(ui_.Nada, u"borrar"_s, Qt::Key_F7, [] {});\n'),
      r"Nada has the key F7"),
+    *[("teclas", anade("src/stock/ventanas/Prueba.cpp", f"{linea}\n"), dice) for linea, dice in (
+        ('entrada(m, u"Nada"_s, kTxNada, [this] {\n  hacer();\n})->setShortcut(Qt::Key_F7);', r"Nada has the key F7"),
+        ("connect(new QShortcut(Qt::Key_F7, this), &QShortcut::activated, this,\n  &Nada::hacer);", r"hacer has the key F7"),
+        ("if (tecla == Qt::Key_F7) hacer();", r"hacer has the key F7"),
+        ("if (e.key() == Qt::Key_F7 || otra) {\n  hacer();\n}", r"hacer has the key F7"),
+        ("const bool suya = e.key() == Qt::Key_F7;", r"F7 is given to no command"))],
     ("teclas", anade("src/stock/ventanas/Prueba.cpp", "nada->setShortcuts({Qt::Key_F9, Qt::Key_F6});\n"),
      r"nada has the key F6, and its row"),
     ("teclas", cambia("src/core/ventanas/parrilla/ParrillaMontaje.cpp", r"Qt::CTRL \| Qt::SHIFT \| Qt::Key_S", "Qt::Key_F10"),

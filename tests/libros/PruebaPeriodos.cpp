@@ -187,7 +187,7 @@ TEST_F(ConPeriodosDeLibros, LaSemanaYElStockSiguenALoQueSeSumaAUnDia) {
   const auto link = t.memorizar();
   ASSERT_TRUE(*t.verTot().SelecHnd(link[0]));
   ASSERT_TRUE(*t.verTot().AcumularEn(kSemanal));
-  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link[0]), 1));
+  ASSERT_EQ(*t.periodos().DescontarPeriodo(columna(link[0])), Descuento::Hecho);
   const auto vendidas = [&] { return t.uno(u"SELECT SUM(Venta) FROM MovsAlm"_s).entero(); };
   EXPECT_EQ(vendidas(), 2);
   t.grupos.at(1).at(0).vender(11, 450, 0);
@@ -203,11 +203,11 @@ TEST_F(ConPeriodosDeLibros, UnDiaSoloDescontadoQueSeSustituyeSaleDelStockUnaVez)
   dia();
   const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
   t.total(u"TOTPLU", {link, 1, 11, 1, 0, 70, 0});
-  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(link), 1));
+  ASSERT_EQ(*t.periodos().DescontarPeriodo(columna(link)), Descuento::Hecho);
   leerTodo();
   const auto links = t.memorizar();
   EXPECT_EQ(columna(links.at(0)).stkADO, 0);
-  ASSERT_TRUE(*t.periodos().DescontarPeriodo(columna(links[0]), 1));
+  ASSERT_EQ(*t.periodos().DescontarPeriodo(columna(links[0])), Descuento::Hecho);
   EXPECT_EQ(t.uno(u"SELECT SUM(Venta) FROM MovsAlm"_s).entero(), 2);
 }
 

@@ -118,7 +118,9 @@ TEST(LotesAMedias, SeSabenYRetienenSuSeccion) {
   EXPECT_EQ(lotes[0].secciones, std::vector{1});
   EXPECT_EQ(std::tuple(lotes[0].lote.articulos, lotes[0].porHacer), std::tuple(1, 2));
   const auto motivo = bien(motivoDeEspera(m.catalogo, 1));
-  EXPECT_EQ(motivo, textosDePrueba()(12000, {lotes[0].lote.cuando.general(), 1, 2}));
+  EXPECT_EQ(lotes[0].donde, m.leer(u"SELECT '001 ' & NOMSEC FROM SECCS WHERE NMSECC=1"_s));
+  EXPECT_EQ(motivo, u"Sección %1. "_s.arg(lotes[0].donde) +
+                        textosDePrueba()(12000, {lotes[0].lote.cuando.general(), 1, 2}));
   EXPECT_FALSE(bien(motivoDeEspera(m.catalogo, 2)));
   EXPECT_EQ(bien(m.lotes.porHacer(m.lote))->claves, (std::vector<ClaveArticulo>{{1, 11}, {1, 12}}));
   // Once its undoing has begun it can't be resumed; once undone, it no longer exists.

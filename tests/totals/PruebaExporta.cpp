@@ -412,7 +412,7 @@ TEST_F(Exporta, LaSemanaYElStockSiguenALoImportado) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 1);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
-  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(col(dia))), Descuento::Hecho);
   const qint64 semana = bien(periodos.BuscarPeriodo(2, momento("05/06/2018"), {}))->LINK;
   const QByteArray bloque =
       "*uno\n*05/06/2018 00:00:00  05/06/2018 "
@@ -424,7 +424,7 @@ TEST_F(Exporta, LaSemanaYElStockSiguenALoImportado) {
   EXPECT_EQ(plus(semana), u"1 7 3 10 200 1000"_s);
   EXPECT_FALSE(col(nuevo).ACUM2);
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(nuevo))));
-  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(nuevo), 1)));
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(col(nuevo))), Descuento::Hecho);
   EXPECT_EQ(plus(semana), u"1 7 2 0 100 0"_s);
   EXPECT_EQ(venta(), u"7 2"_s);
 }

@@ -94,7 +94,7 @@ TEST_F(ConPeriodos, LosMayoresYElStockSiguenUnCambio) {
   const qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2);
   for (const int tipo : {2, 4}) EXPECT_TRUE(bien(periodos.AcumularPeriodo(tipo, col(dia))));
-  for (int i = 0; i < 2; ++i) EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(bien(almacenes.DescontarVenta(dia, 1)));
   const auto marcas = bien(periodos.DesacumularTodo(dia));
   EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
   EXPECT_EQ(venta(), QString());
@@ -108,6 +108,30 @@ TEST_F(ConPeriodos, LosMayoresYElStockSiguenUnCambio) {
   EXPECT_FALSE(periodos.DesacumularTodo(99));
 }
 
+// Whoever asks, and with whatever was read before: a period goes into its week and off the stock
+// once, and comes back once.
+TEST_F(PeriodosDe, OnceIsEnough) {
+  const qint64 dia = crear(1, "05/06/2018"), mano = crear(1, "07/06/2018", nullptr, false);
+  plu(dia, 7, 2), plu(mano, 7, 9);
+  const Columna comoEra = col(dia);
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(comoEra)), Descuento::Hecho);
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(comoEra)), Descuento::YaEstaba);
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(col(mano))), Descuento::NoProcede);
+  EXPECT_EQ(bien(periodos.DescontarVarios({dia, mano, 99}, false)), 0);
+  EXPECT_EQ(venta(), u"7 2"_s);
+  EXPECT_EQ(col(dia).stkADO, 1);
+  EXPECT_EQ(bien(periodos.DescontarVarios({dia, mano, 99}, true)), 1);
+  EXPECT_EQ(bien(periodos.DescontarVarios({dia}, true)), 0);
+  EXPECT_EQ(venta(), QString());
+  EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, comoEra)));
+  EXPECT_FALSE(bien(periodos.AcumularPeriodo(2, comoEra)));
+  EXPECT_EQ(plus(semana()), plus(dia));
+  const Columna dentro = col(dia);
+  EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, dentro)));
+  EXPECT_FALSE(bien(periodos.DesacumularPeriodo(2, dentro)));
+  EXPECT_EQ(plus(semana()), u"1 7 0 0 0 0"_s);
+}
+
 // A week with sales of its own takes in a day: each is discounted once, in whatever order.
 TEST_F(ConPeriodos, UnDiaEnUnaSemanaSuyaSeDescuentaUnaVez) {
   const qint64 propia = crear(2, "04/06/2018"), dia = crear(1, "05/06/2018");
@@ -115,17 +139,17 @@ TEST_F(ConPeriodos, UnDiaEnUnaSemanaSuyaSeDescuentaUnaVez) {
   plu(propia, 1000001, 4), plu(dia, 1000001, 3);  // by weight
   for (const bool antes : {true, false}) {
     if (!antes) {
-      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
+      EXPECT_EQ(bien(periodos.DescontarPeriodo(col(propia))), Descuento::Hecho);
     }
     EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia))));
     if (antes) {
-      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(propia), 1)));
+      EXPECT_EQ(bien(periodos.DescontarPeriodo(col(propia))), Descuento::Hecho);
     }
-    EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+    EXPECT_EQ(bien(periodos.DescontarPeriodo(col(dia))), Descuento::Hecho);
     EXPECT_EQ(venta(), u"7 7 | 1000001 70"_s);
     EXPECT_TRUE(bien(periodos.DesacumularPeriodo(2, col(dia))));
     for (const qint64 link : {propia, dia})
-      EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), -1)));
+      EXPECT_EQ(bien(periodos.DescontarPeriodo(col(link), true)), Descuento::Hecho);
     EXPECT_EQ(venta(), QString());
   }
 }
@@ -142,10 +166,12 @@ TEST_F(ConPeriodos, UnDiaSustituidoCuentaUnaVez) {
         100 * n, 1000 * n, dia);
   };
   const auto acumular = [&] { EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(dia)))); };
-  const auto descontar = [&] { EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1))); };
+  const auto descontar = [&] {
+    EXPECT_EQ(bien(periodos.DescontarPeriodo(col(dia))), Descuento::Hecho);
+  };
   for (const qint64 link : {dia, otro}) {
     EXPECT_TRUE(bien(periodos.AcumularPeriodo(2, col(link))));
-    EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(link), 1)));
+    EXPECT_EQ(bien(periodos.DescontarPeriodo(col(link))), Descuento::Hecho);
   }
   reemplazar(5);
   EXPECT_EQ(dia, semana() + 1);
@@ -177,10 +203,10 @@ TEST_F(ConPeriodos, UnDiaSoloDescontadoYSustituidoCuentaUnaVez) {
   qint64 dia = crear(1, "05/06/2018");
   plu(dia, 7, 2), plu(dia, 1000001, 3);
   const Columna comoEra = col(dia);  // its marks have changed since it was read
-  EXPECT_TRUE(bien(periodos.DescontarPeriodo(comoEra, 1)));
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(comoEra)), Descuento::Hecho);
   dia = bien(periodos.sustituir(comoEra, QString()));
   sql(u"update TOTPLU set CON=5, PES=50"_s);
-  EXPECT_TRUE(bien(periodos.DescontarPeriodo(col(dia), 1)));
+  EXPECT_EQ(bien(periodos.DescontarPeriodo(col(dia))), Descuento::Hecho);
   EXPECT_EQ(venta(), u"7 5 | 1000001 50"_s);
 }
 

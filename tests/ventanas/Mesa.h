@@ -37,6 +37,16 @@ bool esperar(F condicion, int ms = 60'000) {
   return true;
 }
 
+// A window with nothing in it, for any door.
+class Lisa : public ventanas::Ventana {
+ public:
+  using Ventana::Ventana;
+  template <class P>
+  Resultado<> entrar(const P&) {
+    return {};
+  }
+};
+
 struct Mesa : Tienda {
   // `propios`: lines "number TAB text" added to the program's table. `salas`: the rooms whose
   // settings are loaded.
@@ -47,8 +57,8 @@ struct Mesa : Tienda {
   ventanas::Contexto& contexto() { return escritorio.contexto(); }
 
   template <class V = ventanas::Ventana>
-  V* abrir(const QString& nombre, const ventanas::Argumentos& a = {}) {
-    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre, nullptr, a));
+  V* abrir(const QString& nombre) {
+    auto* v = dynamic_cast<V*>(escritorio.ventanas().abrir(nombre));
     EXPECT_NE(v, nullptr) << nombre.toStdString();
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));  // only the active window gets keys
     return v;

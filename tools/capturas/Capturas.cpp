@@ -69,10 +69,7 @@ QStringList una(ventanas::Escritorio& e, const Encargo& encargo, const QString& 
   e.tema().ponerCara(cara);
   e.tema().ponerEscala(escala / 100.0);
   QStringList cajas;
-  const auto suyos = encargo.argumentos.find(nombre);
-  const auto& con =
-      suyos == encargo.argumentos.end() ? e.ventanas().muestra(nombre) : suyos->second;
-  const auto v = sinCajas(cajas, [&] { return e.ventanas().abrir(nombre, nullptr, con); });
+  const auto v = sinCajas(cajas, [&] { return e.ventanas().abrir(nombre); });
   if (!v) return {fichero + u": no se abre: "_s + cajas.join(u' ')};
   dimensionar(*v, pantalla);
   asentar(*v);

@@ -11,8 +11,6 @@ struct Encargo {
   QString carpeta;        // where pictures go, created if missing; empty: they are not kept
   QString marca;          // "llena" or "vacia", part of the file's name
   QStringList solo = {};  // these windows; empty for all
-  // Arguments of a window in place of its own sample, by name.
-  std::map<QString, ventanas::Argumentos> argumentos = {};
 };
 
 // "Ventana_llena_claro_1366x768_100.png" and so on. Returns a line for each truncated part, with

@@ -6,6 +6,7 @@
 #include "app/Ordenes.h"
 #include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "automation/ventanas/Puertas.h"
 
 namespace tarvo::app {
 
@@ -76,7 +77,7 @@ void Encargos::atender(const Peticion& p, const std::shared_ptr<Visita>& visita)
 
 void Encargos::alzar(const QString& ventana) {
   if (ventanas_.conoce(ventana)) {
-    ventanas_.abrir(ventana, nullptr, ventanas_.muestra(ventana));
+    ventanas_.abrir(ventana);
     return;
   }
   const auto abiertas = ventanas_.abiertas();
@@ -107,7 +108,7 @@ void Encargos::mirar() {
 
 // A process of another program or of the timetable waits for the run of a person.
 void Encargos::esperar(const QString& proceso) {
-  const bool pregunta = ventanas_.cargada(u"EnParMac"_s) != nullptr;
+  const bool pregunta = ventanas_.cargada<automation::PuertaEnParMac>() != nullptr;
   if (cesion_.agotada(pregunta))
     ceder(pregunta, fondo_.textos(kTxCedeElTurno, {app_.automat().nombre(), proceso}));
 }
@@ -118,7 +119,7 @@ void Encargos::ceder(bool pregunta, const QString& frase) {
   if (!cola_.empty()) cola_.front().visita->decir(aviso(frase));
   app_.automat().conservarAlAbortar = true;
   pregunta ? preguntas_.retirar() : app_.automat().abortar();
-  if (auto* v = ventanas_.cargada(u"Automat"_s)) v->decirDuda(frase);
+  if (auto* v = ventanas_.cargada<automation::PuertaAutomat>()) v->decirDuda(frase);
 }
 
 Resultado<std::vector<automation::PasoProceso>> Encargos::pasosDe(const Peticion& p) const {

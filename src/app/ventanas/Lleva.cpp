@@ -21,7 +21,7 @@ ventanas::Ventana* abrirLo(ventanas::Ventanas& todas, const Lleva& lleva, QWidge
         if constexpr (std::is_same_v<P, std::monostate>)
           return nullptr;
         else if constexpr (std::is_same_v<P, PorNombre>)
-          return todas.abrir(p.ventana, dueno, p.argumentos);
+          return todas.abrir(p.ventana, dueno);
         else
           return todas.abrir(p, dueno);
       },

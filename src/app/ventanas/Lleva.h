@@ -1,10 +1,13 @@
-// The destination of an entry of the main window or of a line of the board: a door, or a window by
-// name.
+// The destination of an entry of the main window, of the settings or of a line of the board: a
+// door. A window that isn't written yet has only a name, and so has one that the command line
+// names.
 #pragma once
 
 #include <variant>
 
 #include "app/ventanas/Puertas.h"
+#include "articles/importar/ventanas/Puertas.h"
+#include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 #include "comm/ventanas/Puertas.h"
@@ -15,18 +18,18 @@ namespace tarvo::app {
 
 struct PorNombre {
   QString ventana;
-  ventanas::Argumentos argumentos = {};
   bool operator==(const PorNombre&) const = default;
 };
 
 // The first one means no destination.
 using Lleva =
     std::variant<std::monostate, PorNombre, PuertaMainTarvo, PuertaPortalCnf,
-                 articles::PuertaBrowGrupos, articles::PuertaBrowOper, automation::PuertaAutomat,
-                 automation::PuertaCronos, automation::PuertaDebidos, automation::PuertaEdiCron,
-                 automation::PuertaVeoLog, comm::PuertaEstadoEnvio, comm::PuertaGestcomm,
-                 totals::PuertaCerrSes, totals::PuertaDudasCero, totals::PuertaVerCols,
-                 totals::PuertaVerTot>;
+                 articles::PuertaBrowGrupos, articles::PuertaBrowOper, articles::PuertaBrowPLUs,
+                 automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
+                 automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaCfgComm,
+                 comm::PuertaEstadoEnvio, comm::PuertaGestcomm, importar::PuertaMainTvc,
+                 precios::PuertaBrowOfer, precios::PuertaCambioLote, totals::PuertaCerrSes,
+                 totals::PuertaDudasCero, totals::PuertaVerCols, totals::PuertaVerTot>;
 
 // Empty if there is no destination.
 QString ventanaDe(const Lleva& lleva);

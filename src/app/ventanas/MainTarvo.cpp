@@ -1,10 +1,10 @@
 #include "app/ventanas/MainTarvo.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScopedValueRollback>
-#include <QShortcut>
 #include <QToolButton>
 
 #include "app/ventanas/Entrada.h"
@@ -47,7 +47,7 @@ const std::vector<EntradaMenu>& entradas() {
       {&U::Almacen, u"almacen"},
       {&U::Avanzados, u"mas"},
       {&U::Personalizado, u"ejecutar"},
-      {&U::Ofertas, u"etiqueta", PorNombre{u"BrowOfer"_s}},
+      {&U::Ofertas, u"etiqueta", precios::PuertaBrowOfer()},
       {&U::Albaranes, u"importar", PorNombre{u"BrowAlba"_s}},
       {&U::Traspasos, u"transfiriendo", PorNombre{u"BrowTrans"_s}},
       {&U::Pedidos, u"exportar", PorNombre{u"BrowPedi"_s}},
@@ -89,8 +89,7 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
   refrescarPersonal();
   mostrarPanel(kPrincipal);
   atenderBandeja();
-  connect(&contexto.ventanas, &ventanas::Ventanas::descargada, this,
-          [this] { hijaIda_ = this->contexto().reloj.monotono(); });
+  qApp->installEventFilter(this);
   connect(manana_, &Manana::elegida, this, &MainTarvo::ir);
   connect(manana_, &Manana::fallo, this, [this](const Error& e) { decirFallo(e); });
 }
@@ -173,6 +172,17 @@ void MainTarvo::moverFoco(int pasos) {
   if (ui_.Propias->isAncestorOf(va)) ui_.SitioPropias->ensureWidgetVisible(va);
 }
 
+// Boxes, menus and file dialogs are no windows of the registry, but their Escape isn't this
+// window's either.
+bool MainTarvo::eventFilter(QObject* objeto, QEvent* evento) {
+  if (evento->type() != QEvent::Hide || evento->spontaneous() || objeto == this ||
+      !objeto->isWidgetType())
+    return false;
+  const auto& w = *static_cast<QWidget*>(objeto);
+  if (w.isWindow() && w.windowType() != Qt::ToolTip) hijaIda_ = contexto().reloj.monotono();
+  return false;
+}
+
 void MainTarvo::hijaCerradaSola() {
   Ventana::hijaCerradaSola();
   escapeAjeno_ = true;
@@ -191,7 +201,7 @@ void MainTarvo::keyPressEvent(QKeyEvent* evento) {
   Ventana::keyPressEvent(evento);
 }
 
-// An Escape right after a child window has closed was meant for that window, and so may be the
+// An Escape right after another window has closed was meant for that window, and so may be the
 // first one after one has closed by itself, however late: nothing else was done here since. If a
 // run or a collection is in progress, it asks before closing, so that it isn't ended by accident.
 bool MainTarvo::atiendeEscape(const QKeyEvent& escape) {

@@ -44,6 +44,7 @@ class MainTarvo final : public ventanas::Ventana {
   bool atiendeEscape(const QKeyEvent& escape);
   bool esLaUnica() const;
   void moverFoco(int pasos);
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
   void hijaCerradaSola() override;
   void changeEvent(QEvent* evento) override;
   void keyPressEvent(QKeyEvent* evento) override;
@@ -73,7 +74,8 @@ class MainTarvo final : public ventanas::Ventana {
   SysTray* tray_;
   ventanas::Deshacer* deshacer_;  // of the person's own entries
   bool suspendiendo_ = false;
-  qint64 hijaIda_ = -1;       // when another window was last closed, on the monotonic clock
+  qint64 hijaIda_ =
+      -1;  // when another window, a box or a menu was last closed, on the monotonic clock
   bool escapeAjeno_ = false;  // the next Escape may be meant for a window that has closed by itself
   bool enPersonal_ = false;   // the pop-up menu or the dialog of an own entry is open
   QPointer<QWidget> ultimaEntrada_;

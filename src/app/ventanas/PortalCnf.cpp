@@ -1,6 +1,7 @@
 #include "app/ventanas/PortalCnf.h"
 
 #include "app/ventanas/Entrada.h"
+#include "app/ventanas/Lleva.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/Alcance.h"
@@ -21,23 +22,26 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
   enlazar();
   const struct {
     Entrada* boton;
-    QString icono, ventana;
-  } entradas[] = {{ui_.Comunicaciones, u"modem"_s, u"CfgComm"_s},
-                  {ui_.CopiarBases, u"copiar"_s, u"CopiaMDB"_s},
-                  {ui_.Euros, u"sumar"_s, u"Pts2Eur"_s},
-                  {ui_.CopiaSeguridad, u"guardar"_s, u"gesBackup"_s},
-                  {ui_.Conversion, u"importar"_s, u"MainTvc"_s}};
+    QString icono;
+    Lleva lleva;
+  } entradas[] = {{ui_.Comunicaciones, u"modem"_s, comm::PuertaCfgComm()},
+                  {ui_.CopiarBases, u"copiar"_s, PorNombre{u"CopiaMDB"_s}},
+                  {ui_.Euros, u"sumar"_s, PorNombre{u"Pts2Eur"_s}},
+                  {ui_.CopiaSeguridad, u"guardar"_s, PorNombre{u"gesBackup"_s}},
+                  {ui_.Conversion, u"importar"_s, importar::PuertaMainTvc()}};
   QSet<QChar> usadas = ventanas::letrasUsadas(*cuerpo());
   for (const auto& e : entradas) {
     const int lado = ventanas::escalar(ventanas::kIconoGrande);
     e.boton->setIcon(ventanas::icono(e.icono));
     e.boton->setIconSize({lado, lado});
     e.boton->setText(ventanas::conLetra(e.boton->text(), usadas));
-    connect(e.boton, &QToolButton::clicked, this, [this, v = e.ventana] {
-      if (!this->contexto().ventanas.conoce(v)) return decirPista(t(kTxSinEstaVentana));
-      this->contexto().ventanas.abrir(v, this);
+    connect(e.boton, &QToolButton::clicked, this, [this, lleva = e.lleva] {
+      if (!this->contexto().ventanas.conoce(ventanaDe(lleva)))
+        return decirPista(t(kTxSinEstaVentana));
+      abrirLo(this->contexto().ventanas, lleva, this);
     });
-    if (!contexto.ventanas.conoce(e.ventana)) e.boton->ponerSinVentana(t(kTxSinEstaVentana));
+    if (!contexto.ventanas.conoce(ventanaDe(e.lleva)))
+      e.boton->ponerSinVentana(t(kTxSinEstaVentana));
   }
   ponerAspecto();
   connect(ui_.Salir, &QPushButton::clicked, this, &QWidget::close);

@@ -48,9 +48,8 @@ std::optional<Lleva> delProceso(const QString& ruta, const Fondo& fondo, const A
 }
 
 // The mode of the program: a process, a timetable, or the main window.
-std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app,
-                                    const ventanas::Ventanas& todas) {
-  if (!o.ventana.isEmpty()) return PorNombre{o.ventana, todas.muestra(o.ventana)};
+std::optional<Lleva> primeraVentana(const Ordenes& o, const Fondo& fondo, const Aplicacion& app) {
+  if (!o.ventana.isEmpty()) return PorNombre{o.ventana};
   if (o.proceso.trimmed().isEmpty()) return PuertaMainTarvo();
   return delProceso(rutaProceso(o.proceso, fondo.ajustes), fondo, app);
 }
@@ -106,7 +105,7 @@ int conVentanas(QApplication& qt, const Ordenes& o, Fondo& fondo, Reloj& reloj,
   ventanas::Ventanas& ventanas = escritorio.ventanas();
   registrarVentanas(ventanas, aplicacion);
   preguntas.poner(&ventanas);
-  const auto primera = primeraVentana(o, fondo, aplicacion, ventanas);
+  const auto primera = primeraVentana(o, fondo, aplicacion);
   if (!primera) return guardarAjustes(fondo, kSinProceso);
   const QString nombre = ventanaDe(*primera);
   if (!ventanas.conoce(nombre)) {

@@ -300,7 +300,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   if (g.link > 0)
     r.lleva = totals::PuertaVerCols{.link = g.link, .grupo = g.grupo};
   else
-    r.lleva = totals::PuertaVerTot();
+    r.lleva = comm::PuertaEstadoEnvio{g.grupo};  // it was sent to, or no sales of it were asked for
   return r;
 }
 
@@ -361,6 +361,18 @@ QString cuandoFue(Fecha momento, Fecha ahora, const Textos& t) {
   }
 }
 
+namespace {
+
+// One that can be finished is finished in its own window; any can be undone from the list of its
+// section.
+Lleva adondeSeResuelve(const articles::LoteAMedias& lote) {
+  const int seccion = lote.secciones.empty() ? 0 : lote.secciones.front();
+  if (lote.porHacer > 0) return precios::PuertaCambioLote{.seccion = seccion};
+  return articles::PuertaBrowPLUs{.seccion = seccion};
+}
+
+}  // namespace
+
 void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
                     const Textos& textos) {
   if (lotes.empty()) return;
@@ -373,7 +385,7 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
                       .titulo = {},
                       .texto = articles::decirAMedias(l, textos),
                       .valor = {},
-                      .lleva = PorNombre{l.ventana}});
+                      .lleva = adondeSeResuelve(l)});
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 

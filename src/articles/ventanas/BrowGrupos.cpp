@@ -56,10 +56,10 @@ void BrowGrupos::montar() {
   unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] {
     if (const auto en = actual()) abrir(PuertaEdIvaSeccs{en->seccion});
   });
-  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F8, [this] {
+  unir(ui_.VerPrecios, u"reloj"_s, Qt::Key_F9, [this] {
     if (const auto en = actual()) abrir(PuertaVerPrecios{en->seccion});
   });
-  unir(ui_.VerXtrac, u"totales"_s, Qt::CTRL | Qt::Key_T, [this] {
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] {
     if (const auto en = actual())
       abrir(totals::PuertaVerFils{
           .clase = TipoTotal::Departamentos, .seccion = en->seccion, .codigo = en->departamento});
@@ -257,7 +257,7 @@ void BrowGrupos::apuntarNuevo(Nodo nodo) {
   const int que = nodo.departamento == 0 ? kTxSeccionNueva : kTxDepartamentoNuevo;
   deshacer_->apuntar(t(que).arg(cual), [=, this]() -> Resultado<Vuelto> {
     const bool seccion = nodo.departamento == 0;
-    if (seccion && !contexto().ventanas.descargar(u"BrowPLUs"_s)) return Vuelto{.queda = true};
+    if (seccion && !contexto().ventanas.descargar<PuertaBrowPLUs>()) return Vuelto{.queda = true};
     const Nodo vecino = seccion ? Nodo{} : vecinoDe(nodo);
     TARVO_INTENTAR(secciones_.quitarNuevo(nodo.seccion, nodo.departamento));
     RefrescoArbol();
@@ -278,7 +278,7 @@ bool BrowGrupos::event(QEvent* evento) {
 
 bool BrowGrupos::QueryUnload() {
   trabajo().parar();
-  if (!contexto().ventanas.cargada(u"BrowPLUs"_s) && !enviarAlSalir(*this, catalogo_, motor_))
+  if (!contexto().ventanas.cargada<PuertaBrowPLUs>() && !enviarAlSalir(*this, catalogo_, motor_))
     return true;
   deshacer_->olvidar();
   return false;

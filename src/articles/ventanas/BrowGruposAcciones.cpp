@@ -57,7 +57,7 @@ void BrowGrupos::copiar() {
 // A copy in which something may have been changed since is removed only after a question; one that
 // has groups isn't.
 Resultado<BrowGrupos::Vuelto> BrowGrupos::quitarCopia(CopiaSeccion& copia, qint64 cambios) {
-  if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return Vuelto{.queda = true};
+  if (!contexto().ventanas.descargar<PuertaBrowPLUs>()) return Vuelto{.queda = true};
   const QString cual = decirNodo({copia.numero(), 0});
   TARVO_TOMAR(const auto va, secciones_.loQueSeVa(copia.numero()));
   if (va.cuentas.grupos > 0) return fallo(Fallo::Restriccion, t(kTxCopiaConGrupos).arg(cual));
@@ -126,7 +126,7 @@ void BrowGrupos::borrarSeccion(int seccion) {
   if (!haIdoBien(va)) return;
   const QString nombre = buscar({seccion, 0}) ? buscar({seccion, 0})->text(0) : QString();
   if (!confirmarSeccion(seccion, nombre, *va)) return;
-  if (!contexto().ventanas.descargar(u"BrowPLUs"_s)) return;
+  if (!contexto().ventanas.descargar<PuertaBrowPLUs>()) return;
   auto ida = std::make_shared<BorradoSeccion>(catalogo_, seccion);
   const auto copia = ida->borrar(contexto().ajustes.HomeDir, contexto().reloj.ahora());
   if (copia)

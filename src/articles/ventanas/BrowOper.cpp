@@ -32,7 +32,7 @@ void BrowOper::montar() {
   deshacer_->seguirTandas(*ui_.Grid);
   ui_.Grid->ponerTodoONada([this](const auto& hacer) { return motor_.todoONada(hacer); });
   connect(deshacer_, &ventanas::Deshacer::deshecho, this, &BrowOper::actualCambiada);
-  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F4, [this] { verVentas(); });
+  unir(ui_.VerXtrac, u"totales"_s, Qt::Key_F8, [this] { verVentas(); });
   ui_.Grid->preparar(contexto(), nombre(),
                      {{.titulo = ventanas::kTxCodigo,
                        .campo = u"CODOPE"_s,

@@ -5,8 +5,12 @@
 
 #include "articles/FichaArticulo.h"
 #include "articles/Listas.h"
+<<<<<<< HEAD
 #include "articles/Lotes.h"
 #include "articles/Vuelta.h"
+=======
+#include "articles/LotesAMedias.h"
+>>>>>>> marcos9
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/ParrillaPrecios.h"
@@ -21,7 +25,7 @@ class QMenu;
 
 namespace tarvo::articles {
 
-class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, public RecibeFichas {
+class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Q_OBJECT
  public:
   BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo& catalogo,
@@ -38,7 +42,6 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   void RefrescoRemoto() { refrescar(); }
   // Stores the prices of the current article.
   Resultado<> CambioPrecios(const Precios& precios);
-  void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) override;
   void SaltoPagUp() { saltar(-1); }
   void SaltoPagDn() { saltar(1); }
 
@@ -83,6 +86,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
   Resultado<> ponerEntero(qint64 fila, const QString& texto, const QString& columna,
                           int Articulo::* campo);
   void apuntar(const QString& que, const Articulo& antes, const Articulo& ahora);
+  void fichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora);
   void celdaEscrita(int columna);
   bool ordena(int columna) const;  // whether the list is sorted by that column
   Error incorrecto(int nombre, const QString& porQue = {}) const;
@@ -100,10 +104,15 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido, pub
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
   Resultado<bool> conformeConVolver(qint64 lote);
+<<<<<<< HEAD
   Resultado<Vuelto> volverDe(const std::shared_ptr<LoteGuardado>& lote, const QString& que,
                              int numero);
   void volverPorTramos(qint64 lote, qint64 articulos, const QString& que,
                        std::optional<int> numero);
+=======
+  Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
+  bool loDiceOtra(const LoteAMedias& lote);
+>>>>>>> marcos9
   void mirarLotes();
   QString nadaQueDeshacer();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);

@@ -43,9 +43,9 @@ void BrowPLUs::montarAcciones() {
   ui_.Imprimir->setIcon(ventanas::icono(u"imprimir"_s));
   ui_.Imprimir->setEnabled(false);
   ui_.Imprimir->setToolTip(t(kTxSinInformes));
-  permitir(*ui_.VerXtrac, contexto(), u"VerFils"_s, t(kTxSinEsa));
-  permitir(*ui_.Import, contexto(), u"ImpPLU"_s, t(kTxSinEsa));
-  permitir(*ui_.Varios, contexto(), u"CambioLote"_s, t(kTxSinEsa));
+  permitir<totals::PuertaVerFils>(*ui_.VerXtrac, contexto(), t(kTxSinEsa));
+  permitir<importar::PuertaImpPLU>(*ui_.Import, contexto(), t(kTxSinEsa));
+  permitir<precios::PuertaCambioLote>(*ui_.Varios, contexto(), t(kTxSinEsa));
   ui_.Grid->ponerAcciones({ui_.Nuevo, ui_.Modificar, ui_.Borro, ui_.Deshacer, ui_.Copio, ui_.Muevo,
                            ui_.VerXtrac, ui_.VerPrecios, ui_.Calculo, ui_.Varios, ui_.Import,
                            ui_.Imprimir, ui_.Envio});
@@ -72,21 +72,24 @@ void BrowPLUs::montarMenus() {
     return a;
   };
   auto* altas = menu(ui_.Nuevo, u"MnAltas"_s, u"anadir"_s, Qt::Key_Insert, ui_.barra);
-  permitir(*entrada(altas, u"MnRapido"_s, kTxAltaRapida,
-                    [this] { abrir(precios::PuertaFastAlta{seccion_, nombre()}); }),
-           contexto(), u"FastAlta"_s, t(kTxSinEsa));
+  permitir<precios::PuertaFastAlta>(
+      *entrada(altas, u"MnRapido"_s, kTxAltaRapida,
+               [this] { abrir(precios::PuertaFastAlta{seccion_, nombre()}); }),
+      contexto(), t(kTxSinEsa));
   entrada(altas, u"MnCompleto"_s, kTxAltaCompleta, [this] {
     editarCompleto(true);
   })->setShortcut(Qt::CTRL | Qt::Key_Insert);
   auto* modif = menu(ui_.Modificar, u"MnModif"_s, u"modificar"_s, Qt::Key_F3, ui_.barra);
-  permitir(*entrada(modif, u"MnRapidoM"_s, kTxModifRapida,
-                    [this] { abrir(precios::PuertaFastModf{seccion_, nombre()}); }),
-           contexto(), u"FastModf"_s, t(kTxSinEsa));
+  permitir<precios::PuertaFastModf>(
+      *entrada(modif, u"MnRapidoM"_s, kTxModifRapida,
+               [this] { abrir(precios::PuertaFastModf{seccion_, nombre()}); }),
+      contexto(), t(kTxSinEsa));
   entrada(modif, u"MnCompletoM"_s, kTxModifCompleta, [this] {
     editarCompleto(false);
   })->setShortcut(Qt::Key_F4);
-  permitir(*entrada(modif, u"MnCalculo"_s, kTxModifCalculo, [this] { calcular(); }), contexto(),
-           u"CalcPre"_s, t(kTxSinEsa));
+  permitir<precios::PuertaCalcPre>(
+      *entrada(modif, u"MnCalculo"_s, kTxModifCalculo, [this] { calcular(); }), contexto(),
+      t(kTxSinEsa));
   montarMenuEnvio(
       *menu(ui_.Envio, u"MnEnvioCambios"_s, u"enviar"_s, Qt::CTRL | Qt::Key_E, ui_.barra2), *this);
   for (QMenu* m : {altas, modif}) {
@@ -100,7 +103,7 @@ void BrowPLUs::habilitar() {
   for (QAction* a : {ui_.Modificar, ui_.Borro, ui_.Copio, ui_.Muevo, ui_.VerPrecios})
     a->setEnabled(hay);
   ui_.VerXtrac->setEnabled(hay && contexto().ventanas.conoce<totals::PuertaVerFils>());
-  ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce(u"CalcPre"_s));
+  ui_.Calculo->setEnabled(hay && contexto().ventanas.conoce<precios::PuertaCalcPre>());
   ui_.Nuevo->setEnabled(!trabajando_);
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !trabajando_);
   if (deshacer_->vacia()) ui_.Deshacer->setProperty(ventanas::kPorQueNo, nadaQueDeshacer());
@@ -110,7 +113,10 @@ void BrowPLUs::editarCompleto(bool nuevo) {
   const ClaveArticulo c = nuevo ? ClaveArticulo{seccion_, 0} : actual();
   if (!nuevo && c.codigo == 0) return;
   if (!nuevo && c.deSistema()) return decirDuda(t(kTxIntocables));
-  abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre()});
+  abrir(PuertaXEditPLU{c.seccion, departamento_, c.codigo, nombre(),
+                       [lista = QPointer(this)](const auto& antes, const auto& ahora) {
+                         if (lista) lista->fichaGuardada(antes, ahora);
+                       }});
 }
 
 // Opens its sales across periods.

@@ -54,7 +54,8 @@ void BrowPLUs::apuntar(const QString& que, const Articulo& antes, const Articulo
   habilitar();
 }
 
-void BrowPLUs::FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) {
+// What the complete editor saved can be taken back here.
+void BrowPLUs::fichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) {
   const auto volver = [this, antes, ahora]() -> Resultado<Vuelto> {
     const auto hecho = FichasArticulo(catalogo_).volver(antes, ahora, nombre());
     if (!hecho) return std::unexpected(informe(*this, hecho.error()));

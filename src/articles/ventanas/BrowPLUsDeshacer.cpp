@@ -56,15 +56,22 @@ BrowPLUs::Vuelto BrowPLUs::vueltaDe(const QString& bien, const Lotes::Deshecho& 
   return {t(kTxNoRepuestos, static_cast<int>(hecho.fuera.size())), true};
 }
 
+// A window that is still open speaks of its last batch itself.
+bool BrowPLUs::loDiceOtra(const LoteAMedias& lote) {
+  if (lote.ventana == nombre() || !contexto().ventanas.cargada(lote.ventana)) return false;
+  const auto ultimo = lotes_.ultimo(lote.ventana);
+  return haIdoBien(ultimo) && *ultimo && (*ultimo)->numero == lote.lote.numero;
+}
+
 // Reports the interrupted changes of this section, made by any window, and makes them undoable
-// here. Those of a window that is still open are left to it.
+// here.
 void BrowPLUs::mirarLotes() {
   for (const int numero : std::exchange(cortados_, {})) deshacer_->retirar(numero);
   const auto lotes = lotesAMedias(catalogo_);
   if (!haIdoBien(lotes)) return;
   for (const LoteAMedias& l : *lotes) {
     const bool suyo = std::ranges::find(l.secciones, seccion_) != l.secciones.end();
-    if (!suyo || (l.ventana != nombre() && contexto().ventanas.cargada(l.ventana))) continue;
+    if (!suyo || loDiceOtra(l)) continue;
     const QString que = decirAMedias(l, contexto().textos);
     cortados_.push_back(deshacer_->apuntar(que, [this, lote = l.lote, que]() -> Resultado<Vuelto> {
       return resolverCortado(lote, que);

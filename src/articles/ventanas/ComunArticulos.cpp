@@ -42,9 +42,7 @@ Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto,
   return *cantidad;
 }
 
-void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
-              const QString& siFalta) {
-  const bool hay = c.ventanas.conoce(ventana);
+void permitir(QAction& accion, bool hay, const QString& siFalta) {
   accion.setEnabled(hay);
   if (!hay) accion.setToolTip(siFalta);
 }

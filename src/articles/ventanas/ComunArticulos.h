@@ -7,16 +7,6 @@
 
 namespace tarvo::articles {
 
-struct FichaArticulo;
-
-// A list that can take back what the complete editor has saved.
-class RecibeFichas {
- public:
-  virtual ~RecibeFichas() = default;
-  // An article has been saved, new if `antes` is.
-  virtual void FichaGuardada(const FichaArticulo& antes, const FichaArticulo& ahora) = 0;
-};
-
 // The width of a column that fits the largest price.
 inline constexpr int kAnchoPrecio = 112;
 
@@ -33,9 +23,12 @@ Resultado<qint64> leerCantidad(const ventanas::Ventana& v, const QString& texto,
 // is refused.
 Resultado<qint64> leerPrecio(const ventanas::Ventana& v, const QString& texto, int moneda);
 
-// Enables an action that opens a window of another room if the registry knows that window;
+// Enables an action that opens the window of a door of another room if the registry knows it;
 // otherwise `siFalta` is its tool tip.
-void permitir(QAction& accion, const ventanas::Contexto& c, const QString& ventana,
-              const QString& siFalta);
+void permitir(QAction& accion, bool hay, const QString& siFalta);
+template <ventanas::EsPuerta P>
+void permitir(QAction& accion, const ventanas::Contexto& c, const QString& siFalta) {
+  permitir(accion, c.ventanas.conoce<P>(), siFalta);
+}
 
 }  // namespace tarvo::articles

@@ -6,6 +6,7 @@
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/QueHacemos.h"
 #include "articles/ventanas/TextosArticulosVentanas.h"
+#include "comm/ventanas/Puertas.h"
 
 namespace tarvo::articles {
 
@@ -57,7 +58,7 @@ Resultado<std::vector<int>> gruposDe(const Nombres& nombres, const std::vector<i
 void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::gestcomm& motor) {
   const auto grupos = gruposDe(quien.contexto().nombres, secciones);
   if (!quien.haIdoBien(grupos) || grupos->empty()) return;
-  ventanas::Ventana* comunicaciones = quien.contexto().ventanas.abrir(u"gestcomm"_s, &quien);
+  ventanas::Ventana* comunicaciones = quien.abrir(comm::PuertaGestcomm());
   QStringList rechazados;
   for (const int grupo : *grupos)
     if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, TipoTarea::TxPlus) != 0)

@@ -1,6 +1,7 @@
 // The doors of the windows of the catalogue.
 #pragma once
 
+#include <functional>
 #include <optional>
 
 #include "core/ventanas/marco/Puerta.h"
@@ -19,15 +20,19 @@ struct PuertaBrowGrupos {
 struct PuertaBrowPLUs {
   static constexpr QStringView kNombre = u"BrowPLUs";
   int seccion = 0, departamento = 0;
+  bool operator==(const PuertaBrowPLUs&) const = default;
 };
 
 // The complete editor of an article. Code 0: a new one; no code: the section's first one. `padre`:
-// the list to be refreshed after a change.
+// the list to be refreshed after a change. `alGuardar`: receives what was saved, as it is stored; a
+// new article if `antes` is one.
+struct FichaArticulo;
 struct PuertaXEditPLU {
   static constexpr QStringView kNombre = u"xEditPLU";
   int seccion = 0, departamento = 0;
   std::optional<qint64> codigo = {};
   QString padre = {};
+  std::function<void(const FichaArticulo& antes, const FichaArticulo& ahora)> alGuardar = {};
   QString instancia() const {
     return codigo ? QStringLiteral("%1.%2").arg(seccion).arg(*codigo) : QString();
   }

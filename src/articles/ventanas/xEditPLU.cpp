@@ -265,7 +265,7 @@ Resultado<> XEditPLU::entrar(const PuertaXEditPLU& puerta) {
       ventanas::llenar(*departamentos_, contexto().nombres.departamentos(clave.seccion), 2));
   TARVO_INTENTAR(
       listaHistoria_->abrir(listaHistoria({.seccion = clave.seccion, .codigo = clave.codigo})));
-  padre_ = puerta.padre;
+  puerta_ = puerta;
   cada_ = ficha.articulo.cada;
   TARVO_INTENTAR(editar(std::move(ficha)));
   deshacer_->olvidar();

@@ -71,7 +71,7 @@ class XEditPLU final : public ventanas::FichaDe<FichaArticulo> {
   QLabel *control_, *dibujo_, *deque_, *unidadStock_;
   ventanas::Deshacer* deshacer_;
   ventanas::Parrilla *listaPrecios_, *listaHistoria_, *listaStock_;
-  QString padre_;
+  PuertaXEditPLU puerta_;
   int moneda_, cada_ = 0;  // as displayed
 };
 

@@ -212,7 +212,7 @@ Resultado<> XEditPLU::aplicar() {
 }
 
 void XEditPLU::aplicada() {
-  if (auto* lista = contexto().ventanas.recorrido(padre_))
+  if (auto* lista = contexto().ventanas.recorrido(puerta_.padre))
     lista->refrescarEn({r.articulo.clave.seccion, r.articulo.clave.codigo});
   dejarDeshacer();
   decirDudas();
@@ -221,10 +221,9 @@ void XEditPLU::aplicada() {
 
 // The list from which it was opened can take back what was saved, as it is stored.
 void XEditPLU::dejarDeshacer() {
-  auto* lista = dynamic_cast<RecibeFichas*>(contexto().ventanas.cargada(padre_));
-  if (!lista || antes() == r) return;
+  if (!puerta_.alGuardar || antes() == r) return;
   if (const auto guardada = fichas_.leer(r.articulo.clave); haIdoBien(guardada))
-    lista->FichaGuardada(antes(), *guardada);
+    puerta_.alGuardar(antes(), *guardada);
 }
 
 // What was saved but should be checked: a new article without a price, a bar code entered here that
@@ -235,7 +234,7 @@ void XEditPLU::decirDudas() {
   };
   const Articulo& a = r.articulo;
   const QString duda = dudaDeBarras(a);
-  auto* lista = contexto().ventanas.cargada(padre_);
+  auto* lista = contexto().ventanas.cargada(puerta_.padre);
   if (!lista) return;
   QStringList dudas;
   if (antes().nueva() && a.precios == Precios{})

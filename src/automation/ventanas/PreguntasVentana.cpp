@@ -18,12 +18,12 @@ Contestacion PreguntasVentana::preguntar(const QString& nombre, const QString& p
   if (!ventanas_) return {};
   return ventanas_
       ->preguntar(PuertaEnParMac{.nombre = nombre, .pregunta = pregunta},
-                  ventanas_->cargada(u"Automat"_s))
+                  ventanas_->cargada<PuertaAutomat>())
       .value_or(Contestacion());
 }
 
 void PreguntasVentana::retirar() {
-  if (ventanas_) ventanas_->descargar(u"EnParMac"_s);
+  if (ventanas_) ventanas_->descargar<PuertaEnParMac>();
 }
 
 std::optional<qint64> PreguntasVentana::PromptNum(const QString& nombre, const QString& pregunta) {

@@ -13,6 +13,7 @@ namespace tarvo::comm {
 // The protocol's times and the four channels.
 struct PuertaCfgComm {
   static constexpr QStringView kNombre = u"CfgComm";
+  bool operator==(const PuertaCfgComm&) const = default;
 };
 
 // The port and line of a channel, and the commands of its modem.

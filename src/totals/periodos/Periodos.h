@@ -27,6 +27,13 @@ struct Columna {
   }
 };
 
+// What became of a period that was to be taken off the stock, or put back.
+enum class Descuento {
+  Hecho,
+  YaEstaba,   // its sales are off the stock already: nothing was changed
+  NoProcede,  // it isn't meant for the stock
+};
+
 // A table that names a period by its dates and must follow when they change.
 struct NotaDePeriodo {
   QString tabla;
@@ -69,8 +76,8 @@ class Periodos {
   // kind.
   Resultado<> SumarPeriodo(qint64 destino, qint64 origen, int signo = 1);
   // The larger period is created if missing. False, with nothing changed, when the period spans two
-  // of them or is of their own kind. An earlier version's sales are taken out first
-  // (saldarAcumulado).
+  // of them, is of their own kind, or is in it already. An earlier version's sales are taken out
+  // first (saldarAcumulado).
   Resultado<bool> AcumularPeriodo(int tipo, const Columna& origen);
   // Only when the mark of `origen` is set; otherwise false.
   Resultado<bool> DesacumularPeriodo(int tipo, const Columna& origen);
@@ -103,11 +110,12 @@ class Periodos {
   // Before a period is added to a larger one, or discounted: takes out an earlier version's sales.
   Resultado<> saldarAcumulado(int tipo, const Columna& nueva);
   Resultado<> saldarStock(const Columna& nueva);
-  // Takes the sales of the period off stock `veces` times (negative: puts them back), after
-  // settling an earlier version. False when it isn't stockable.
-  Resultado<bool> DescontarPeriodo(const Columna& c, int veces);
-  // Several in one transaction, skipping missing ones. Returns how many there were.
-  Resultado<int> DescontarVarios(const std::vector<qint64>& links, int veces);
+  // Takes the sales of the period off stock, once, after settling an earlier version; with
+  // `deshacer` puts them back.
+  Resultado<Descuento> DescontarPeriodo(const Columna& c, bool deshacer = false);
+  // Several in one transaction, skipping missing ones, those that are off the stock already and, of
+  // those to be put back, those that aren't. Returns how many it was done to.
+  Resultado<int> DescontarVarios(const std::vector<qint64>& links, bool deshacer);
 
   // What nights still owe of it: to which file, as it is noted, except those of `salvo`; into which
   // larger period; a sentence each.

@@ -79,6 +79,8 @@ Resultado<std::optional<qint64>> Periodos::destinoDe(int tipo, const Periodo& or
 
 Resultado<bool> Periodos::moverAcumulado(int tipo, const Columna& origen, int signo) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
+  TARVO_TOMAR(const auto ahora, columna(origen.LINK));  // not as it was when it was read
+  if (!ahora || ahora->acumulado(tipo) == (signo > 0)) return false;
   TARVO_TOMAR(const auto destino, destinoDe(tipo, origen.periodo));
   if (!destino) return false;
   if (signo > 0) TARVO_INTENTAR(saldarAcumulado(tipo, origen));
@@ -93,7 +95,6 @@ Resultado<bool> Periodos::AcumularPeriodo(int tipo, const Columna& origen) {
 }
 
 Resultado<bool> Periodos::DesacumularPeriodo(int tipo, const Columna& origen) {
-  if (!origen.acumulado(tipo)) return false;
   return moverAcumulado(tipo, origen, -1);
 }
 

@@ -136,26 +136,29 @@ Resultado<> Periodos::saldarStock(const Columna& nueva) {
   return t.confirmar();
 }
 
-Resultado<bool> Periodos::DescontarPeriodo(const Columna& c, int veces) {
+// Decided by the row as it is now: `c` may have been read before another window discounted it.
+Resultado<Descuento> Periodos::DescontarPeriodo(const Columna& c, bool deshacer) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  if (veces > 0 && c.stkABLE) {
+  TARVO_TOMAR(const auto ahora, columna(c.LINK));
+  if (!ahora || !ahora->stkABLE) return Descuento::NoProcede;
+  if (!deshacer && ahora->stkADO >= 1) return Descuento::YaEstaba;
+  if (!deshacer) {
     TARVO_INTENTAR(almacenes_.puedeDescontar(c.LINK));
-    TARVO_INTENTAR(saldarStock(c));
+    TARVO_INTENTAR(saldarStock(*ahora));
   }
-  auto hecho = almacenes_.DescontarVenta(c.LINK, veces);
-  if (!hecho) return hecho;
+  TARVO_TOMAR(const auto hecho, almacenes_.DescontarVenta(c.LINK, deshacer ? -1 : 1));
   TARVO_INTENTAR(t.confirmar());
-  return hecho;
+  return hecho ? Descuento::Hecho : Descuento::NoProcede;
 }
 
-Resultado<int> Periodos::DescontarVarios(const std::vector<qint64>& links, int veces) {
+Resultado<int> Periodos::DescontarVarios(const std::vector<qint64>& links, bool deshacer) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   int cuantos = 0;
   for (const qint64 link : links) {
     TARVO_TOMAR(const auto c, columna(link));
-    if (!c) continue;
-    TARVO_INTENTAR(DescontarPeriodo(*c, veces));
-    ++cuantos;
+    if (!c || (deshacer && c->stkADO < 1)) continue;
+    TARVO_TOMAR(const auto hecho, DescontarPeriodo(*c, deshacer));
+    cuantos += hecho == Descuento::Hecho ? 1 : 0;
   }
   TARVO_INTENTAR(t.confirmar());
   return cuantos;

@@ -99,11 +99,8 @@ Resultado<bool> VerTot::AcumularIntv(int tipo, int signo) {
 
 Resultado<bool> VerTot::StockIntv(bool deshacer) {
   return conSeleccion([&](const Columna& c, bool antes) -> Resultado<bool> {
-    if (!c.stkABLE) return false;
-    if (!deshacer && c.stkADO >= 1) return antes;  // its sales have already left the stock
-    const auto hecho = p_.DescontarPeriodo(c, deshacer ? -1 : 1);
-    if (!hecho) return hecho;
-    return antes && *hecho;
+    TARVO_TOMAR(const auto hecho, p_.DescontarPeriodo(c, deshacer));
+    return antes && hecho != Descuento::NoProcede;
   });
 }
 

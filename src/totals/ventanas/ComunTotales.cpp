@@ -65,6 +65,13 @@ void elegirEn(QComboBox& lista, const QVariant& dato) {
   lista.setCurrentIndex(i >= 0 ? i : lista.count() > 0 ? 0 : -1);
 }
 
+ventanas::Opciones mesesDelAno() {
+  ventanas::Opciones meses;
+  for (int mes = 1; mes <= 12; ++mes)
+    meses.push_back({mes, QLocale(QLocale::Spanish).standaloneMonthName(mes)});
+  return meses;
+}
+
 ventanas::Opciones tiposDePeriodo() {
   ventanas::Opciones tipos;
   for (int tipo = kDiario; tipo <= kOtros; ++tipo) tipos.push_back({tipo, NombreTipoPeriodo(tipo)});

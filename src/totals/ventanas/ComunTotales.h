@@ -11,6 +11,8 @@
 
 namespace tarvo::totals {
 
+inline constexpr int kPrimerAno = 1980, kUltimoAno = 2099;  // that may be typed as a number
+
 inline constexpr int kTodos = -1;  // the data of the first entry of such a list
 
 // Fills the list with codes and names, preceded by the entry "<<TODOS>>" if `textoTodos` isn't 0.
@@ -20,6 +22,7 @@ Resultado<> llenarLista(QComboBox& lista, ventanas::Contexto& c, const Nombres::
 std::optional<int> elegidoEn(const QComboBox& lista);
 void elegirEn(QComboBox& lista, const QVariant& dato);
 
+ventanas::Opciones mesesDelAno();  // by name; their values count from 1
 // The kinds of period, and the kinds of total available in the current language.
 ventanas::Opciones tiposDePeriodo();
 ventanas::Opciones clasesDeTotal(const ventanas::Contexto& c);

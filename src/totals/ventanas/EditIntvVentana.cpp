@@ -1,11 +1,8 @@
 // The period itself. Totals keyed in by hand are in EditIntvManual.cpp.
 #include "totals/ventanas/EditIntvVentana.h"
 
-#include <QLocale>
-
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
-#include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
 namespace tarvo::totals {
@@ -35,13 +32,11 @@ void EditIntvVentana::montar() {
   enlazarCampo(*ui_.LstTipo, r.tipo);
   enlazarCampo(*ui_.Fecha1, momento(r.desde, false));
   hasta_ = &enlazarCampo(*ui_.FechaF, momento(r.hasta, true));
-  ventanas::Opciones meses;
-  for (int mes = 1; mes <= 12; ++mes)
-    meses.push_back({mes, QLocale(QLocale::Spanish).standaloneMonthName(mes)});
-  ventanas::llenar(*ui_.LstMes, meses);
+  ano_ = &enlazarCampo(*ui_.spAno, numero(r.ano, kPrimerAno, kUltimoAno));
+  ventanas::llenar(*ui_.LstMes, mesesDelAno());
   connect(ui_.LstTipo, &QComboBox::activated, this, &EditIntvVentana::tipoCambiado);
   connect(ui_.LstMes, &QComboBox::activated, this, &EditIntvVentana::mesCambiado);
-  connect(ui_.spAno, &QSpinBox::valueChanged, this, &EditIntvVentana::mesCambiado);
+  connect(ano_, &ventanas::Campo::cambiado, this, &EditIntvVentana::mesCambiado);
   for (QLineEdit* campo : {ui_.Fecha1, ui_.FechaF})
     connect(campo, &QLineEdit::textEdited, this, &EditIntvVentana::pintarLimites);
 }
@@ -73,7 +68,7 @@ Resultado<> EditIntvVentana::entrar(const PuertaEditIntv& puerta) {
   ui_.LstGrupos->setCurrentIndex(-1);
   TARVO_INTENTAR(llenarLista(*ui_.LstOper, contexto(), contexto().nombres.operadores(), 4, 0));
   ui_.LstOper->setCurrentIndex(-1);
-  TARVO_INTENTAR(editar({p.tipo, p.desde, p.hasta, {}}));
+  TARVO_INTENTAR(editar({p.tipo, p.desde, p.hasta, p.desde.qdate().year(), {}}));
   tipoCambiado();
   vaciarEntrada();
   deshacer_->olvidar();
@@ -90,27 +85,33 @@ void EditIntvVentana::tipoCambiado() {
   const auto escrita = Fecha::leer(ui_.Fecha1->text().trimmed());
   if (conAno && escrita) {
     ui_.LstMes->setCurrentIndex(escrita->qdate().month() - 1);
-    ui_.spAno->setValue(escrita->qdate().year());
+    ui_.spAno->setText(QString::number(escrita->qdate().year()));
+    ano_->marcar({});
   }
+  // A disabled field isn't read.
   ui_.LstMes->setVisible(conMes);
   ui_.rotuloMes->setVisible(conMes);
   ui_.spAno->setVisible(conAno);
+  ui_.spAno->setEnabled(conAno);
   ui_.rotuloAno->setVisible(conAno);
   ui_.Fecha1->setVisible(!conAno);
   ui_.rotulo1->setVisible(!conAno);
   ui_.FechaF->setVisible(tipo == kOtros);
-  ui_.FechaF->setEnabled(tipo == kOtros);  // a disabled field isn't read
+  ui_.FechaF->setEnabled(tipo == kOtros);
   ui_.rotuloF->setVisible(tipo == kOtros);
   if (conAno) mesCambiado();
   pintarLimites();
 }
 
-// For a month or a year, sets the beginning to its first day.
+// For a month or a year, sets the beginning to its first day. What isn't a year is refused when the
+// sheet is read.
 void EditIntvVentana::mesCambiado() {
   const int tipo = ui_.LstTipo->currentData().toInt();
   if (tipo != kMensual && tipo != kAnual) return;
   const int mes = tipo == kMensual ? ui_.LstMes->currentIndex() + 1 : 1;
-  ui_.Fecha1->setText(Fecha::de(QDate(ui_.spAno->value(), mes, 1)).corta());
+  const int ano = ui_.spAno->text().trimmed().toInt();
+  if (ano < kPrimerAno || ano > kUltimoAno) return ui_.limites->setText({});
+  ui_.Fecha1->setText(Fecha::de(QDate(ano, mes, 1)).corta());
   pintarLimites();
 }
 

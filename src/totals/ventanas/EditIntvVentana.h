@@ -5,6 +5,7 @@
 #include "core/ventanas/edicion/Deshacer.h"
 #include "core/ventanas/edicion/Ficha.h"
 #include "totals/periodos/Manuales.h"
+#include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/Puertas.h"
 #include "ui_EditIntv.h"
 
@@ -14,6 +15,7 @@ namespace tarvo::totals {
 struct PeriodoEditado {
   int tipo = kDiario;
   Fecha desde, hasta;
+  int ano = kPrimerAno;  // as typed, for a month or a year
   std::vector<EntradaManual> entradas;
   bool operator==(const PeriodoEditado&) const = default;
 };
@@ -60,7 +62,7 @@ class EditIntvVentana final : public ventanas::FichaDe<PeriodoEditado> {
   bool nuevo_ = true;
   qint64 link_ = 0;
   Guardado guardado_;
-  ventanas::Campo* hasta_ = nullptr;
+  ventanas::Campo *hasta_ = nullptr, *ano_ = nullptr;
   EntradaManual entrada_;  // what is written and not yet in the list
   qint64 plu_ = 0;
   ventanas::Renglon renglon_;

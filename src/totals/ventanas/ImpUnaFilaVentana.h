@@ -1,16 +1,24 @@
 // ImpUnaFila: asks for the time span of the rows that VerFils shows.
 #pragma once
 
-#include <QCheckBox>
-#include <QDateEdit>
-
 #include "core/ventanas/edicion/Ficha.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::totals {
 
-// It changes no data, so it asks nothing when it is closed.
-class ImpUnaFilaVentana final : public ventanas::Ficha {
+// One end of the span: a day, or the month and year, or the year, according to the kind of period.
+struct ExtremoIntervalo {
+  bool puesto = false;
+  std::optional<Fecha> dia;
+  int mes = 1, ano = 0;
+  bool operator==(const ExtremoIntervalo&) const = default;
+};
+struct IntervaloEscrito {
+  ExtremoIntervalo desde, hasta;
+  bool operator==(const IntervaloEscrito&) const = default;
+};
+
+class ImpUnaFilaVentana final : public ventanas::FichaDe<IntervaloEscrito> {
  public:
   ImpUnaFilaVentana(ventanas::Contexto& contexto, const QString& nombre);
   Resultado<> entrar(const PuertaImpUnaFila& puerta);
@@ -18,11 +26,16 @@ class ImpUnaFilaVentana final : public ventanas::Ficha {
  private:
   struct Extremo {
     QCheckBox* si;
-    QDateEdit* fecha;
+    ventanas::Campo *dia, *mes, *ano;
   };
-  std::optional<Fecha> fechaDe(const Extremo& extremo) const;
-  Resultado<> aplicar() override;
-  void aplicada() override { entregar(IntervaloFila{fechaDe(desde_), fechaDe(hasta_)}); }
+  Extremo montar(ventanas::Formulario& f, ExtremoIntervalo& donde, int rotulo, int ayuda,
+                 const QString& nombre);
+  void poner(const Extremo& extremo) const;
+  std::optional<Fecha> fechaDe(const ExtremoIntervalo& extremo) const;
+  std::vector<FaltaCampo> comprobar() override;
+  void aplicada() override { entregar(IntervaloFila{fechaDe(r.desde), fechaDe(r.hasta)}); }
+  // A span that isn't asked for is nothing lost.
+  bool cambiada() const override { return false; }
 
   QLabel* titulo_;
   Extremo desde_, hasta_;

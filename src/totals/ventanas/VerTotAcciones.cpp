@@ -295,8 +295,6 @@ Resultado<bool> VerTotVentana::acumularUno(qint64 link, int tipo,
                                            std::vector<Acumulacion>& hechas) {
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
-  TARVO_TOMAR(const auto chequeo, motor_.ChequeoAcumulado(*c, tipo));
-  if (chequeo == 2) return false;
   TARVO_TOMAR(const auto hecha, Acumulaciones(p_).acumular(tipo, *c));
   if (hecha) hechas.push_back(*hecha);
   return hecha.has_value();
@@ -410,14 +408,14 @@ void VerTotVentana::descontar(bool deshacer) {
       [=, this](Cuentas c) {
         if (c.bien > 0)
           apuntar({t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
-                   [=, this] { return desdescontar(*hechos, deshacer ? 1 : -1); }, *hechos});
+                   [=, this] { return desdescontar(*hechos, !deshacer); }, *hechos});
         decirCuentas(t(deshacer ? kTxIncorporados : kTxDescontados, c.bien), kTxNoDescontados, c);
       });
 }
 
-// Skips periods deleted or replaced meanwhile; NoExiste if all were.
-Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, int veces) {
-  TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, veces));
+// Skips periods deleted, replaced or moved meanwhile; NoExiste if all were.
+Resultado<> VerTotVentana::desdescontar(const std::vector<qint64>& links, bool deshacer) {
+  TARVO_TOMAR(const auto cuantos, p_.DescontarVarios(links, deshacer));
   if (cuantos == 0) return fallo(Fallo::NoExiste, t(kTxYaNoEstan));
   return {};
 }
@@ -427,10 +425,9 @@ Resultado<bool> VerTotVentana::descontarUno(qint64 link, bool deshacer,
   TARVO_TOMAR(const auto c, p_.columna(link));
   if (!c) return false;
   if (!c->stkABLE && !preguntar(PuertaNoStkBle())) return false;
-  if (!deshacer && c->stkADO >= 1) return false;  // its sales are already deducted from stock
-  const auto hecho = p_.DescontarPeriodo(*c, deshacer ? -1 : 1);
-  if (hecho && *hecho) hechos.push_back(link);
-  return hecho;
+  TARVO_TOMAR(const auto hecho, p_.DescontarPeriodo(*c, deshacer));
+  if (hecho == Descuento::Hecho) hechos.push_back(link);
+  return hecho == Descuento::Hecho;
 }
 
 // --- other windows

@@ -71,7 +71,7 @@ class VerTotVentana final : public ventanas::Ventana {
   void sumarEn(const std::vector<qint64>& links, bool nuevo);
   void descontar(bool deshacer);
   Resultado<bool> descontarUno(qint64 link, bool deshacer, std::vector<qint64>& hechos);
-  Resultado<> desdescontar(const std::vector<qint64>& links, int veces);
+  Resultado<> desdescontar(const std::vector<qint64>& links, bool deshacer);
   void elegirPeriodo(qint64 link);
   void exportar();
   void importar();

@@ -126,7 +126,9 @@ TEST(Editor, LoGuardadoVuelveEnLaLista) {
     t.existencias({.almacen = 1, .codigo = 10, .inicial = 500});
     const QString antes = t.leer(todo);
     auto* lista = t.abrir(PuertaBrowPLUs{});
-    auto* v = t.abrir(PuertaXEditPLU{.seccion = 1, .codigo = c.codigo, .padre = u"BrowPLUs"_s});
+    lista->findChild<QAction*>(c.codigo == 0 ? u"MnCompleto"_s : u"MnCompletoM"_s)->trigger();
+    auto* v = t.escritorio.ventanas().cargada(u"xEditPLU#1.%1"_s.arg(c.codigo));
+    ASSERT_TRUE(v && t.activa(v));
     t.control(v, u"txCod")->setText(u"11"_s);
     t.control(v, u"txNom")->setText(u"Níscalo"_s);
     auto& contadores = t.lista(v, u"GrdStk");

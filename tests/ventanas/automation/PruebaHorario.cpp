@@ -7,6 +7,7 @@
 #include <QTableView>
 
 #include "MesaDeProcesos.h"
+#include "app/ventanas/Puertas.h"
 #include "automation/lenguaje/Horario.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/parrilla/ModeloVivo.h"
@@ -26,8 +27,7 @@ struct Horarios : MesaDeProcesos {
   Horarios() : MesaDeProcesos({1}) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, preguntarEnVano(2));
-    todas().registrar(u"MainTarvo"_s,
-                      [](ventanas::Contexto& c, const QString& n) { return new Ventana(c, n); });
+    todas().registrar<app::PuertaMainTarvo, Lisa>();
   }
   Ventana* editar(const QString& nombre = {}) {
     return todas().abrir(PuertaEdiCron{nombre.isEmpty() ? QString() : ruta(nombre)});

@@ -1,4 +1,5 @@
 // The dialogs that choose the groups of a task.
+#include <QAccessible>
 
 #include "MesaDeGestcomm.h"
 
@@ -38,6 +39,30 @@ TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
     EXPECT_EQ(t.back().datos.Hasta, c.hasta);
     gestor->terminator();
   }
+}
+
+// A list of groups is chosen from by assistive tools too: each row can be heard, and chosen or not.
+TEST_F(Gestcomm, LosGruposSeEligenDeOido) {
+  dosGrupos();
+  gestor->CambioAModo(false);
+  auto* v = abrir(comm::PuertaGrpDlg{TipoTarea::RxOpera, comm::kModoBalanza});
+  auto* grupos = v->findChild<QListWidget*>(u"lstGpo"_s);
+  auto* lista = QAccessible::queryAccessibleInterface(grupos);
+  ASSERT_EQ(lista->role(), QAccessible::List);
+  ASSERT_EQ(lista->childCount(), 2);
+  for (const int i : {0, 1}) {
+    QAccessibleInterface* fila = lista->child(i);
+    EXPECT_TRUE(fila->text(QAccessible::Name).startsWith(u"000%1"_s.arg(i + 1)));
+    ASSERT_TRUE(fila->actionInterface() && fila->state().selectable);
+    const bool antes = fila->state().selected;
+    EXPECT_EQ(antes, i == 0);
+    fila->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(fila->state().selected, !antes);
+  }
+  QTest::keyClick(v->findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  ASSERT_EQ(gestor->tareas().size(), 1U);
+  EXPECT_EQ(gestor->tareas().front().datos.Grupo, 2);
+  gestor->terminator();
 }
 
 // What can't be meant is refused in words, with nothing queued; what is left goes without a

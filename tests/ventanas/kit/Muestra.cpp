@@ -58,11 +58,10 @@ Muestra::Muestra(Contexto& c, const QString& nombre, dao::Database& db)
   connect(ui.Cancelo, &QPushButton::clicked, this, &Muestra::rechazar);
 }
 
-Resultado<> Muestra::preparar(const Argumentos& argumentos) {
-  dados = argumentos;
-  if (alPreparar) alPreparar();
-  if (argumentos.contains(u"falla"_s))
-    return fallo(Fallo::NoExiste, u"No hay tal periodo."_s, 3024);
+Resultado<> Muestra::entrar(const ComoMuestra& como) {
+  modo = como.modo;
+  if (alEntrar) alEntrar();
+  if (como.falla) return fallo(Fallo::NoExiste, u"No hay tal periodo."_s, 3024);
   if (db_.existeTabla(u"ART"))
     TARVO_INTENTAR(ui.lista->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s}));
   std::vector<FilaViva> filas;

@@ -14,21 +14,35 @@ inline const QString kTextosMuestra =
     u"9913\tCantidad\n9914\tFecha\n9915\tMemorizado\n9916\tTarea\n9917\tEstado\n9918\tTipo\n"
     u"9919\tNo hay ningún periodo: memorice la sesión o cree uno con Nuevo.\n"_s;
 
-class Muestra final : public ventanas::Ventana {
+// How a sample window is opened; each of its doors is one of these with a name.
+struct ComoMuestra {
+  int modo = 0;
+  bool falla = false;
+  QString cual = {};
+  QString instancia() const { return cual; }
+};
+struct PuertaDeMuestra : ComoMuestra {
+  static constexpr QStringView kNombre = u"Muestra";
+};
+struct PuertaDePrincipal : ComoMuestra {
+  static constexpr QStringView kNombre = u"MainTarvo";
+};
+
+class Muestra : public ventanas::Ventana {
   Q_OBJECT
  public:
   Muestra(ventanas::Contexto& c, const QString& nombre, dao::Database& db);
-  Resultado<> preparar(const ventanas::Argumentos& argumentos) override;
+  Resultado<> entrar(const ComoMuestra& como);
   bool QueryUnload() override {
     ++preguntas;
     return alDescargar ? alDescargar() : seNiega;
   }
 
-  ventanas::Argumentos dados;
+  int modo = 0;
   bool seNiega = false;
   int preguntas = 0;
   std::function<bool()> alDescargar;
-  std::function<void()> alPreparar;
+  std::function<void()> alEntrar;
   Ui::Muestra ui;
 
  private:

@@ -12,7 +12,7 @@ TEST(Capturas, NadaCortado) {
   for (const bool llena : {true, false}) {
     Mesa mesa(kTextosMuestra);
     llenarArticulos(mesa, llena ? 1000 : 0);
-    mesa.escritorio.ventanas().registrar(u"Muestra"_s, ventanas::fabrica<Muestra>(*mesa.db));
+    mesa.escritorio.ventanas().registrar<PuertaDeMuestra, Muestra>(*mesa.db);
     const QString fuera = qEnvironmentVariable("TARVO_CAPTURAS");
     const QString carpeta = fuera.isEmpty() ? mesa.ruta(u"png"_s) : fuera;
     const QStringList faltas = capturas::capturar(
@@ -28,8 +28,8 @@ TEST(Capturas, NadaCortado) {
 // user.
 TEST(Capturas, DiceLaQueNoSeAbre) {
   Mesa mesa(kTextosMuestra);
-  mesa.escritorio.ventanas().registrar(u"Muestra"_s, ventanas::fabrica<Muestra>(*mesa.db),
-                                       {{u"falla"_s, true}});
+  mesa.escritorio.ventanas().registrar<PuertaDeMuestra, Muestra>(*mesa.db);
+  mesa.escritorio.ventanas().ponerMuestra(PuertaDeMuestra{{.falla = true}});
   const QStringList faltas = capturas::capturar(
       mesa.escritorio,
       {.carpeta = mesa.ruta(u"png"_s), .marca = u"llena"_s, .solo = {u"Muestra"_s}});

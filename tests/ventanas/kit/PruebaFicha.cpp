@@ -34,6 +34,10 @@ struct Datos {
   bool operator==(const Datos&) const = default;
 };
 
+struct PuertaDeLista {
+  static constexpr QStringView kNombre = u"Lista";
+};
+
 struct PuertaMuestra {
   static constexpr QStringView kNombre = u"FichaMuestra";
   using Salida = Datos;
@@ -285,7 +289,7 @@ TEST_F(ConFicha, UnDiaLejanoSePregunta) {
 // Every action can be reached: the bar by Tab, each of its buttons by a letter of its own.
 TEST(Alcance, LaBarraEntraEnElTabulador) {
   Mesa m(kTextosMuestra);
-  m.escritorio.ventanas().registrar(u"Muestra"_s, fabrica<Muestra>(*m.db));
+  m.escritorio.ventanas().registrar<PuertaDeMuestra, Muestra>(*m.db);
   auto* v = static_cast<Muestra*>(m.escritorio.ventanas().abrir(u"Muestra"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   QSet<QKeySequence> letras;
@@ -305,7 +309,7 @@ TEST(Alcance, LaBarraEntraEnElTabulador) {
 TEST(Alcance, CtrlFDesdeUnaLista) {
   Mesa m(kTextosMuestra);
   llenarArticulos(m, 20);
-  m.escritorio.ventanas().registrar(u"Muestra"_s, fabrica<Muestra>(*m.db));
+  m.escritorio.ventanas().registrar<PuertaDeMuestra, Muestra>(*m.db);
   auto* v = static_cast<Muestra*>(m.escritorio.ventanas().abrir(u"Muestra"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   auto* lista = v->findChild<QComboBox*>();
@@ -400,14 +404,14 @@ TEST(Deshacer, LasCeldasVuelven) {
       deshacer = new Deshacer(*this);
       deshacer->seguirCeldas(*parrilla);
     }
-    Resultado<> preparar(const Argumentos&) override {
+    Resultado<> entrar(const PuertaDeLista&) {
       return parrilla->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s});
     }
     Parrilla* parrilla;
     Deshacer* deshacer;
     bool cerrada = false;
   };
-  m.escritorio.ventanas().registrar(u"Lista"_s, fabrica<Lista>(m));
+  m.escritorio.ventanas().registrar<PuertaDeLista, Lista>(m);
   auto* v = static_cast<Lista*>(m.escritorio.ventanas().abrir(u"Lista"_s));
   ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
   auto* vista = v->parrilla->vista();
@@ -440,9 +444,8 @@ TEST(Deshacer, LasCeldasVuelven) {
 // After a stop it reports how far it got; its commands are disabled meanwhile.
 TEST(Faena, DiceDondeSeParo) {
   Mesa m(kTextosMuestra);
-  m.escritorio.ventanas().registrar(
-      u"Lisa"_s, [](Contexto& c, const QString& n) { return new Ventana(c, n); });
-  Ventana* v = m.escritorio.ventanas().abrir(u"Lisa"_s);
+  m.escritorio.ventanas().registrar<PuertaDeLista, Lisa>();
+  Ventana* v = m.escritorio.ventanas().abrir(PuertaDeLista());
   Ordenes ordenes(*v, nullptr);
   QAction* orden = ordenes.anadir({.nombre = u"abrir"_s, .texto = 9904, .hacer = [] {}});
   Deshacer deshacer(*v);

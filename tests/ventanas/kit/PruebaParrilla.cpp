@@ -245,6 +245,30 @@ TEST(Parrilla, MuestraGrupos) {
   EXPECT_EQ(l.p.filas(), 2) << "the former rows stay if the query fails";
 }
 
+// A list is sorted with keys alone, by the column of the current cell, and says how.
+TEST(Parrilla, SeOrdenaConTeclas) {
+  Lista l(50);
+  auto columnas = columnasArticulos();
+  columnas[2].ordenable = false;
+  l.p.preparar(l.contexto(), u"Prueba"_s, columnas);
+  l.abrir();
+  const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
+  const auto por = [&](int columna) {
+    l.p.vista()->setCurrentIndex(l.p.modelo()->index(l.p.filaDe(7), columna));
+    QTest::keyClick(l.p.vista(), Qt::Key_O, Qt::ControlModifier | Qt::ShiftModifier);
+    return aviso->toolTip();
+  };
+  const QString codigo = l.textos(columnas[0].titulo).trimmed();
+  EXPECT_EQ(por(0), u"Ordenada por «%1»"_s.arg(codigo));
+  EXPECT_EQ(l.codigo(0), 1);
+  EXPECT_EQ(por(0), u"Ordenada por «%1», de mayor a menor"_s.arg(codigo));
+  EXPECT_EQ(l.codigo(0), 50);
+  EXPECT_EQ(l.p.clave(l.p.filaActual()), 7) << "the current row stays";
+  EXPECT_TRUE(por(2).endsWith(u"no se puede ordenar."));
+  EXPECT_EQ(l.codigo(0), 50);
+  EXPECT_EQ(l.p.vista()->horizontalHeader()->sortIndicatorSection(), 0);
+}
+
 TEST(Parrilla, ExportaEnRebanadasLoQueSeVe) {
   Lista l(3000);
   l.sql(u"UPDATE ART SET NOMBRE='con \"; dos' WHERE CODIGO=1"_s);

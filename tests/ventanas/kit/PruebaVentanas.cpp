@@ -21,17 +21,41 @@ using namespace ventanas;
 
 namespace {
 
+struct PuertaDeMotor : ComoMuestra {
+  static constexpr QStringView kNombre = u"gestcomm";
+};
+struct PuertaDeHorario : ComoMuestra {
+  static constexpr QStringView kNombre = u"Cronos";
+};
+struct PuertaConocida : ComoMuestra {
+  static constexpr QStringView kNombre = u"Conocida";
+};
+
+struct Contada final : Muestra {
+  Contada(Contexto& c, const QString& n, dao::Database& db, int& hechas) : Muestra(c, n, db) {
+    ++hechas;
+  }
+};
+
+// With keys that its list has too.
+struct Conocida final : Muestra {
+  Conocida(Contexto& c, const QString& n, dao::Database& db) : Muestra(c, n, db) {
+    ui.abrir->setShortcut(Qt::Key_F3);
+    ui.borrar->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
+  }
+};
+
 struct Puesto : Mesa {
   Puesto() : Mesa(kTextosMuestra) {
-    for (const QString& nombre : {u"Muestra"_s, u"gestcomm"_s, u"Cronos"_s, u"MainTarvo"_s})
-      todas().registrar(nombre, [this](Contexto& c, const QString& n) {
-        ++hechas;
-        return new Muestra(c, n, *db);
-      });
+    todas().registrar<PuertaDeMuestra, Contada>(*db, hechas);
+    todas().registrar<PuertaDeMotor, Contada>(*db, hechas);
+    todas().registrar<PuertaDeHorario, Contada>(*db, hechas);
+    todas().registrar<PuertaDePrincipal, Contada>(*db, hechas);
+    todas().registrar<PuertaConocida, Conocida>(*db);
   }
   Ventanas& todas() { return escritorio.ventanas(); }
-  Muestra* abrir(const QString& nombre, QWidget* dueno = nullptr, const Argumentos& a = {}) {
-    return qobject_cast<Muestra*>(todas().abrir(nombre, dueno, a));
+  Muestra* abrir(const QString& nombre, QWidget* dueno = nullptr) {
+    return qobject_cast<Muestra*>(todas().abrir(nombre, dueno));
   }
   int hechas = 0;
 };
@@ -51,8 +75,8 @@ TEST(Ventanas, UnaSolaPorNombre) {
   Puesto p;
   Muestra* v = p.abrir(u"Muestra"_s);
   EXPECT_EQ(v->windowTitle(), u"Periodos de totalización");
-  EXPECT_EQ(p.abrir(u"Muestra"_s, nullptr, {{u"modo"_s, 3}}), v);
-  EXPECT_EQ(v->dados.value(u"modo"_s), 3) << "an open window is prepared again";
+  EXPECT_EQ(p.todas().abrir(PuertaDeMuestra{{.modo = 3}}), v);
+  EXPECT_EQ(v->modo, 3) << "an open window is entered again";
   Muestra* otra = p.abrir(u"Muestra#12"_s);
   EXPECT_NE(otra, v);
   EXPECT_EQ(p.hechas, 2);
@@ -60,8 +84,8 @@ TEST(Ventanas, UnaSolaPorNombre) {
   EXPECT_FALSE(p.todas().cargada(u"Nada"_s));
   EXPECT_FALSE(p.abrir(u"Nada"_s, v));
   EXPECT_EQ(v->tira().texto(), u"No hay ninguna ventana Nada.");
-  // A window that can't be prepared isn't opened, and its owner reports the reason.
-  EXPECT_FALSE(p.abrir(u"Muestra#13"_s, v, {{u"falla"_s, true}}));
+  // A window that can't be entered isn't opened, and its owner reports the reason.
+  EXPECT_FALSE(p.todas().abrir(PuertaDeMuestra{{.falla = true, .cual = u"13"_s}}, v));
   EXPECT_EQ(v->tira().texto(), u"No hay tal periodo.");
   EXPECT_FALSE(p.todas().cargada(u"Muestra#13"_s));
 }
@@ -135,12 +159,6 @@ TEST(Ventanas, DescargaTodo) {
 // Qt triggers neither of two actions with the same key: the list gives the key up to its window.
 TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
   Puesto p;
-  p.todas().registrar(u"Conocida"_s, [&](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n, *p.db);
-    v->ui.abrir->setShortcut(Qt::Key_F3);
-    v->ui.borrar->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_S);
-    return v;
-  });
   Muestra* v = p.abrir(u"Conocida"_s);
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   llenarArticulos(p, 20);
@@ -199,7 +217,8 @@ TEST(Ventanas, ModalAceptaYRechaza) {
       QTest::keyClick(desde, c.tecla);
       if (v.isVisible()) QTest::keyClick(&v, Qt::Key_Escape);
     });
-    EXPECT_EQ(p.todas().abrirModal(u"Muestra"_s, p.todas().cargada(u"MainTarvo"_s)), c.respuesta)
+    EXPECT_EQ(p.todas().preguntar(PuertaDeMuestra(), p.todas().cargada(u"MainTarvo"_s)),
+              c.respuesta)
         << c.desde;
     EXPECT_FALSE(p.todas().cargada(u"Muestra"_s));
   }

@@ -22,8 +22,8 @@ constexpr int kFilas = 6000;  // more than are shown at once
 struct Taller : Mesa {
   Taller() : Mesa(kTextosMuestra) {
     llenarArticulos(*this, kFilas);
-    for (const QString& nombre : {u"Muestra"_s, u"MainTarvo"_s})
-      todas().registrar(nombre, fabrica<Muestra>(*db));
+    todas().registrar<PuertaDeMuestra, Muestra>(*db);
+    todas().registrar<PuertaDePrincipal, Muestra>(*db);
   }
   Ventanas& todas() { return escritorio.ventanas(); }
   Muestra& abrir(const QString& nombre) { return *qobject_cast<Muestra*>(todas().abrir(nombre)); }
@@ -34,6 +34,10 @@ void usar(Muestra& v, bool respuesta) {
   EXPECT_FALSE(respuesta) << "it wasn't answered with yes";
   v.decirDuda(v.nombre());
   v.ui.lista->irA(0);
+}
+
+bool preguntarA2(Muestra& v) {
+  return v.contexto().ventanas.preguntar(PuertaDeMuestra{{.cual = u"2"_s}}, &v);
 }
 
 void menuDe(QWidget& control) {
@@ -63,15 +67,14 @@ const EnMarcha kEnMarcha[] = {
        MyMsgBox::mostrarFallo(v.ui.lista, v.contexto().textos, u"No se guardó."_s, {}, u"13"_s);
        usar(v, false);
      }},
-    {"a modal window", 1,
-     [](Muestra& v) { usar(v, v.contexto().ventanas.abrirModal(u"Muestra#2"_s, &v)); }},
+    {"a modal window", 1, [](Muestra& v) { usar(v, preguntarA2(v)); }},
     {"a box over a modal window", 2,
      [](Muestra& v) {
        QTimer::singleShot(0, &v, [&v] {
          auto* otra = qobject_cast<Muestra*>(v.contexto().ventanas.cargada(u"Muestra#2"_s));
          usar(*otra, MyMsgBox::Decide(otra, v.contexto().textos, u"¿Sigue?"_s));
        });
-       usar(v, v.contexto().ventanas.abrirModal(u"Muestra#2"_s, &v));
+       usar(v, preguntarA2(v));
      }},
     {"the menu of a list", 1,
      [](Muestra& v) {
@@ -243,7 +246,7 @@ TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
     encima->seNiega = false;
     EXPECT_TRUE(encima->descargar());
   });
-  t.todas().abrirModal(u"Muestra#2"_s, &v);
+  preguntarA2(v);
   v.alDescargar = [&] { return !MyMsgBox::Decide(&v, t.textos, u"¿Se va?"_s, kAceptoCancelo); };
   cuandoEsperen(1, [&] {
     EXPECT_FALSE(v.descargar()) << "the question is still open";
@@ -253,26 +256,36 @@ TEST(Vidas, QuienSeNiegaRetieneASuDueno) {
   EXPECT_TRUE(t.todas().cargada(u"MainTarvo"_s));
 }
 
-// A window isn't opened if it or its owner is unloaded while it is being prepared.
-TEST(Vidas, UnaQueSeVaAlPrepararse) {
+// Windows that are busy with something else while they are entered.
+struct PuertaCorta : ComoMuestra {
+  static constexpr QStringView kNombre = u"Corta";
+};
+struct Corta final : Muestra {
+  Corta(Contexto& c, const QString& n, dao::Database& db) : Muestra(c, n, db) {
+    alEntrar = [this] { descargar(); };
+  }
+};
+struct PuertaLarga : ComoMuestra {
+  static constexpr QStringView kNombre = u"Larga";
+};
+struct Larga final : Muestra {
+  Larga(Contexto& c, const QString& n, dao::Database& db) : Muestra(c, n, db) {
+    alEntrar = [this] { MyMsgBox::Decide(this, contexto().textos, u"¿Sigue?"_s); };
+  }
+};
+
+// A window isn't opened if it or its owner is unloaded while it is being entered.
+TEST(Vidas, UnaQueSeVaAlEntrar) {
   Taller t;
-  t.todas().registrar(u"Corta"_s, [&](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n, *t.db);
-    v->alPreparar = [v] { v->descargar(); };
-    return v;
-  });
-  t.todas().registrar(u"Larga"_s, [&](Contexto& c, const QString& n) {
-    auto* v = new Muestra(c, n, *t.db);
-    v->alPreparar = [v] { MyMsgBox::Decide(v, v->contexto().textos, u"¿Sigue?"_s); };
-    return v;
-  });
-  EXPECT_FALSE(t.todas().abrir(u"Corta"_s));
+  t.todas().registrar<PuertaCorta, Corta>(*t.db);
+  t.todas().registrar<PuertaLarga, Larga>(*t.db);
+  EXPECT_FALSE(t.todas().abrir(PuertaCorta()));
   const QPointer<Muestra> dueno = &t.abrir(u"MainTarvo"_s);
   cuandoEsperen(1, [&] {
     EXPECT_TRUE(dueno->descargar());
     QTimer::singleShot(0, qApp, pulsarEscape);
   });
-  EXPECT_FALSE(t.todas().abrir(u"Larga"_s, dueno, {{u"falla"_s, true}}));
+  EXPECT_FALSE(t.todas().abrir(PuertaLarga{{.falla = true}}, dueno));
   EXPECT_TRUE(esperar([&] { return !dueno; }));
   EXPECT_TRUE(t.todas().abiertas().empty());
 }

@@ -15,6 +15,7 @@
 #include "articles/precios/AjustesPrecios.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/RegistrarVentanas.h"
+#include "articles/ventanas/Puertas.h"
 #include "core/esquema/Esquema.h"
 #include "core/ventanas/marco/Recorrido.h"
 #include "core/ventanas/marco/Tira.h"
@@ -30,6 +31,7 @@ class ListaDeArticulos final : public ventanas::Ventana, public ventanas::Recorr
     resize(300, 200);
     setFocusPolicy(Qt::StrongFocus);
   }
+  Resultado<> entrar(const articles::PuertaBrowPLUs&) { return {}; }
   Clave clave() const override { return {1, codigo}; }
   bool saltar(int pasos) override {
     const qint64 otro = codigo + pasos;
@@ -66,9 +68,7 @@ struct MesaDePrecios : Mesa {
           .cruce(1, {i})
           .cruce(2, {i});
     precios::registrarVentanasPrecios(escritorio.ventanas(), catalogo, ofertas);
-    escritorio.ventanas().registrar(u"BrowPLUs"_s, [](ventanas::Contexto& c, const QString& n) {
-      return new ListaDeArticulos(c, n);
-    });
+    escritorio.ventanas().registrar<articles::PuertaBrowPLUs, ListaDeArticulos>();
   }
 
   static QLineEdit& campo(QWidget* v, const QString& nombre) {

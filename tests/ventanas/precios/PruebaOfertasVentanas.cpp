@@ -285,6 +285,19 @@ TEST(VentanaOfertas, UnDiaSinAnoEsElProximo) {
   m.teclear(hoy(m).qdate().toString(u"d/M"));
   m.pulsar(Qt::Key_Return);
   EXPECT_TRUE(esperar([&] { return hasta() == QString::number(hoy(m).dias()); }, 5'000));
+  // A strange year is asked about, with a single offer too.
+  for (const auto& [boton, queda] :
+       {std::pair{u"Cancelo"_s, hoy(m)}, {u"Acepto"_s, momento("01/01/9999")}}) {
+    m.pulsar(Qt::Key_F2);
+    qobject_cast<QLineEdit*>(m.foco())->selectAll();
+    m.teclear(u"1/1/9999"_s);
+    m.textoModal.clear();
+    m.responder(boton);
+    m.pulsar(Qt::Key_Return);
+    EXPECT_TRUE(esperar([&] { return !m.textoModal.isEmpty(); }, 5'000));
+    EXPECT_TRUE(m.textoModal.contains(u"01/01/9999")) << m.textoModal.toStdString();
+    EXPECT_EQ(hasta(), QString::number(queda.dias()));
+  }
 }
 
 // Undo restores prices even if the offer is no longer listed; not those changed since.

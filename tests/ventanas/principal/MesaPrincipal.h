@@ -50,8 +50,9 @@ struct MesaPrincipal : Tienda {
       : ajustes(susAjustes) {
     bien(aplicacion.empezar());
     app::registrarVentanasPrincipal(todas(), aplicacion);
-    suplir<automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaVeoLog,
-           comm::PuertaGestcomm, totals::PuertaCerrSes, totals::PuertaVerCols,
+    suplir<articles::PuertaBrowPLUs, automation::PuertaAutomat, automation::PuertaCronos,
+           automation::PuertaVeoLog, comm::PuertaEstadoEnvio, comm::PuertaGestcomm,
+           precios::PuertaCambioLote, totals::PuertaCerrSes, totals::PuertaVerCols,
            totals::PuertaVerTot>(suplentes);
   }
 

@@ -2,8 +2,10 @@
 // gone.
 #include "app/Entrega.h"
 #include "app/ventanas/Encargos.h"
+#include "app/ventanas/Puertas.h"
 #include "app/ventanas/RegistrarVentanas.h"
 #include "comm/cables/FabricaReal.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "ventanas/Mesa.h"
 
 namespace tarvo::prueba {
@@ -138,6 +140,55 @@ TEST(Encargos, ElHorarioNoEsperaAQuienSeHaIdo) {
   EXPECT_EQ(m.fondo->db->uno(u"SELECT count(*) FROM Proceso WHERE NOMBRE='SUYO'")->entero(), 1);
   m.encargos.dejar();
   m.escritorio.ventanas().DescargaTodo();
+}
+
+// A second start shows the main window, or the one it names, wherever the first left it; a dialog
+// stays in front.
+TEST(Encargos, UnSegundoInicioTraeLaVentana) {
+  MesaDeEncargos m;
+  auto& todas = m.escritorio.ventanas();
+  auto* principal = todas.abrir(app::PuertaMainTarvo());
+  auto* otra = todas.abrir(app::PuertaPortalCnf());
+  const auto segundo = [&](const QString& ventana) {
+    std::optional<int> fin;
+    const app::Entrega entrega(m.fondo->ajustes.BaseDatos,
+                               app::Peticion{.que = app::Peticion::Que::Alzar,
+                                             .ventana = ventana,
+                                             .nombre = {},
+                                             .traza = {},
+                                             .pasos = {},
+                                             .omitidas = {},
+                                             .datos = {}},
+                               app::Entrega::Oyente{.decir = [](const QString&) {},
+                                                    .avisar = [](const QString&) {},
+                                                    .alAcabar = [&](int estado) { fin = estado; },
+                                                    .alCortarse = [&] { fin = -1; }},
+                               m.reloj);
+    EXPECT_TRUE(esperar([&] { return fin.has_value(); }));
+    EXPECT_EQ(fin, 0);
+  };
+  const std::function<void()> idas[] = {[&] { principal->hide(); },
+                                        [&] { principal->showMinimized(); },
+                                        [&] { otra->activateWindow(); }};
+  for (const auto& ida : idas) {
+    ida();
+    segundo({});
+    EXPECT_TRUE(principal->isVisible() && !principal->isMinimized());
+    EXPECT_TRUE(QTest::qWaitForWindowActive(principal));
+  }
+  segundo(u"PortalCnf"_s);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(otra));
+  bool delante = false;
+  QTimer::singleShot(50, &todas, [&] {
+    QWidget* caja = QApplication::activeModalWidget();
+    segundo({});
+    delante = QTest::qWaitForWindowActive(caja);
+    QTest::keyClick(caja, Qt::Key_Escape);
+  });
+  ventanas::MyMsgBox::Decide(principal, m.textos, u"?"_s);
+  EXPECT_TRUE(delante);
+  m.encargos.dejar();
+  todas.DescargaTodo();
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ struct Ayudada : MesaPrincipal {
     sql(u"INSERT INTO OPERS (CODOPE, NOMOPE) VALUES (5, 'Ana')"_s);
   }
   Ventana* abrir(const QString& nombre) {
-    auto* v = todas().abrir(nombre, nullptr, todas().muestra(nombre));
+    auto* v = todas().abrir(nombre);
     EXPECT_TRUE(QTest::qWaitForWindowActive(v));
     return v;
   }
@@ -123,7 +123,7 @@ TEST(Manual, F1SobreLoQuePregunta) {
     QTest::keyClick(modal, Qt::Key_F1);
     deModal = t.manual() ? t.manual()->pagina() : QString();
   });
-  t.todas().abrirModal(u"EdiParms"_s, v);
+  t.todas().preguntar(comm::PuertaEdiParms(), v);
   EXPECT_EQ(deModal, u"EdiParms");
   EXPECT_TRUE(esperar([&] { return !t.manual(); }));
 }

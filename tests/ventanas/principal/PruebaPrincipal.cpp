@@ -5,15 +5,12 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTcpServer>
 #include <QTimer>
 
 #include "MesaPrincipal.h"
+#include "articles/Lotes.h"
 #include "automation/historia/Historial.h"
-#include "comm/cables/AjustesCables.h"
-#include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
-#include "totals/libros/TablasLibros.h"
 
 namespace tarvo::prueba {
 
@@ -130,6 +127,54 @@ TEST(Principal, LaMananaNoMezcla) {
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
   EXPECT_TRUE(pieza(*v, u"sin ningún artículo, porque se les borraron: 0001 FRUTERIA."_s));
   EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
+}
+
+// The row of a group without a period, because nothing of its sales was asked for, opens that
+// group.
+TEST(Principal, LaFilaDeUnGrupoAbreEseGrupo) {
+  MesaPrincipal t({u"EstadoEnvio"_s, u"VerTot"_s});
+  t.sql(u"DELETE FROM GRUPOS"_s);
+  t.grupo({.codigo = 7, .nombre = u"FRUTERIA", .remoto = 3});
+  automation::Historial historial(*t.fondo->db, t.fondo->textos);
+  const Fecha ahora = t.reloj.ahora();
+  bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
+  t.fila(u"ProcesoTareas", {{u"EJECUCION", 1},
+                            {u"PASO", 0},
+                            {u"GRUPO", 7},
+                            {u"CLASE", numeroDe(TipoTarea::TxPlus)},
+                            {u"HECHA", true}});
+  bien(historial.acabar(1, automation::FinEjecucion::Bien, ahora - 0.29));
+  auto* v = t.conManana();
+  auto* fila = pieza(*v, u"Bien. 0007 FRUTERIA"_s);
+  ASSERT_TRUE(fila);
+  QTest::mouseClick(fila, Qt::LeftButton);
+  ASSERT_TRUE(t.suplente(u"EstadoEnvio"_s));
+  EXPECT_EQ(t.suplente(u"EstadoEnvio"_s)->como<comm::PuertaEstadoEnvio>().grupo, 7);
+}
+
+// A change of many articles that was cut off comes before everything else, with its section, and
+// leads to where it is resolved: where it can be finished, or else to the list of that section.
+TEST(Principal, LoQueSeCortoSeDiceLoPrimero) {
+  for (const bool seTermina : {true, false}) {
+    MesaPrincipal t({u"BrowPLUs"_s, u"CambioLote"_s});
+    t.seccion(3, u"PESCADO").en(3).articulo({.codigo = 10}).articulo({.codigo = 11});
+    articles::Lotes lotes(t.aplicacion.catalogo());
+    const qint64 lote = bien(lotes.empezar(u"ImpPLU"_s));
+    if (seTermina)
+      bien(lotes.apuntar(lote, u"D 2"_s, std::vector<articles::ClaveArticulo>{{3, 10}, {3, 11}}));
+    bien(lotes.guardar(lote, {3, 10}));
+    auto* v = t.conManana();
+    EXPECT_TRUE(pieza(*v, u"Hay un cambio de artículos a medias"_s));
+    auto* aviso = pieza(*v, u"Sección 003 PESCADO. Un cambio de muchos artículos se cortó"_s);
+    ASSERT_TRUE(aviso);
+    EXPECT_EQ(aviso->objectName(), u"Linea0");
+    QTest::mouseClick(aviso, Qt::LeftButton);
+    auto* abierta = t.suplente(seTermina ? u"CambioLote"_s : u"BrowPLUs"_s);
+    ASSERT_TRUE(abierta);
+    EXPECT_EQ(seTermina ? abierta->como<precios::PuertaCambioLote>().seccion
+                        : abierta->como<articles::PuertaBrowPLUs>().seccion,
+              3);
+  }
 }
 
 // Each entry has a letter, unique among the visible controls, and Tab reaches it.
@@ -273,49 +318,6 @@ TEST(Principal, PanelesYSalida) {
   EXPECT_TRUE(QFile::exists(t.carpeta.filePath(u"TARVO.INI"_s))) << "the settings are written";
 }
 
-// An Escape for a window that has closed by itself, however late, or one held down, doesn't end the
-// program.
-TEST(Principal, UnEscapeDeMasNoSale) {
-  MesaPrincipal t;
-  auto* v = t.principal();
-  QTest::mouseClick(v->findChild<QToolButton*>(u"EnviarRecibir"_s), Qt::LeftButton);
-  static_cast<ventanas::Ventana*>(t.todas().cargada(u"gestcomm"_s))->cerrarSola();
-  QTest::qWait(1050);
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_EQ(v->tira().texto(), u"Pulse Esc otra vez para salir de TARVO.");
-  QKeyEvent sostenida(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier, {}, true);
-  QApplication::sendEvent(v, &sostenida);
-  EXPECT_TRUE(t.todas().cargada(u"MainTarvo"_s));
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
-}
-
-// Escape never leaves a collection behind without asking, and the safe answer is the default.
-TEST(Principal, EscapePreguntaPorLaBandeja) {
-  MesaPrincipal t;
-  auto* v = t.principal();
-  bien(totals::EstadoBase(*t.fondo->db).poner(u"SesionAbier"_s, 2));
-  bien(t.aplicacion.sesion().cargar());
-  ASSERT_EQ(t.aplicacion.sesion().estado(), 2);
-  QString dicho;
-  const auto escape = [&](Qt::Key respuesta) {
-    QTimer::singleShot(0, v, [&, respuesta] {
-      QWidget* caja = QApplication::activeModalWidget();
-      ASSERT_TRUE(caja);
-      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
-      respuesta == Qt::Key_Return
-          ? QTest::keyClick(caja, Qt::Key_Return)
-          : QTest::mouseClick(caja->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
-    });
-    QTest::keyClick(v, Qt::Key_Escape);
-  };
-  escape(Qt::Key_Return);
-  EXPECT_TRUE(dicho.contains(u"bandeja de entrada")) << dicho.toStdString();
-  EXPECT_TRUE(v->isVisible());
-  escape(Qt::Key_unknown);
-  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
-}
-
 // The board reports faults of the start itself before anything else.
 TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
   const QTemporaryDir otra;
@@ -342,100 +344,6 @@ TEST(Principal, ElFocoEntraYVuelveConElPanel) {
   }
 }
 
-TEST(Principal, NoSeCierraMientrasTransfiere) {
-  MesaPrincipal t;
-  auto* v = t.principal();
-  t.todas().abrir(u"VerTot"_s);
-  QTest::mouseClick(v->findChild<QToolButton*>(u"EnviarRecibir"_s), Qt::LeftButton);
-  t.suplente(u"gestcomm"_s)->seNiega = true;
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_TRUE(v->isVisible());
-  EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "every other window is untouched";
-  EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
-  t.suplente(u"gestcomm"_s)->seNiega = false;
-  QEvent deVuelta(QEvent::ActivationChange);
-  QApplication::sendEvent(v, &deVuelta);
-  EXPECT_FALSE(v->tira().isVisible()) << "the transfer has ended";
-  t.todas().abrir(u"Cronos"_s);
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
-  EXPECT_TRUE(t.todas().cargada(u"Cronos"_s)) << "a timetable survives the windows around it";
-  EXPECT_EQ(t.todas().abiertas().size(), 1U);
-}
-
-// The engine keeps working after its window is closed: it asks, and names the pending tasks.
-TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
-  MesaPrincipal t;
-  QTcpServer muda;
-  ASSERT_TRUE(muda.listen(QHostAddress::LocalHost));
-  t.fondo->ajustes.de<enlace::AjustesCables>().canales[0].Device = TipoAcceso::TcpIp;
-  auto& motor = t.aplicacion.gestcomm();
-  motor.cambiaronCanales();
-  t.grupo(
-      {.codigo = 71, .remoto = 3, .acceso = u"127.0.0.1:%1"_s.arg(muda.serverPort()), .addr = 1});
-  auto* v = t.principal();
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
-  ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_TRUE(v->isVisible());
-  EXPECT_TRUE(v->tira().texto().startsWith(u"Hay comunicaciones en curso"));
-  motor.terminator();
-  ASSERT_TRUE(esperar([&] {
-    motor.terminator();
-    return motor.tareas().empty();
-  }));
-  motor.CambioAModo(false);
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
-  const auto salir = [v](const QString& boton) {
-    QString dicho;
-    QTimer::singleShot(50, qApp, [&dicho, boton] {
-      QWidget* caja = QApplication::activeModalWidget();
-      ASSERT_TRUE(caja);
-      dicho = caja->findChild<QLabel*>(u"Mensaje"_s)->text();
-      QTest::mouseClick(caja->findChild<QPushButton*>(boton), Qt::LeftButton);
-    });
-    v->descargar();
-    return dicho;
-  };
-  const QString dicho = salir(u"Cancelo"_s);
-  EXPECT_TRUE(dicho.contains(u"Gran Total, grupo 0071: En espera de ser procesado"));
-  EXPECT_TRUE(dicho.endsWith(u"Si sale del programa se pierden. ¿Sale de todos modos?"));
-  EXPECT_TRUE(v->isVisible());
-  salir(u"Acepto"_s);
-  EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
-}
-
-// Windows that receive from a machine are asked to stop, once, and waited for; only then are the
-// others closed.
-TEST(Principal, EsperaALasCapturas) {
-  class Receptora final : public Ventana, public Captura {
-   public:
-    Receptora(Contexto& c, const QString& n) : Ventana(c, n) {}
-    void SuspenderCaptura(bool borrar) override {
-      EXPECT_FALSE(borrar);
-      ++pedidas;
-      if (nombre() == u"OnLine#0001") return static_cast<void>(descargar());
-      QTimer::singleShot(100, this, [this] { descargar(); });  // its line has closed
-    }
-    int pedidas = 0;
-  };
-  MesaPrincipal t;
-  t.todas().registrar(u"OnLine"_s,
-                      [](Contexto& c, const QString& n) { return new Receptora(c, n); });
-  auto* v = t.principal();
-  t.todas().abrir(u"VerTot"_s);
-  t.todas().abrir(u"OnLine#0001"_s);
-  auto* segunda = static_cast<Receptora*>(t.todas().abrir(u"OnLine#0002"_s));
-  QTimer::singleShot(20, v, [&] {
-    EXPECT_FALSE(t.todas().cargada(u"OnLine#0001"_s));
-    EXPECT_TRUE(t.suplente(u"VerTot"_s)) << "they are closed first";
-    QTest::keyClick(v, Qt::Key_Escape);  // an impatient user
-    EXPECT_EQ(segunda->pedidas, 1);
-  });
-  QTest::keyClick(v, Qt::Key_Escape);
-  EXPECT_TRUE(t.todas().abiertas().empty());
-}
-
 // Who changed a price is known, also in a service, which has no USER.
 TEST(Aplicacion, LaHistoriaDiceQuienCambioElPrecio) {
   for (const bool deServicio : {false, true}) {
@@ -453,22 +361,6 @@ TEST(Aplicacion, LaHistoriaDiceQuienCambioElPrecio) {
     const QString cuenta = QString::fromLocal8Bit(::getpwuid(::getuid())->pw_name);
     EXPECT_EQ(quien, deServicio ? cuenta : u"ana"_s);
   }
-}
-
-TEST(SysTray, SeisMensajes) {
-  app::SysTray tray;
-  QStringList oidos;
-  const auto oir = [&](const QString& que) {
-    return [&oidos, que, &tray](int boton) {
-      oidos << que + QString::number(boton);
-      tray.mensaje(513);  // never nested
-    };
-  };
-  QObject::connect(&tray, &app::SysTray::MouseDown, oir(u"abajo"_s));
-  QObject::connect(&tray, &app::SysTray::MouseUp, oir(u"arriba"_s));
-  QObject::connect(&tray, &app::SysTray::DblClick, oir(u"doble"_s));
-  for (int n = 512; n <= 519; ++n) tray.mensaje(n);
-  EXPECT_EQ(oidos.join(u' '), u"abajo1 arriba1 doble1 abajo2 arriba2 doble2");
 }
 
 }  // namespace tarvo::prueba

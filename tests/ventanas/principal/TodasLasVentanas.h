@@ -23,7 +23,7 @@ struct TodasLasVentanas : MesaPrincipal {
       if (QWidget* caja = QApplication::activeModalWidget()) caja->close();
     });
     vigia.start(10);
-    ventanas::Ventana* v = todas().abrir(nombre, nullptr, todas().muestra(nombre));
+    ventanas::Ventana* v = todas().abrir(nombre);
     QCoreApplication::processEvents();
     return v;
   }

@@ -1,4 +1,5 @@
 // A person looks at the totals of a period: filters, the chart, a code across time.
+#include <QCheckBox>
 #include <QGraphicsSimpleTextItem>
 #include <QGraphicsView>
 
@@ -96,6 +97,44 @@ TEST(VentanaVisor, UnSoloDiaEsUnaBarra) {
     ASSERT_TRUE(esperar([&] { return grafica->puntos() > 0; }));
     EXPECT_EQ(grafica->puntos(), dias);
     EXPECT_EQ(grafica->esLinea(), dias > 1);
+  }
+}
+
+// The span of a code across time: what is typed, or a refusal beside its field.
+TEST(VentanaVisor, ElIntervaloEsElQueSeEscribe) {
+  MesaDeTotales t;
+  const struct {
+    int mision;
+    QString campo, escrito, falta;
+    const char* desde;
+  } casos[] = {
+      {kDiario, u"desde"_s, u"05/06/2018"_s, {}, "05/06/2018"},
+      {kDiario, u"desde"_s, u"05/13/2018"_s, u"Escriba el día"_s, nullptr},
+      {kMensual, u"anoDesde"_s, u"2017"_s, {}, "01/03/2017"},
+      {kMensual, u"anoDesde"_s, u"17"_s, u"Escriba un número entero de 1980 a 2099"_s, nullptr},
+      {kAnual, u"anoDesde"_s, u"2015"_s, {}, "01/01/2015"},
+      {kAnual, u"anoDesde"_s, u"9999"_s, u"Escriba un número entero de 1980 a 2099"_s, nullptr}};
+  for (const auto& c : casos) {
+    SCOPED_TRACE(c.escrito.toStdString());
+    t.textoModal.clear();
+    t.alAbrirse([&](QWidget* w) {
+      w->findChild<QCheckBox*>(u"ckDesde"_s)->click();
+      w->findChild<QComboBox*>(u"mesDesde"_s)->setCurrentIndex(2);
+      auto* campo = w->findChild<QLineEdit*>(c.campo);
+      ASSERT_TRUE(campo->isVisible() && campo->isEnabled());
+      campo->setText(c.escrito);
+      if (!c.falta.isEmpty()) t.responder(u"Acepto"_s);
+      QTest::keyClick(campo, Qt::Key_Return);
+      if (!c.falta.isEmpty()) {
+        EXPECT_TRUE(campo->property("falta").toBool());
+        EXPECT_TRUE(t.textoModal.startsWith(c.falta)) << t.textoModal.toStdString();
+        QTest::keyClick(w, Qt::Key_Escape);
+      }
+    });
+    const auto salida =
+        t.escritorio.ventanas().preguntar(PuertaImpUnaFila{.mision = c.mision}, nullptr);
+    ASSERT_EQ(salida.has_value(), c.desde != nullptr);
+    if (salida) EXPECT_EQ(salida->desde, momento(c.desde));
   }
 }
 

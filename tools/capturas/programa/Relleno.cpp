@@ -93,9 +93,8 @@ Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta) {
   return {};
 }
 
-Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ventanas& ventanas,
-                                                                    app::Aplicacion& aplicacion,
-                                                                    const QString& carpeta) {
+Resultado<> ponerMuestrasLlenas(ventanas::Ventanas& ventanas, app::Aplicacion& aplicacion,
+                                const QString& carpeta) {
   const QString horario = carpeta + u"/NOCHES.CRO"_s;
   const QString tarifa = carpeta + u"/TARIFA.csv"_s;
   TARVO_INTENTAR(escribir(horario, kHorario));
@@ -107,7 +106,7 @@ Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ve
   ventanas.ponerMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
   ventanas.ponerMuestra(automation::PuertaEdiCron{horario});
   ventanas.ponerMuestra(importar::PuertaImpTabla{.fichero = tarifa});
-  return std::map<QString, tarvo::ventanas::Argumentos>{};
+  return {};
 }
 
 }  // namespace tarvo::capturas

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/Aplicacion.h"
-#include "core/ventanas/marco/Ventana.h"
+#include "core/ventanas/marco/Ventanas.h"
 
 namespace tarvo::capturas {
 
@@ -11,9 +11,8 @@ namespace tarvo::capturas {
 Resultado<> llenarBandeja(app::Fondo& fondo, app::Aplicacion& aplicacion, Fecha hoy);
 // A process that a person held, advanced by a step and aborted. REQUIRES an event loop.
 Resultado<> dejarProceso(app::Aplicacion& aplicacion, const QString& carpeta);
-// The arguments of the inbox detail and of the timetable editor.
-Resultado<std::map<QString, ventanas::Argumentos>> argumentosLlenos(ventanas::Ventanas& ventanas,
-                                                                    app::Aplicacion& aplicacion,
-                                                                    const QString& carpeta);
+// Doors with something to show for the inbox detail, the timetable editor and the window of tables.
+Resultado<> ponerMuestrasLlenas(ventanas::Ventanas& ventanas, app::Aplicacion& aplicacion,
+                                const QString& carpeta);
 
 }  // namespace tarvo::capturas

@@ -41,9 +41,8 @@ int capturarCarpeta(QApplication& qt, const QStringList& a) {
   if (llena) {
     if (const auto hecho = capturas::llenarBandeja(**fondo, aplicacion, reloj.ahora()); !hecho)
       return morir(hecho.error().texto);
-    auto argumentos = capturas::argumentosLlenos(escritorio.ventanas(), aplicacion, a[1]);
-    if (!argumentos) return morir(argumentos.error().texto);
-    encargo.argumentos = std::move(*argumentos);
+    const auto hecho = capturas::ponerMuestrasLlenas(escritorio.ventanas(), aplicacion, a[1]);
+    if (!hecho) return morir(hecho.error().texto);
   }
   if (!llena) encargo.solo.removeOne(QStringLiteral("ConfirSum"));  // refuses to sum nothing
   QStringList faltas;

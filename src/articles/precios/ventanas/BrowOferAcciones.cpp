@@ -6,6 +6,7 @@
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/EscogeFecha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
@@ -81,6 +82,7 @@ Resultado<> BrowOfer::fechaEscrita(Extremo extremo, const QString& texto) {
 }
 
 void BrowOfer::cambiarFechas(Extremo extremo, const Dia& dia) {
+  if (dia && !ventanas::consienteFechas(*this, {*dia})) return;
   const bool todos = ui_.Sincro->isChecked();
   const auto cuantas = motor_.contar(filtro(), todos);
   if (!haIdoBien(cuantas)) return;

@@ -217,7 +217,7 @@ Resultado<> NvaOfr::aplicar() {
 // The dates are kept for the next one.
 void NvaOfr::aplicada() {
   const QString nombre = articulo_->nombre;
-  auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada(u"BrowOfer"_s));
+  auto* lista = qobject_cast<BrowOfer*>(contexto().ventanas.cargada<PuertaBrowOfer>());
   if (lista && !alta_.grupos.empty()) lista->apuntarAlta(nombre, alta_);
   haIdoBien(editar({.articulo = {}, .precios = {}, .desde = r.desde, .hasta = r.hasta}));
   if (alta_.grupos.empty()) return decirDuda(t(kTxOfertaEnNinguno));

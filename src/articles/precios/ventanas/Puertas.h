@@ -15,6 +15,7 @@ inline const QString kListaArticulos = QStringLiteral("BrowPLUs");
 struct PuertaBrowOfer {
   static constexpr QStringView kNombre = u"BrowOfer";
   int seccion = 0;
+  bool operator==(const PuertaBrowOfer&) const = default;
 };
 
 // The calculator, for the current article of the list and the price at `celda`; without the list,
@@ -44,10 +45,11 @@ struct PuertaFastModf {
 struct PuertaCambioLote {
   static constexpr QStringView kNombre = u"CambioLote";
   int seccion = 0;
-  std::vector<qint64> codigos = {};
-  QString subida = {};
-  QString lista = kListaArticulos;
+  std::vector<qint64> codigos = {bool operator==(const PuertaCambioLote&) const = default;
 };
+QString subida = {};
+QString lista = kListaArticulos;
+};  // namespace tarvo::precios
 
 // Creates offers, one after another; section 0 means the first group.
 struct PuertaNvaOfr {

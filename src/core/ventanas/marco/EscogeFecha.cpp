@@ -90,10 +90,12 @@ void EscogeFecha::poner(QDate dia) {
 bool EscogeFecha::eventFilter(QObject* objeto, QEvent* evento) {
   if (evento->type() != QEvent::KeyPress) return QObject::eventFilter(objeto, evento);
   const auto& tecla = static_cast<const QKeyEvent&>(*evento);
-  const bool suya = tecla.key() == Qt::Key_F4 ||
-                    (tecla.key() == Qt::Key_Down && tecla.modifiers().testFlag(Qt::AltModifier));
-  if (suya) abrir();
-  return suya;
+  const bool altAbajo = tecla.key() == Qt::Key_Down && tecla.modifiers().testFlag(Qt::AltModifier);
+  if (tecla.key() == Qt::Key_F4 || altAbajo) {
+    abrir();
+    return true;
+  }
+  return false;
 }
 
 }  // namespace tarvo::ventanas

@@ -75,10 +75,6 @@ Ventana::~Ventana() {
   for (QObject* o : findChildren<QObject*>()) o->disconnect(this);
 }
 
-Resultado<> Ventana::preparar(const Argumentos&) {
-  return {};
-}
-
 void Ventana::enlazar() {
   TraducirForm(*cuerpo_, c_.textos, c_.ajustes.idioma);
   connect(cuerpo_, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);

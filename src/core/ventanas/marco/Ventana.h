@@ -13,7 +13,6 @@
 
 #include <QKeyEvent>
 #include <QPointer>
-#include <QVariantMap>
 #include <QWidget>
 #include <any>
 
@@ -28,8 +27,6 @@ class Captura;
 class Recorrido;
 class Tira;
 class TiraTrabajo;
-
-using Argumentos = QVariantMap;
 
 // Property of an action: why it can't be given while it is disabled, in words.
 inline constexpr const char* kPorQueNo = "porQueNo";
@@ -46,9 +43,6 @@ class Ventana : public QWidget {
   QString t(int numero) const { return c_.textos(numero); }
   QString t(int numero, int cuantos) const { return Plural(c_.textos(numero), cuantos); }
 
-  // Called by the registry at every opening, also if the window is already loaded. A failure is
-  // shown, and a window not yet loaded isn't opened.
-  virtual Resultado<> preparar(const Argumentos& argumentos);
   // True refuses the unloading. Asks the user first if anything is at stake.
   virtual bool QueryUnload() { return false; }
   // For a window that receives while it is open.

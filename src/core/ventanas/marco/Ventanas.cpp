@@ -34,10 +34,6 @@ Ventanas::~Ventanas() {
   for (Ventana* v : std::exchange(abiertas_, {})) delete v;
 }
 
-void Ventanas::registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra) {
-  registradas_[nombre] = {std::move(fabrica), std::move(muestra), {}, {}};
-}
-
 bool Ventanas::conoce(const QString& nombre) const {
   return registradas_.contains(tipoDe(nombre));
 }
@@ -46,12 +42,6 @@ QStringList Ventanas::nombres() const {
   QStringList lista;
   for (const auto& [nombre, entrada] : registradas_) lista << nombre;
   return lista;
-}
-
-const Argumentos& Ventanas::muestra(const QString& nombre) const {
-  static const Argumentos kNinguno;
-  const auto hallada = registradas_.find(tipoDe(nombre));
-  return hallada == registradas_.end() ? kNinguno : hallada->second.muestra;
 }
 
 Ventana* Ventanas::cargada(const QString& nombre) const {
@@ -63,9 +53,8 @@ std::vector<Ventana*> Ventanas::abiertas() const {
   return abiertas_;
 }
 
-// Creates and prepares the window; null after the failure has been reported.
-Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-                         const std::any& puerta) {
+// Creates and enters the window; null after the failure has been reported.
+Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const std::any& puerta) {
   const auto entrada = registradas_.find(tipoDe(nombre));
   if (entrada == registradas_.end()) {
     decirSobre(dueno, contexto_->textos,
@@ -75,11 +64,10 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
   Ventana* v = cargada(nombre);
   const bool nueva = v == nullptr;
   if (nueva) v = entrada->second.fabrica(*contexto_, nombre);
-  // Preparing may ask a question, and a question lets windows be unloaded.
+  // Entering may ask a question, and a question lets windows be unloaded.
   const Retenida mientras(dueno), ella(v);
   const Entrada& e = entrada->second;
-  const auto hecho =
-      e.entrar ? e.entrar(*v, puerta.has_value() ? puerta : e.puerta) : v->preparar(argumentos);
+  const auto hecho = e.entrar(*v, puerta.has_value() ? puerta : e.puerta);
   if (!hecho) {
     if (nueva) delete v;
     decirSobre(nueva ? dueno : v, contexto_->textos, hecho.error());
@@ -93,33 +81,24 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const Argumentos
   return v;
 }
 
-Ventana* Ventanas::abrir(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
-  return mostrar(nombre, dueno, argumentos, {});
-}
-
-Ventana* Ventanas::mostrar(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-                           const std::any& puerta) {
-  Ventana* v = hacer(nombre, dueno, argumentos, puerta);
+Ventana* Ventanas::mostrar(const QString& nombre, QWidget* dueno, const std::any& puerta) {
+  Ventana* v = hacer(nombre, dueno, puerta);
   if (!v) return nullptr;
   v->mostrarSobre(dueno);
   Q_EMIT abierta(v);
   return v;
 }
 
-bool Ventanas::abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos) {
-  return correr(nombre, dueno, argumentos, {}, nullptr);
-}
-
-bool Ventanas::correr(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-                      const std::any& puerta, std::any* salida) {
-  Ventana* v = hacer(nombre, dueno, argumentos, puerta);
+bool Ventanas::correr(const QString& nombre, QWidget* dueno, const std::any& puerta,
+                      std::any& salida) {
+  Ventana* v = hacer(nombre, dueno, puerta);
   if (!v) return false;
   if (dueno) v->dueno_ = dueno->window();
   v->salida_.reset();
   Q_EMIT abierta(v);
   const Retenida ella(v);  // its result is read after it has been hidden
   const bool aceptada = v->ejecutar();
-  if (salida) *salida = std::move(v->salida_);
+  salida = std::move(v->salida_);
   return aceptada;
 }
 

@@ -16,17 +16,13 @@ namespace tarvo::ventanas {
 class Ventanas final : public QObject {
   Q_OBJECT
  public:
-  // Creates a window; `nombre` is the whole name, to be passed to Ventana's constructor.
-  using Fabrica = std::function<Ventana*(Contexto& contexto, const QString& nombre)>;
-
   ~Ventanas() override;
   void ponerContexto(Contexto& contexto) { contexto_ = &contexto; }
 
-  // `muestra`: the arguments with which ./capturas opens it; a window that needs others can't be
-  // opened by name alone.
-  void registrar(const QString& nombre, Fabrica fabrica, Argumentos muestra = {});
-  // Registers the window V of a door P, with its engines: lvalues outlive it, others are kept. V
-  // has `Resultado<> entrar(const P&)`, called at every opening; after a failure it isn't opened.
+  // Registers the window V of a door P, with its engines: lvalues outlive it, others are kept. Its
+  // constructor takes the context, its whole name and the engines. V has
+  // `Resultado<> entrar(const P&)`, called at every opening, also of a window already loaded; a
+  // failure is shown, and a window not yet loaded isn't opened.
   template <EsPuerta P, class V, class... Motores>
   void registrar(Motores&&... motores) {
     registradas_[QStringView(P::kNombre).toString()] = {
@@ -34,7 +30,6 @@ class Ventanas final : public QObject {
             Contexto& c, const QString& nombre) -> Ventana* {
           return std::apply([&](auto&... m) { return new V(c, nombre, m...); }, dados);
         },
-        {},
         [](Ventana& v, const std::any& puerta) {
           const P* dada = std::any_cast<P>(&puerta);
           return static_cast<V&>(v).entrar(dada ? *dada : P());
@@ -53,23 +48,24 @@ class Ventanas final : public QObject {
     return conoce(QStringView(P::kNombre).toString());
   }
   QStringList nombres() const;  // all registered names, sorted
-  const Argumentos& muestra(const QString& nombre) const;
 
-  // Creates the window on its first use, prepares it, and shows it on top of its owner. Null if the
-  // name is unknown or preparar() failed; the failure is shown on the owner's strip, or in a box.
-  Ventana* abrir(const QString& nombre, QWidget* dueno = nullptr,
-                 const Argumentos& argumentos = {});
-  // The window of a door, created on its first use. Null as above.
+  // Creates the window on its first use, with the sample of its door, and shows it on top of its
+  // owner. Null if the name is unknown or it couldn't be entered; the failure is shown on the
+  // owner's strip, or in a box. For names that come from outside: the command line.
+  Ventana* abrir(const QString& nombre, QWidget* dueno = nullptr) {
+    return mostrar(nombre, dueno, {});
+  }
+  // The window of a door. Null as above.
   template <EsPuerta P>
   Ventana* abrir(const P& puerta, QWidget* dueno = nullptr) {
-    return mostrar(nombreDe(puerta), dueno, {}, puerta);
+    return mostrar(nombreDe(puerta), dueno, puerta);
   }
   // The same, modal: returns its result, nothing if it was abandoned. For a door without a result,
   // whether it was accepted.
   template <EsPuerta P>
   auto preguntar(const P& puerta, QWidget* dueno) {
     std::any salida;
-    const bool aceptada = correr(nombreDe(puerta), dueno, {}, puerta, &salida);
+    const bool aceptada = correr(nombreDe(puerta), dueno, puerta, salida);
     if constexpr (ConSalida<P>) {
       auto* dada = std::any_cast<typename P::Salida>(&salida);
       return dada ? std::optional(std::move(*dada)) : std::nullopt;
@@ -77,8 +73,6 @@ class Ventanas final : public QObject {
       return aceptada;
     }
   }
-  // By name alone, modal; true if it was accepted.
-  bool abrirModal(const QString& nombre, QWidget* dueno, const Argumentos& argumentos = {});
 
   Ventana* cargada(const QString& nombre) const;  // null if it isn't loaded
   // The Recorrido of that window; null if it isn't loaded, or has none.
@@ -93,6 +87,10 @@ class Ventanas final : public QObject {
   std::vector<Ventana*> abiertas() const;  // in the order of creation
   // False if it refused; true if it was unloaded or wasn't loaded.
   bool descargar(const QString& nombre);
+  template <EsPuerta P>
+  bool descargar(const P& puerta = {}) {
+    return descargar(nombreDe(puerta));
+  }
   // Unloads "gestcomm" first, then every other window except "Cronos" and `menos`. True refuses the
   // closing of the main window: a window stayed, and those not asked yet stay too.
   bool DescargaTodo(const Ventana* menos = nullptr);
@@ -103,19 +101,15 @@ class Ventanas final : public QObject {
   void vacio();  // the last window has been unloaded
 
  private:
-  Ventana* hacer(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-                 const std::any& puerta);
-  Ventana* mostrar(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-                   const std::any& puerta);
-  bool correr(const QString& nombre, QWidget* dueno, const Argumentos& argumentos,
-              const std::any& puerta, std::any* salida);
+  Ventana* hacer(const QString& nombre, QWidget* dueno, const std::any& puerta);
+  Ventana* mostrar(const QString& nombre, QWidget* dueno, const std::any& puerta);
+  bool correr(const QString& nombre, QWidget* dueno, const std::any& puerta, std::any& salida);
   void quitar(const QString& nombre);
 
   struct Entrada {
-    Fabrica fabrica;
-    Argumentos muestra;
-    std::function<Resultado<>(Ventana&, const std::any&)> entrar;  // of a door
-    std::any puerta = {};                                          // its sample
+    std::function<Ventana*(Contexto&, const QString&)> fabrica;
+    std::function<Resultado<>(Ventana&, const std::any&)> entrar;
+    std::any puerta = {};  // the sample of its door
   };
   Contexto* contexto_ = nullptr;
   std::map<QString, Entrada> registradas_;
@@ -131,12 +125,6 @@ Ventana* Ventana::abrir(const P& puerta) {
 template <class P>
 auto Ventana::preguntar(const P& puerta) {
   return c_.ventanas.preguntar(puerta, this);
-}
-
-// A factory for a window that uses these engines, which outlive it.
-template <class V, class... Motores>
-Ventanas::Fabrica fabrica(Motores&... motores) {
-  return [&motores...](Contexto& c, const QString& nombre) { return new V(c, nombre, motores...); };
 }
 
 }  // namespace tarvo::ventanas

@@ -6,15 +6,15 @@
 //    haIdoBien(parrilla->abrir(listaPeriodos(kDiario)));  // of the room's engines
 //
 // From the keyboard: arrows, Page Up and Down, Home and End; letters move to the next row that
-// begins with them in the current column; Ctrl+F searches, F3 finds the next match (Shift+F3 if the
-// window uses F3); Ctrl+C copies; Ctrl+A selects all; F5 refreshes; Ctrl+Shift+C chooses columns;
-// Ctrl+Shift+S saves the list in a file; Enter is a double click; the menu key opens the context
-// menu. A cell whose column has `editar` is editable: F2, Enter or a double click opens its editor,
-// Enter and Tab store the text (Tab moves on to the next editable cell), Escape discards it. A
-// character accepted by its kind opens the editor too: typing on an editable cell edits it,
-// elsewhere it searches, and what it searches is shown over the rows. Letters that are neither
-// written nor found are reported, and a Return after them opens no row. Ctrl+V and Ctrl+D write
-// several cells of a column.
+// begins with them in the current column; Ctrl+Shift+O sorts by it; Ctrl+F searches, F3 finds the
+// next match (Shift+F3 if the window uses F3); Ctrl+C copies; Ctrl+A selects all; F5 refreshes;
+// Ctrl+Shift+C chooses columns; Ctrl+Shift+S saves the list in a file; Enter is a double click; the
+// menu key opens the context menu. A cell whose column has `editar` is editable: F2, Enter or a
+// double click opens its editor, Enter and Tab store the text (Tab moves on to the next editable
+// cell), Escape discards it. A character accepted by its kind opens the editor too: typing on an
+// editable cell edits it, elsewhere it searches, and what it searches is shown over the rows.
+// Letters that are neither written nor found are reported, and a Return after them opens no row.
+// Ctrl+V and Ctrl+D write several cells of a column.
 #pragma once
 
 #include <QWidget>

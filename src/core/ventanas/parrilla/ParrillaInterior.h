@@ -56,6 +56,7 @@ struct Parrilla::Interior {
   void menuColumnas(const QPoint& global);
   void alternarColumna(int columna, bool visible);
   void moverColumna(int pasos);
+  void ordenarPorLaActual();
   bool tecla(QKeyEvent& evento);
   void intro();
   void saltar(const QString& texto);
@@ -106,7 +107,7 @@ struct Parrilla::Interior {
   TiraTrabajo* trabajo = nullptr;
   QList<QAction*> acciones;
   QAction *copiar = nullptr, *todo = nullptr, *refrescar = nullptr, *elegirColumnas = nullptr,
-          *exportar = nullptr, *buscarSiguiente = nullptr;
+          *exportar = nullptr, *ordenar = nullptr, *buscarSiguiente = nullptr;
   Guardado guardado;
   Delegado* delegado = nullptr;
   bool escribeAlTeclear = false;

@@ -187,6 +187,8 @@ void Parrilla::Interior::hacerAcciones() {
   elegirColumnas =
       accion(u"columnas"_s, kTxColumnas, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C),
              [this] { yo.elegirColumnas(); });
+  ordenar = accion(u"ordenar"_s, kTxOrdenar, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_O),
+                   [this] { ordenarPorLaActual(); });
   exportar = accion(u"exportar"_s, kTxExportar, QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                     [this] { yo.exportar(); });
   busca->setPlaceholderText(t(kTxBuscar));
@@ -261,7 +263,7 @@ void Parrilla::Interior::ceder() {
              otra->shortcuts().contains(a->shortcut());
     });
   };
-  for (QAction* a : {copiar, todo, refrescar, elegirColumnas, exportar, buscarSiguiente})
+  for (QAction* a : {copiar, todo, refrescar, elegirColumnas, ordenar, exportar, buscarSiguiente})
     if (a && !a->shortcut().isEmpty() && suya(a))
       a->setShortcut(a == buscarSiguiente ? Qt::SHIFT | Qt::Key_F3 : QKeySequence());
 }

@@ -101,7 +101,7 @@ void Parrilla::Interior::menuContexto(const QPoint& donde) {
   if (!acciones.isEmpty()) menu.addSeparator();
   menu.addActions({copiar, todo, refrescar, exportar});
   menu.addSeparator();
-  menu.addAction(elegirColumnas);
+  menu.addActions({ordenar, elegirColumnas});
   menu.exec(donde);
 }
 
@@ -143,6 +143,22 @@ void Parrilla::Interior::moverColumna(int pasos) {
   if (otra < 0 || otra >= static_cast<ptrdiff_t>(vistas.size())) return;
   elasticas = false;
   h->moveSection(h->visualIndex(*donde), h->visualIndex(vistas[static_cast<size_t>(otra)]));
+}
+
+// As a click on the heading of the current column does: the second time the other way round.
+void Parrilla::Interior::ordenarPorLaActual() {
+  const auto vistas = columnasVistas();
+  if (!yo.modelo() || vistas.empty()) return;
+  const int actual = yo.vista_->currentIndex().column();
+  const bool seVe = std::ranges::find(vistas, actual) != vistas.end();
+  const int columna = seVe ? actual : vistas.front();
+  if (!columnas[static_cast<size_t>(columna)].ordenable)
+    return decir(c->textos(kTxNoSeOrdena, {titulo(columna)}));
+  QHeaderView* h = yo.vista_->horizontalHeader();
+  const bool otraVez =
+      h->sortIndicatorSection() == columna && h->sortIndicatorOrder() == Qt::AscendingOrder;
+  decir(c->textos(otraVez ? kTxOrdenadaAlReves : kTxOrdenada, {titulo(columna)}));
+  h->setSortIndicator(columna, otraVez ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
 void Parrilla::irABuscar() {
