@@ -20,11 +20,10 @@ QString conTabla(QStringView sql, const NotaDePeriodo& nota) {
 
 // The tables of the runner's debts are its own; a program may not have them yet.
 std::vector<NotaDePeriodo> notasDePeriodo() {
-  return {{QStringLiteral("Sumados"), false},
-          {QStringLiteral("Sustituidos"), false},
-          {QStringLiteral("ExportesPendientes"), true},
-          {QStringLiteral("PeriodosPendientes"), true},
-          {QStringLiteral("BorradosPendientes"), true}};
+  return {
+      {QStringLiteral("Sumados"), false},           {QStringLiteral("PapeleraSumados"), false},
+      {QStringLiteral("Sustituidos"), false},       {QStringLiteral("ExportesPendientes"), true},
+      {QStringLiteral("PeriodosPendientes"), true}, {QStringLiteral("BorradosPendientes"), true}};
 }
 
 Resultado<> Periodos::mudarNotas(qint64 link, const Periodo& de, const Periodo& a) {
