@@ -88,6 +88,9 @@ class ImpTot {
     qint64 link;
     Periodo periodo;
     int lineas;
+    // Short lines of operators and departments taken for another system's, though columns 3-4 may
+    // be a group that this shop had: then their sales are under another group.
+    int supuestas = 0;
   };
   // The number of blocks imported. On an Error those before the bad one stay imported (in
   // `hechos`).
