@@ -1,0 +1,77 @@
+// What nights owe of a period that a process or a person deletes, or that a person exports; and
+// what is told of a debt that can't be paid.
+#include <QDir>
+
+#include "automation/Runner.h"
+#include "automation/historia/Pendientes.h"
+#include "textos/TextosDePrueba.h"
+#include "totals/intercambio/XporTot.h"
+#include "totals/periodos/Papelera.h"
+
+namespace tarvo::automation {
+namespace {
+
+// A shop with two periods; of the first one something may be owed.
+class DebidosTest : public RunnerTest {
+ protected:
+  using Que = Pendientes::Debido::Que;
+  DebidosTest() {
+    for (const int i : {0, 1})
+      p_->periodo({.link = 7 + i,
+                   .tipo = 5,
+                   .desde = 43000 + 2 * i,
+                   .hasta = 43001 + 2 * i,
+                   .descr = i == 0 ? u"uno" : u"dos",
+                   .stkABLE = 1})
+          .total(u"TOTPLU", {.link = 7 + i, .grupo = 1 + i, .codi = 7, .con = 1, .pes = 1});
+    EXPECT_TRUE(libro_.todos());
+  }
+  QStringList hacer(const QString& proceso) {
+    p_->lineas.clear();
+    return correr(proceso, *p_);
+  }
+  void deber(Que que) {
+    if (que == Que::Exportar) {
+      EXPECT_TRUE(libro_.anotarExporte({u"NOCHE"_s, u"VENTAS"_s, u"VENTAS.EXP"_s, {}},
+                                       {u"1.1.7"_s, u"VENTAS.EXP"_s, 7, {}}));
+    } else {
+      const bool acumular = que == Que::Acumular;
+      EXPECT_TRUE(libro_.anotar(
+          {acumular ? VerboPeriodos::Acumular : VerboPeriodos::Stock, acumular ? 4 : 0}, {7}));
+    }
+  }
+  size_t debidos() { return libro_.todos()->size(); }
+  void atascar() { EXPECT_TRUE(QDir(tienda_.dir.path()).mkpath(u"VENTAS.EXP"_s)); }
+  void desatascar() { EXPECT_TRUE(QDir(tienda_.dir.path()).rmdir(u"VENTAS.EXP"_s)); }
+
+  std::unique_ptr<Programa> p_ = tienda_.programa();
+  stock::Almacenes almacenes_{p_->db(), p_->reloj(), textosDePrueba()};
+  totals::Periodos periodos_{p_->db(), p_->ajustes(), almacenes_, textosDePrueba()};
+  Pendientes libro_{p_->db()};
+};
+
+// The block and what it pays are one: neither is there without the other.
+TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
+  totals::XporTot xporTot(periodos_);
+  for (const bool borrar : {false, true}) {
+    deber(Que::Exportar);
+    p_->sql(
+        u"CREATE TRIGGER corte BEFORE DELETE ON ExportesPendientes BEGIN SELECT "
+        u"RAISE(ABORT, 'corte'); END"_s);
+    ASSERT_FALSE(xporTot.XportRemoto({7}, {.borrar = borrar}, u"VENTAS"_s, {}));
+    EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*uno"_s), borrar ? 1 : 0);
+    EXPECT_EQ(debidos(), 1U);
+    p_->sql(u"DROP TRIGGER corte"_s);
+    if (borrar) {
+      ASSERT_TRUE(xporTot.XportRemoto({7}, {.borrar = true}, u"VENTAS"_s, {}));
+      EXPECT_FALSE(*periodos_.columna(7));
+    } else {
+      hacer(u"P:LIMPIAR\r\nE:TOTALIZA,No,No,VENTAS\r\n"_s);
+    }
+    EXPECT_EQ(debidos(), 0U);
+    EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*uno"_s), borrar ? 2 : 1);
+  }
+}
+
+}  // namespace
+}  // namespace tarvo::automation
