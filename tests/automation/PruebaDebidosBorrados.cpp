@@ -50,6 +50,32 @@ class DebidosTest : public RunnerTest {
   Pendientes libro_{p_->db()};
 };
 
+TEST_F(DebidosTest, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
+  static constexpr struct {
+    Que que;
+    const char16_t* dicho;
+  } kCasos[] = {{Que::Exportar, u"exportarlo a VENTAS.EXP"},
+                {Que::Acumular, u"acumularlo en el periodo ANUAL"},
+                {Que::Descontar, u"descontarlo del stock"}};
+  const QString borrar = u"P:BORRAR,5,01/01/2000,01/01/2100\r\n"_s;
+  for (const auto& c : kCasos) {
+    deber(c.que);
+    const auto lineas = hacer(borrar).filter(u"No se borra, porque se debe algo todavía"_s);
+    ASSERT_EQ(lineas.size(), 1);
+    EXPECT_TRUE(lineas[0].contains(QStringView(c.dicho))) << lineas[0].toStdString();
+    EXPECT_EQ(p_->fin, ResultadoProceso::Problemas);
+    EXPECT_EQ(p_->uno(u"SELECT group_concat(LINK) FROM COLUMNA"_s).texto(), u"7");
+    ASSERT_EQ(debidos(), 1U);
+    EXPECT_TRUE(*libro_.olvidar(libro_.todos()->front()));
+  }
+  // What a person has done since isn't owed any more.
+  deber(Que::Descontar);
+  p_->sql(u"UPDATE COLUMNA SET stkADO=1"_s);
+  hacer(borrar);
+  EXPECT_EQ(p_->fin, ResultadoProceso::Bien);
+  EXPECT_EQ(p_->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
+}
+
 // The block and what it pays are one: neither is there without the other.
 TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
   totals::XporTot xporTot(periodos_);

@@ -82,8 +82,7 @@ TEST(Papelera, LaSemanaBorradaSueltaSusDias) {
   }
   ASSERT_TRUE(acumular());
   EXPECT_EQ(imp(*semana()), u"600");
-  ASSERT_TRUE(
-      bien(t.verTot.BorrarIntvalo(kSemanal, momento("04/06/2018"), momento("10/06/2018"), {})));
+  ASSERT_TRUE(bien(t.verTot.BorrarIntvalo(kSemanal, momento("04/06/2018"), momento("10/06/2018"))));
   ASSERT_TRUE(acumular());
   EXPECT_EQ(imp(*semana()), u"600");
   EXPECT_TRUE(t.col(lunes).ACUM2 && t.col(lunes).ACUM3);
