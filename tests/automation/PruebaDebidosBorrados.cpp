@@ -76,6 +76,42 @@ TEST_F(DebidosTest, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
   EXPECT_EQ(p_->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
 }
 
+// A night between the deletion and its undoing forgets nothing, until the period is gone for good.
+TEST_F(DebidosTest, LoDebidoVuelveConElPeriodo) {
+  for (const Que que : {Que::Exportar, Que::Acumular, Que::Descontar}) deber(que);
+  totals::XporTot xporTot(periodos_);
+  ASSERT_TRUE(xporTot.entregados().anotar(7, u"OTRO.EXP"_s));
+  ASSERT_EQ(debidos(), 4U);
+  totals::Papelera papelera(periodos_);
+  const QString noche =
+      u"P:ACUMULAR,4\r\nP:STOCK\r\nP:SELECCIONAR,5,24/09/2017,01/01/2100\r\n"
+      u"E:TOTALIZA,No,No,VENTAS\r\n"_s;
+  const auto cuantas = [this] {
+    return p_
+        ->uno(
+            u"SELECT (SELECT count(*) FROM ExportesPendientes) + (SELECT count(*) FROM "
+            u"PeriodosPendientes) + (SELECT count(*) FROM BorradosPendientes)"_s)
+        .entero();
+  };
+  for (const bool vuelve : {true, false}) {
+    const qint64 lote = *papelera.nuevoLote();
+    ASSERT_TRUE(*papelera.tirar(lote, 7));
+    EXPECT_EQ(debidos(), 0U) << "nobody tries it meanwhile";
+    ASSERT_TRUE(xporTot.entregados().anotar(8, u"OTRO.EXP"_s));
+    hacer(noche);
+    EXPECT_FALSE(tienda_.texto(u"VENTAS.EXP"_s).contains(u"*uno"_s));
+    if (vuelve) {
+      EXPECT_EQ(*papelera.restaurar(lote), 1);
+      EXPECT_EQ(debidos(), 4U);
+      continue;
+    }
+    ASSERT_TRUE(papelera.vaciarla());
+    p_->periodo({.link = 8, .tipo = 5, .desde = 43002, .hasta = 43003});
+    hacer(noche);
+    EXPECT_EQ(cuantas(), 0);
+  }
+}
+
 // The block and what it pays are one: neither is there without the other.
 TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
   totals::XporTot xporTot(periodos_);

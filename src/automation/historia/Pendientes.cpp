@@ -1,8 +1,8 @@
 #include "automation/historia/Pendientes.h"
 
 #include "automation/historia/TablasHistoria.h"
-#include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::automation {
 
@@ -72,11 +72,7 @@ Resultado<> Pendientes::saldarExporte(const Exporte& e) {
 Resultado<> Pendientes::limpiar() {
   for (const QString& tabla :
        {u"PeriodosPendientes"_s, u"ExportesPendientes"_s, u"BorradosPendientes"_s})
-    TARVO_INTENTAR(db_.ejecutar(
-        dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c WHERE "
-                       u"c.LINK={tabla}.LINK AND c.FECHA1={tabla}.FECHA1 AND "
-                       u"c.FECHAF={tabla}.FECHAF)",
-                       {{u"tabla", tabla}})));
+    TARVO_INTENTAR(totals::olvidarNotasSinPeriodo(db_, tabla));
   return {};
 }
 

@@ -1,6 +1,6 @@
 // Operations on periods that a process should have done and couldn't: accumulate, take off the
 // stock, export. Each is owed until it is done, even nights later; nothing is owed for a deleted
-// period.
+// period, unless it is restored.
 #pragma once
 
 #include <QString>
@@ -46,7 +46,7 @@ class Pendientes {
   Resultado<std::vector<Exporte>> exportes(const Destino& destino);
   // The period is in the file.
   Resultado<> saldarExporte(const Exporte& exporte);
-  // Removes debts for deleted periods.
+  // Removes debts for deleted periods, unless these can still be restored.
   Resultado<> limpiar();
 
   // One debt, for display.

@@ -33,6 +33,8 @@ struct NotaDePeriodo {
   bool porNumero = false;  // by its number, and the dates tell it from another one with that number
 };
 std::vector<NotaDePeriodo> notasDePeriodo();
+// Deletes the notes by number whose period is gone for good: neither there nor in the Papelera.
+Resultado<> olvidarNotasSinPeriodo(dao::Database& db, const QString& tabla);
 
 class Periodos {
  public:

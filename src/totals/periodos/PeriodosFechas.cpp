@@ -59,6 +59,17 @@ Resultado<> Periodos::renumerarNotas(qint64 viejo, qint64 nuevo) {
   return {};
 }
 
+Resultado<> olvidarNotasSinPeriodo(dao::Database& db, const QString& tabla) {
+  TARVO_INTENTAR(db.ejecutar(
+      dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA x WHERE "
+                     u"x.LINK={tabla}.LINK AND x.FECHA1={tabla}.FECHA1 AND "
+                     u"x.FECHAF={tabla}.FECHAF) AND NOT EXISTS (SELECT 1 FROM PapeleraPer x WHERE "
+                     u"x.LINK={tabla}.LINK AND x.FECHA1={tabla}.FECHA1 AND "
+                     u"x.FECHAF={tabla}.FECHAF)",
+                     {{u"tabla", tabla}})));
+  return {};
+}
+
 Resultado<std::vector<Periodo>> Periodos::saldriaDe(qint64 link, int tipo, Fecha desde,
                                                     Fecha hasta) {
   TARVO_TOMAR(const auto c, columna(link));
