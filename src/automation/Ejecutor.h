@@ -85,6 +85,7 @@ class Ejecutor {
   struct Exportados {
     std::vector<Pendientes::Exporte> propios;  // still to be exported to the step's own file
     std::vector<Pendientes::Exporte> saldados, debidos;
+    std::vector<Pendientes::Exporte> siguen;  // owed before, and failed again
   };
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
                           Exportados& ya, Hecho& h);

@@ -50,6 +50,8 @@ class DebidosTest : public RunnerTest {
   Pendientes libro_{p_->db()};
 };
 
+const QString kTodos = u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\n"_s;
+
 TEST_F(DebidosTest, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
   static constexpr struct {
     Que que;
@@ -133,6 +135,43 @@ TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
     EXPECT_EQ(debidos(), 0U);
     EXPECT_EQ(tienda_.texto(u"VENTAS.EXP"_s).count(u"*uno"_s), borrar ? 2 : 1);
   }
+}
+
+// Owed for the same reason, that is told once; owed it is each night.
+TEST_F(DebidosTest, ElMotivoDeLoQueSeDebeSeDiceUnaVez) {
+  p_->sql(u"UPDATE TOTPLU SET CON=10000000 WHERE LINK=7"_s);
+  const auto noche = [&](bool elegido) {
+    const auto lineas =
+        hacer((elegido ? kTodos : u"P:LIMPIAR\r\n"_s) + u"E:TOTALIZA,No,No,VENTAS\r\n"_s);
+    EXPECT_EQ(p_->fin, ResultadoProceso::Problemas);
+    return lineas;
+  };
+  const QString motivo = u"demasiado grande"_s;
+  EXPECT_EQ(noche(true).filter(motivo).size(), 1);
+  const QString dicho = libro_.todos()->front().motivo;
+  EXPECT_TRUE(dicho.contains(motivo)) << dicho.toStdString();
+  for (const bool elegido : {true, false}) {
+    const auto lineas = noche(elegido);
+    EXPECT_EQ(lineas.filter(motivo).size(), 0) << lineas.join(u'\n').toStdString();
+    EXPECT_EQ(lineas.filter(u"por lo mismo"_s).size(), 1);
+  }
+  QFile::remove(tienda_.dir.filePath(u"VENTAS.EXP"_s));
+  atascar();
+  EXPECT_EQ(noche(false).filter(u"por lo mismo"_s).size(), 0) << "another reason";
+  EXPECT_EQ(noche(false).filter(u"por lo mismo"_s).size(), 1);
+  desatascar();
+  EXPECT_EQ(noche(false).filter(motivo).size(), 1);
+}
+
+// One that can't be done holds the others back for one night.
+TEST_F(DebidosTest, UnoMaloNoRetieneALosDemas) {
+  p_->sql(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=2"_s);
+  EXPECT_EQ(hacer(kTodos + u"P:STOCK\r\n"_s).filter(u"Queda pendiente"_s).size(), 2);
+  EXPECT_EQ(p_->uno(u"SELECT sum(stkADO) FROM COLUMNA"_s).entero(), 0);
+  const auto lineas = hacer(u"P:LIMPIAR\r\nP:STOCK\r\n"_s);
+  EXPECT_EQ(lineas.filter(u"se ha hecho ahora"_s).size(), 1);
+  EXPECT_EQ(lineas.filter(u"Sigue pendiente"_s).size(), 1);
+  EXPECT_EQ(p_->uno(u"SELECT group_concat(LINK) FROM COLUMNA WHERE stkADO>0"_s).texto(), u"7");
 }
 
 }  // namespace
