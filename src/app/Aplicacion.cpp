@@ -65,6 +65,10 @@ struct Aplicacion::Interior {
     for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
     libros.ventas = [this](int grupo) { return sesion.sinPeriodo(grupo); };
     catalogo.cambios().guardaPorGrupo(std::move(libros));
+    articles::Cambios::DeOtraSala listas{
+        [this](int grupo) { return tareas::olvidarGrupo(db, grupo); }, {}};
+    for (const QString& tabla : tareas::tablasDeGrupo()) listas.tablas.push_back({tabla, {}});
+    catalogo.cambios().guardaPorGrupo(std::move(listas));
     // Its rows go by their foreign key.
     articles::Cambios::DeOtraSala enviado{[](int) { return Resultado<>(); }, {}};
     for (const QString& tabla : envios::tablasDeGrupo()) enviado.tablas.push_back({tabla, {}});

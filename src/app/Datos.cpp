@@ -36,11 +36,14 @@ std::optional<std::pair<Fecha, Fecha>> Datos::PromptFch(const QString& nombre,
 }
 
 std::optional<std::pair<Fecha, Fecha>> leerRango(QStringView texto) {
-  const qsizetype guion = texto.indexOf(u'-');
-  const auto desde = Fecha::leer(guion < 0 ? texto : texto.left(guion));
-  const auto hasta = guion < 0 ? desde : Fecha::leer(texto.mid(guion + 1));
-  if (desde && hasta)
-    return *desde <= *hasta ? std::optional(std::pair(*desde, *hasta)) : std::nullopt;
+  if (const auto dia = Fecha::leerConGuiones(texto)) return std::pair(*dia, *dia);
+  // A dash may be in a day as well as between two.
+  for (qsizetype g = texto.indexOf(u'-'); g >= 0; g = texto.indexOf(u'-', g + 1)) {
+    const auto desde = Fecha::leerConGuiones(texto.left(g));
+    const auto hasta = Fecha::leerConGuiones(texto.mid(g + 1));
+    if (desde && hasta)
+      return *desde <= *hasta ? std::optional(std::pair(*desde, *hasta)) : std::nullopt;
+  }
   const auto primero = Fecha::leer(QString(QStringLiteral("01/") + texto.trimmed().toString()));
   if (!primero) return std::nullopt;
   const QDate mes = primero->qdate();

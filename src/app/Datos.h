@@ -16,7 +16,8 @@ class Datos final : public automation::Preguntas {
         std::function<void(const QString&)> decir = {});
   std::optional<qint64> PromptNum(const QString& nombre, const QString& pregunta) override;
   std::optional<QString> PromptStr(const QString& nombre, const QString& pregunta) override;
-  // "dd/mm/yyyy", "dd/mm/yyyy-dd/mm/yyyy", or "mm/yyyy" for a whole month.
+  // "dd/mm/yyyy", "dd/mm/yyyy-dd/mm/yyyy", or "mm/yyyy" for a whole month. A day also as in a
+  // process, "dd-mm-yyyy" or "yyyy-mm-dd".
   std::optional<std::pair<Fecha, Fecha>> PromptFch(const QString& nombre,
                                                    const QString& pregunta) override;
 

@@ -18,7 +18,8 @@ struct Parte {
   const char16_t* columnas;  // to restore
 };
 // In the order in which they can be restored: referenced tables first. A row of the history gets a
-// new number.
+// new number. Offers and changes of its groups go with them, also those filed under the section
+// that a group was in before.
 constexpr std::array<Parte, 10> kPartes{
     {{u"SECCS", u"NMSECC=?", u"*"},
      {u"DEPTS", u"SECCION=?", u"*"},
@@ -27,10 +28,12 @@ constexpr std::array<Parte, 10> kPartes{
      {u"BZAS", u"SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
      {u"Sesiones", u"CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
      {u"MovsAlm", u"SECCION=?", u"*"},
-     {u"OFERTAS", u"SECCION=?", u"*"},
+     {u"OFERTAS", u"? IN (SECCION, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=OFERTAS.GRUPO))",
+      u"*"},
      {u"HistoriaPrecios", u"SECCION=?",
       u"SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, VENTANA"},
-     {u"Cross", u"Secc=?", u"*"}}};
+     {u"Cross", u"? IN (Secc, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=[Cross].Grupo))",
+      u"*"}}};
 
 QString guardada(QStringView tabla, int seccion) {
   return u"Ida%1_%2"_s.arg(seccion).arg(tabla);

@@ -114,7 +114,10 @@ Resultado<Secciones::LoQueSeVa> Secciones::loQueSeVa(int seccion) {
       cuantos(
           u"SELECT count(*) FROM BZAS WHERE SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
           clave));
-  TARVO_TOMAR(v.ofertas, cuantos(u"SELECT count(*) FROM OFERTAS WHERE SECCION=?", clave));
+  TARVO_TOMAR(v.ofertas,
+              cuantos(u"SELECT count(*) FROM OFERTAS WHERE ? IN (SECCION, (SELECT g.SECCION FROM "
+                      u"GRUPOS g WHERE g.CODGPO=OFERTAS.GRUPO))",
+                      clave));
   TARVO_TOMAR(v.existencias,
               cuantos(u"SELECT count(*) FROM (SELECT DISTINCT CODIGO FROM MovsAlm WHERE SECCION=?)",
                       clave));

@@ -284,7 +284,9 @@ Hecho Ejecutor::periodos(const PasoPeriodos& p, const Ejecucion& e) {
                    h);
   if (verbo == VerboPeriodos::Borrar) avisarDeLoQueNoVuelve(p, h);
   const auto r = operacion(p);
-  if (!r)
+  if (!r && r.error().clase == Fallo::Restriccion && verbo == VerboPeriodos::Borrar)
+    h.decir(r.error().texto);  // what could go has gone
+  else if (!r)
     h = deFallo(r.error());
   else if (!*r && elegidos.empty())
     sinElegidos(codigoPeriodos(verbo), e, h);
@@ -412,22 +414,13 @@ void Ejecutor::pendientes(const PasoPeriodos& p, const std::vector<qint64>& debi
   if (const auto hecho = borrarEntregados(h); !hecho) h.decir(hecho.error().texto);
 }
 
-// A period that is still owed to an export stays: with it the debt would go, and nobody would know.
-Resultado<bool> Ejecutor::borrar(int tipo, Fecha desde, Fecha hasta) {
-  TARVO_TOMAR(const auto debidos, Pendientes(t_.db).todos());
-  std::vector<qint64> conservar;
-  for (const Pendientes::Debido& d : debidos)
-    if (d.que == Pendientes::Debido::Que::Exportar) conservar.push_back(d.link);
-  return t_.verTot.BorrarIntvalo(tipo, desde, hasta, conservar);
-}
-
 Resultado<bool> Ejecutor::operacion(const PasoPeriodos& p) {
   const auto tipo = static_cast<int>(p.tipo);
   const auto* desde = std::get_if<Fecha>(&p.desde);
   const auto* hasta = std::get_if<Fecha>(&p.hasta);
   switch (*p.verbo) {
     case VerboPeriodos::Borrar:
-      return desde && hasta ? borrar(tipo, *desde, *hasta) : false;
+      return desde && hasta ? t_.verTot.BorrarIntvalo(tipo, *desde, *hasta) : false;
     case VerboPeriodos::Limpiar:
       return t_.verTot.ClrSelec();
     case VerboPeriodos::Seleccionar:

@@ -78,7 +78,6 @@ class Ejecutor {
   // REQUIRES a verb that acts on the selection or names its periods.
   void avisarDeLoQueNoVuelve(const PasoPeriodos& p, Hecho& h);
   Resultado<bool> operacion(const PasoPeriodos& p);
-  Resultado<bool> borrar(int tipo, Fecha desde, Fecha hasta);
   void pendientes(const PasoPeriodos& p, const std::vector<qint64>& debidos, Hecho& h);
   Hecho selUltimo(const Ejecucion& e);
   Hecho exportar(const PasoExportar& p, const Ejecucion& e);
@@ -86,6 +85,7 @@ class Ejecutor {
   struct Exportados {
     std::vector<Pendientes::Exporte> propios;  // still to be exported to the step's own file
     std::vector<Pendientes::Exporte> saldados, debidos;
+    std::vector<Pendientes::Exporte> siguen;  // owed before, and failed again
   };
   void exportarPendientes(const std::vector<Pendientes::Exporte>& viejos, const Exportacion& x,
                           Exportados& ya, Hecho& h);

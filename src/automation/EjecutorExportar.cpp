@@ -23,7 +23,8 @@ Resultado<bool> Ejecutor::exportarUno(const Pendientes::Exporte& e, bool corto) 
 }
 
 // Periods tried here for the step's own file leave `propios`: one that is selected again is neither
-// exported nor owed twice. One whose own file is still to get it isn't deleted yet.
+// exported nor owed twice. One whose own file is still to get it isn't deleted yet. A reason that
+// was told before isn't told again, the debt is.
 void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos,
                                   const Exportacion& x, Exportados& ya, Hecho& h) {
   for (const auto& viejo : viejos) {
@@ -45,7 +46,11 @@ void Ejecutor::exportarPendientes(const std::vector<Pendientes::Exporte>& viejos
       h.error(kErrorExportar);
       ya.debidos.push_back(este);
     }
-    h.decir(t_.textos(kTxSiguePendiente, {periodo, r ? QString() : r.error().texto}));
+    este.motivo = r ? QString() : r.error().texto;
+    ya.siguen.push_back(este);
+    h.decir(!este.motivo.isEmpty() && este.motivo == viejo.motivo
+                ? t_.textos(kTxSiguePorLoMismo, {NombreFichero(viejo.ruta), periodo})
+                : t_.textos(kTxSiguePendiente, {periodo, este.motivo}));
   }
 }
 
@@ -59,7 +64,7 @@ Resultado<bool> Ejecutor::yaEntregado(const Pendientes::Exporte& e) {
 
 // Each period has its own mark: one that can't be exported holds back no other.
 void Ejecutor::exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h) {
-  for (const auto& uno : ya.propios) {
+  for (auto& uno : ya.propios) {
     const auto antes = yaEntregado(uno);
     if (antes && *antes) {
       h.decir(t_.textos(kTxYaEntregado, {NombreFichero(uno.ruta), nombrePeriodo(uno.link)}));
@@ -75,8 +80,9 @@ void Ejecutor::exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h) {
       h.decir(t_.textos(kTxExportarBorrado, {NombreFichero(uno.ruta)}));
       continue;
     }
+    uno.motivo = r.error().texto;
     ya.debidos.push_back(uno);
-    h.decir(r.error().texto);
+    h.decir(uno.motivo);
     h.decir(t_.textos(kTxQuedaPendiente, {nombrePeriodo(uno.link)}));
   }
 }
@@ -87,6 +93,7 @@ Resultado<> Ejecutor::anotarExportes(const Pendientes::Destino& destino, const E
   Pendientes libro(t_.db);
   for (const auto& saldado : ya.saldados) TARVO_INTENTAR(libro.saldarExporte(saldado));
   for (const auto& debido : ya.debidos) TARVO_INTENTAR(libro.anotarExporte(destino, debido));
+  for (const auto& sigue : ya.siguen) TARVO_INTENTAR(libro.anotarMotivo(sigue));
   TARVO_INTENTAR(libro.limpiar());
   TARVO_INTENTAR(borrarEntregados(h));
   for (const auto& saldado : ya.saldados) {

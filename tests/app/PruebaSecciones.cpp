@@ -46,11 +46,22 @@ TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
     tablas << tabla;
   }
   tablas.sort();
+  // Without a foreign key: a received list that a later group would continue, and what it was sent
+  // and offered of the section that it was in before.
+  const std::pair<QString, QString> sinClave[] = {
+      {u"ListasRecibidas"_s, u"(GRUPO, CLASE, NUMERO, HUELLA, LINEAS) values (9, 1, 1, 'x', 2)"_s},
+      {u"OFERTAS"_s,
+       u"(GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN) values (9, 4, 20, 5, 43000, 43001)"_s},
+      {u"[Cross]"_s, u"(Secc, plu, Grupo, borra) values (4, 20, 9, 1)"_s}};
+  t.seccion(4).articulo({.codigo = 20});
+  for (const auto& [tabla, fila] : sinClave) t.sql(u"insert into "_s + tabla + u' ' + fila);
   EXPECT_EQ(
       t.leer(u"select distinct m.name from sqlite_master m, pragma_foreign_key_list(m.name) f "
              u"where f.[table]='GRUPOS' order by m.name"_s),
       tablas.join(u" | "_s))
       << "a table that goes with a group isn't tried here";
+  for (const auto& [tabla, fila] : sinClave) tablas << tabla;
+  EXPECT_EQ(bien(articles::Secciones(t.aplicacion.catalogo()).loQueSeVa(3)).ofertas, 1);
   const auto todo = [&] {
     QStringList s;
     for (const QString& tabla : tablas) s << t.leer(u"select * from "_s + tabla);

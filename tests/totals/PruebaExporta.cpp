@@ -370,13 +370,16 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
   struct Caso {
     const char* cabeza;
     const char* tabla;
-    const char* clave;  // null: refused
+    const char* clave;      // null: refused
+    bool supuesta = false;  // it may also be ours, of a group that is gone
   };
   const Caso casos[] = {
-      {"03000209", "TOTOPE", "2 9"},   {"03990209", "TOTOPE", "2 9"},
-      {"03020009", "TOTOPE", "2 9"},   {"03010209", "TOTOPE", nullptr},
-      {"03998809", "TOTOPE", nullptr}, {"04990104", "TOTDEP", "1 4"},
-      {"04010304", "TOTDEP", "1 4"},   {"04010204", "TOTDEP", "2 4"},
+      {"03000209", "TOTOPE", "2 9"},       {"03990209", "TOTOPE", "2 9", true},
+      {"03020009", "TOTOPE", "2 9"},       {"03010209", "TOTOPE", nullptr},
+      {"03998809", "TOTOPE", nullptr},     {"04000104", "TOTDEP", "1 4"},
+      {"04990104", "TOTDEP", "1 4", true}, {"04010304", "TOTDEP", "1 4"},
+      {"04010204", "TOTDEP", nullptr},  // ours, in other sections then
+      {"04020105", "TOTDEP", nullptr},     {"04020405", "TOTDEP", nullptr},
       {"02000002", "TOTGRT", "2 0"},
   };
   for (const Caso& c : casos) {
@@ -385,7 +388,8 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
       EXPECT_TRUE(errorDe(bytes).contains(u"línea 3: en el formato corto"_s)) << c.cabeza;
       continue;
     }
-    const qint64 link = importar(bytes).at(0).link;
+    const auto [link, periodo, lineas, supuestas] = importar(bytes).at(0);
+    EXPECT_EQ(supuestas, c.supuesta ? 1 : 0) << c.cabeza;
     EXPECT_EQ(leer(u"select GRUPO, CODI from %1 where LINK=%2"_s.arg(QString::fromUtf8(c.tabla))
                        .arg(link)),
               QString::fromUtf8(c.clave))

@@ -7,6 +7,7 @@
 #include "totals/periodos/ConsultaFilas.h"
 #include "totals/periodos/Manuales.h"
 #include "totals/periodos/Papelera.h"
+#include "totals/periodos/Sumas.h"
 
 namespace tarvo::prueba {
 
@@ -81,8 +82,7 @@ TEST(Papelera, LaSemanaBorradaSueltaSusDias) {
   }
   ASSERT_TRUE(acumular());
   EXPECT_EQ(imp(*semana()), u"600");
-  ASSERT_TRUE(
-      bien(t.verTot.BorrarIntvalo(kSemanal, momento("04/06/2018"), momento("10/06/2018"), {})));
+  ASSERT_TRUE(bien(t.verTot.BorrarIntvalo(kSemanal, momento("04/06/2018"), momento("10/06/2018"))));
   ASSERT_TRUE(acumular());
   EXPECT_EQ(imp(*semana()), u"600");
   EXPECT_TRUE(t.col(lunes).ACUM2 && t.col(lunes).ACUM3);
@@ -152,6 +152,52 @@ TEST(Papelera, VaciaYLlenaDeNuevo) {
   EXPECT_EQ(bien(t.papelera.restaurar(lote)), 1);
   EXPECT_EQ(t.plus(dia), u"1 7 3 30 300 3000");
   EXPECT_FALSE(bien(t.papelera.tirar(lote, 99)));
+}
+
+// A sum whose period went in any way: brought back it knows what it holds, and in no case is a
+// later sum mixed up with it.
+TEST(Papelera, UnaSumaSeDeshaceAunqueSuPeriodoSeHayaIdo) {
+  enum Como { kBorrado, kVaciado, kDelTodo, kSustituido };
+  for (const Como como : {kBorrado, kVaciado, kDelTodo, kSustituido}) {
+    SCOPED_TRACE(como);
+    ConPapelera t;
+    const qint64 dias[] = {t.crear(kDiario, "04/06/2018"), t.crear(kDiario, "05/06/2018")};
+    for (const int i : {0, 1}) t.plu(dias[i], 7, i + 1);
+    qint64 suma = 0;
+    const auto sumar = [&] {
+      t.verTot.ClrSelec();
+      for (const qint64 dia : dias) bien(t.verTot.SelecHnd(dia));
+      const auto destino = *bien(t.verTot.destinoDeSuma());
+      suma = bien(t.verTot.CrearIntvalo(destino.periodo, {})).link;
+      const qint64 lote = bien(t.papelera.nuevoLote());
+      EXPECT_TRUE(bien(t.verTot.SumarIntv(lote)));
+      return std::pair(lote, destino.solapes.size());
+    };
+    const auto con = [&] {
+      return t.leer(u"select sum(CON) from TOTPLU where LINK=%1"_s.arg(suma));
+    };
+    const qint64 primera = sumar().first;
+    ASSERT_EQ(con(), u"3");
+    const bool vuelve = como == kBorrado || como == kVaciado;
+    if (vuelve) {
+      const qint64 lote = bien(t.papelera.nuevoLote());
+      bien(como == kBorrado ? t.papelera.tirar(lote, suma) : t.papelera.vaciar(lote, suma));
+      ASSERT_EQ(bien(t.papelera.restaurar(lote)), 1);
+      EXPECT_EQ(bien(Sumas(t.periodos).contenido(t.col(suma))).size(), 2U);
+    } else if (como == kDelTodo) {
+      bien(t.periodos.BorrarPeriodo(suma));
+    } else {
+      bien(t.periodos.VaciarPeriodo(bien(t.periodos.sustituir(t.col(suma), {}))));
+    }
+    const auto [segunda, solapes] = sumar();
+    EXPECT_NE(segunda, primera);
+    EXPECT_EQ(solapes, vuelve ? 2U : 0U);
+    EXPECT_EQ(con(), vuelve ? u"6" : u"3");
+    bien(Sumas(t.periodos).deshacer(suma, segunda));
+    EXPECT_EQ(con(), vuelve ? u"3" : u"-");
+    EXPECT_EQ(Sumas(t.periodos).deshacer(suma, primera).has_value(), vuelve);
+    EXPECT_EQ(con(), u"-");
+  }
 }
 
 TEST(Periodos, LosMayoresSiguenAlQueCambiaDeFechaODeTotales) {

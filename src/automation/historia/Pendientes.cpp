@@ -1,8 +1,8 @@
 #include "automation/historia/Pendientes.h"
 
 #include "automation/historia/TablasHistoria.h"
-#include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
+#include "totals/periodos/Periodos.h"
 
 namespace tarvo::automation {
 
@@ -39,9 +39,11 @@ Resultado<> Pendientes::anotarExporte(const Destino& d, const Exporte& e) {
   TARVO_TOMAR(const auto ultimo, db_.uno(u"SELECT max(NUMERO) FROM ExportesPendientes"));
   TARVO_INTENTAR(db_.ejecutar(
       u"INSERT INTO ExportesPendientes (PROCESO, ORDEN, MARCA, LINK, FECHA1, FECHAF, RUTA, NOMBRE, "
-      u"BORRAR) SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ?, ?, 0 FROM COLUMNA WHERE LINK=? AND NOT "
-      u"EXISTS (SELECT 1 FROM ExportesPendientes e WHERE e.LINK=COLUMNA.LINK AND e.RUTA IN (?, ?))",
-      d.proceso, -ultimo.entero() - 1, e.marca, d.ruta, d.nombre, e.link, d.ruta, d.absoluta));
+      u"BORRAR, MOTIVO) SELECT ?, ?, ?, LINK, FECHA1, FECHAF, ?, ?, 0, ? FROM COLUMNA WHERE LINK=? "
+      u"AND NOT EXISTS (SELECT 1 FROM ExportesPendientes e WHERE e.LINK=COLUMNA.LINK AND e.RUTA IN "
+      u"(?, ?))",
+      d.proceso, -ultimo.entero() - 1, e.marca, d.ruta, d.nombre, e.motivo, e.link, d.ruta,
+      d.absoluta));
   if (e.borrar.value_or(false))
     TARVO_INTENTAR(
         db_.ejecutar(u"UPDATE ExportesPendientes SET BORRAR=1 WHERE LINK=? AND RUTA IN (?, ?)",
@@ -52,15 +54,21 @@ Resultado<> Pendientes::anotarExporte(const Destino& d, const Exporte& e) {
 Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& d) {
   return dao::reunir(
       db_.consultar(
-          u"SELECT e.MARCA, e.RUTA, e.LINK, e.BORRAR FROM ExportesPendientes e INNER JOIN COLUMNA "
-          u"c "
-          u"ON c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE e.RUTA<>'' "
+          u"SELECT e.MARCA, e.RUTA, e.LINK, e.BORRAR, e.MOTIVO FROM ExportesPendientes e INNER "
+          u"JOIN COLUMNA c ON c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE "
+          u"e.RUTA<>'' "
           u"AND (e.RUTA IN (?, ?) OR e.NOMBRE=?) ORDER BY e.NUMERO",
           d.ruta, d.absoluta, d.nombre),
       [](const dao::Recordset& rs) {
         return Exporte{rs.texto(0), rs.texto(1), rs.entero(2),
-                       rs.nulo(3) ? std::nullopt : std::optional(rs.logico(3))};
+                       rs.nulo(3) ? std::nullopt : std::optional(rs.logico(3)), rs.texto(4)};
       });
+}
+
+Resultado<> Pendientes::anotarMotivo(const Exporte& e) {
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE ExportesPendientes SET MOTIVO=? WHERE LINK=? AND RUTA=?",
+                              e.motivo, e.link, e.ruta));
+  return {};
 }
 
 Resultado<> Pendientes::saldarExporte(const Exporte& e) {
@@ -72,11 +80,7 @@ Resultado<> Pendientes::saldarExporte(const Exporte& e) {
 Resultado<> Pendientes::limpiar() {
   for (const QString& tabla :
        {u"PeriodosPendientes"_s, u"ExportesPendientes"_s, u"BorradosPendientes"_s})
-    TARVO_INTENTAR(db_.ejecutar(
-        dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c WHERE "
-                       u"c.LINK={tabla}.LINK AND c.FECHA1={tabla}.FECHA1 AND "
-                       u"c.FECHAF={tabla}.FECHAF)",
-                       {{u"tabla", tabla}})));
+    TARVO_INTENTAR(totals::olvidarNotasSinPeriodo(db_, tabla));
   return {};
 }
 
@@ -106,6 +110,7 @@ Pendientes::Debido debidoDe(const dao::Recordset& rs) {
   d.fichero = rs.texto(8);
   d.numero = rs.entero(9);
   d.luegoSeBorra = rs.logico(11);
+  d.motivo = rs.texto(12);
   return d;
 }
 
@@ -115,13 +120,13 @@ Resultado<std::vector<Pendientes::Debido>> Pendientes::todos() {
   TARVO_INTENTAR(asegurarTablasHistoria(db_));
   return dao::reunir(
       db_.consultar(u"SELECT c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, 0 AS VERBO, 0 AS "
-                    u"MAYOR, e.PROCESO, e.RUTA, e.NUMERO, e.NUMERO AS VEZ, e.BORRAR FROM "
+                    u"MAYOR, e.PROCESO, e.RUTA, e.NUMERO, e.NUMERO AS VEZ, e.BORRAR, e.MOTIVO FROM "
                     u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK AND "
                     u"c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF UNION ALL SELECT c.LINK, "
                     u"c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, p.VERBO, p.TIPO, '', '', 0, "
-                    u"c.LINK, 0 FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
+                    u"c.LINK, 0, '' FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
                     u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF UNION ALL SELECT "
-                    u"c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, ?, 0, '', '', 0, c.LINK, 0 "
+                    u"c.LINK, c.TIPO, c.FECHA1, c.FECHAF, c.DESCR, ?, 0, '', '', 0, c.LINK, 0, '' "
                     u"FROM BorradosPendientes b INNER JOIN COLUMNA c ON c.LINK=b.LINK AND "
                     u"c.FECHA1=b.FECHA1 AND c.FECHAF=b.FECHAF ORDER BY VERBO, VEZ",
                     kBorrarEntregado),

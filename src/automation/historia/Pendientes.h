@@ -1,6 +1,6 @@
 // Operations on periods that a process should have done and couldn't: accumulate, take off the
 // stock, export. Each is owed until it is done, even nights later; nothing is owed for a deleted
-// period.
+// period, unless it is restored.
 #pragma once
 
 #include <QString>
@@ -37,6 +37,7 @@ class Pendientes {
     qint64 link = 0;
     // The period is to be deleted once it is in the file; not known of a debt noted earlier on.
     std::optional<bool> borrar;
+    QString motivo = {};  // why it failed, as it was told last
   };
   // A period already owed to this file is not owed twice: the first mark stays, and the wish to
   // delete it.
@@ -44,9 +45,11 @@ class Pendientes {
   // What is owed to the step's file, whichever process noted it, and to the files that its name
   // meant on other days. In the order it was noted.
   Resultado<std::vector<Exporte>> exportes(const Destino& destino);
+  // It failed again, for this reason.
+  Resultado<> anotarMotivo(const Exporte& exporte);
   // The period is in the file.
   Resultado<> saldarExporte(const Exporte& exporte);
-  // Removes debts for deleted periods.
+  // Removes debts for deleted periods, unless these can still be restored.
   Resultado<> limpiar();
 
   // One debt, for display.
@@ -60,6 +63,7 @@ class Pendientes {
     int mayor = 0;  // Acumular: kind of the larger period
     // Exportar. `fichero` is empty for a debt that was noted without its file.
     QString proceso, fichero;
+    QString motivo;             // Exportar: why it failed; empty if that isn't known
     bool luegoSeBorra = false;  // Exportar
     qint64 numero = 0;
   };

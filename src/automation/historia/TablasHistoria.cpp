@@ -84,7 +84,8 @@ dao::TablasDeSala tablasHistoria() {
                     {7, {}, debidosUnaVez},
                     {8, kDeUnFichero.toString()},
                     dao::columna(9, u"ExportesPendientes"_s, u"NOMBRE"_s, u"TEXT"_s),
-                    dao::columna(10, u"ExportesPendientes"_s, u"BORRAR"_s, u"INTEGER"_s)},
+                    dao::columna(10, u"ExportesPendientes"_s, u"BORRAR"_s, u"INTEGER"_s),
+                    dao::columna(11, u"ExportesPendientes"_s, u"MOTIVO"_s, u"TEXT DEFAULT ''"_s)},
           .copias = {}};
 }
 

@@ -14,17 +14,6 @@ QString citado(QStringView campo) {
   return u'"' + campo.left(40).toString() + u'"';
 }
 
-// With slashes or dashes, the year first or last.
-std::optional<Fecha> leerFecha(QStringView campo) {
-  if (const auto f = Fecha::leer(campo)) return f;
-  const qsizetype blanco = campo.indexOf(u' ');
-  auto partes = campo.left(blanco < 0 ? campo.size() : blanco).split(u'-');
-  if (partes.size() != 3) return std::nullopt;
-  if (partes[0].size() == 4) std::swap(partes[0], partes[2]);
-  const QString hora = blanco < 0 ? QString() : campo.mid(blanco).toString();
-  return Fecha::leer(QStringLiteral("%1/%2/%3").arg(partes[0], partes[1], partes[2]) + hora);
-}
-
 // Reads field by field. The first fault is kept, and later fields are ignored.
 class Campos {
  public:
@@ -59,13 +48,13 @@ class Campos {
 
   Fecha fecha() {
     const auto f = campo();
-    const auto valor = leerFecha(f);
+    const auto valor = Fecha::leerConGuiones(f);
     if (!valor) fallo(kTxNoEsFecha, {citado(f)});
     return valor.value_or(Fecha());
   }
   Momento fechaOTexto() {
     const auto f = campo();
-    if (const auto valor = leerFecha(f)) return *valor;
+    if (const auto valor = Fecha::leerConGuiones(f)) return *valor;
     return f.toString();
   }
   // The leading digits of a field.
@@ -153,7 +142,7 @@ Intervalo leerIntervalo(Campos& f) {
   if (tipo == totals::kOtros) return {tipo, desde, f.fecha()};
   const auto final = f.campo();
   if (!f.error().isEmpty()) return {};
-  const auto fecha = leerFecha(final);
+  const auto fecha = Fecha::leerConGuiones(final);
   if (!final.isEmpty() && (!fecha || *fecha < desde.dia()))
     f.reparo(kTxFinalPasado, {final.toString()});
   const auto lleno = totals::LimitesPeriodo(tipo, desde, desde);

@@ -52,6 +52,11 @@ QString Debidos::periodoDe(const Pendientes::Debido& d) const {
 }
 
 QString Debidos::queFalta(const Pendientes::Debido& d) const {
+  const QString falta = loDebido(d);
+  return d.motivo.isEmpty() ? falta : contexto().textos(kTxFaltaPorque, {falta, d.motivo});
+}
+
+QString Debidos::loDebido(const Pendientes::Debido& d) const {
   const Textos& textos = contexto().textos;
   switch (d.que) {
     case Pendientes::Debido::Que::Exportar:

@@ -19,6 +19,7 @@ class Debidos final : public ventanas::Ventana {
   void olvidar();
   QString periodoDe(const Pendientes::Debido& d) const;
   QString queFalta(const Pendientes::Debido& d) const;
+  QString loDebido(const Pendientes::Debido& d) const;
 
   Ui::FormaDebidos ui_;
   Pendientes& libro_;

@@ -84,4 +84,13 @@ Resultado<> asegurarTablasTareas(dao::Database& db) {
   return dao::darPasos(db, {tablasTareas()});
 }
 
+std::vector<QString> tablasDeGrupo() {
+  return {QStringLiteral("ListasRecibidas")};
+}
+
+Resultado<> olvidarGrupo(dao::Database& db, int grupo) {
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ListasRecibidas WHERE GRUPO=?", grupo));
+  return {};
+}
+
 }  // namespace tarvo::tareas

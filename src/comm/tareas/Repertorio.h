@@ -15,5 +15,10 @@ motor::RepertorioTareas repertorio();
 dao::TablasDeSala tablasTareas();
 // Creates only these, for users of this room alone.
 Resultado<> asegurarTablasTareas(dao::Database& db);
+// Called in the transaction that deletes a group: a later one with its code must not continue its
+// lists. The documents stay.
+Resultado<> olvidarGrupo(dao::Database& db, int grupo);
+// Where that is, for callers that can restore the group: tables with a column GRUPO.
+std::vector<QString> tablasDeGrupo();
 
 }  // namespace tarvo::tareas

@@ -58,6 +58,17 @@ std::optional<Fecha> Fecha::leer(QStringView texto) {
   return de(dia, hora);
 }
 
+std::optional<Fecha> Fecha::leerConGuiones(QStringView texto) {
+  if (const auto f = leer(texto)) return f;
+  texto = texto.trimmed();
+  const qsizetype blanco = texto.indexOf(u' ');
+  auto partes = texto.left(blanco < 0 ? texto.size() : blanco).split(u'-');
+  if (partes.size() != 3) return std::nullopt;
+  if (partes[0].size() == 4) std::swap(partes[0], partes[2]);
+  const QString hora = blanco < 0 ? QString() : texto.mid(blanco).toString();
+  return leer(QStringLiteral("%1/%2/%3").arg(partes[0], partes[1], partes[2]) + hora);
+}
+
 std::optional<Fecha> Fecha::leerProxima(QStringView texto, Fecha hoy) {
   texto = texto.trimmed();
   if (texto.count(u'/') != 1) return leer(texto);

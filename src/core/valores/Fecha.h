@@ -25,7 +25,9 @@ class Fecha {
   static Fecha de(const QDateTime& momento);
   // "dd/mm/yyyy" with an optional "hh:nn[:ss]" after a blank; nothing if it is no date.
   static std::optional<Fecha> leer(QStringView texto);
-  // The same; "dd/mm" is the next such day, from `hoy` on.
+  // The same, also with dashes, and then the year may come first.
+  static std::optional<Fecha> leerConGuiones(QStringView texto);
+  // As `leer`; "dd/mm" is the next such day, from `hoy` on.
   static std::optional<Fecha> leerProxima(QStringView texto, Fecha hoy);
   // A time of day alone, "hh:nn[:ss]", as a fraction; nothing if it is no time.
   static std::optional<Fecha> leerHora(QStringView texto);

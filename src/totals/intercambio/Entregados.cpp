@@ -12,10 +12,7 @@ constexpr QChar kEntreRutas = u'\n';
 
 Resultado<> Entregados::anotar(qint64 link, const QString& ruta) {
   TARVO_TOMAR(const auto suyas, p_.sumasDe(link));
-  TARVO_INTENTAR(
-      db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE NOT EXISTS (SELECT 1 FROM COLUMNA c "
-                   u"WHERE c.LINK=BorradosPendientes.LINK AND c.FECHA1=BorradosPendientes.FECHA1 "
-                   u"AND c.FECHAF=BorradosPendientes.FECHAF)"));
+  TARVO_INTENTAR(olvidarNotasSinPeriodo(db_, QStringLiteral("BorradosPendientes")));
   TARVO_INTENTAR(
       db_.ejecutar(u"INSERT OR IGNORE INTO BorradosPendientes (LINK, FECHA1, FECHAF, VENTAS) "
                    u"SELECT LINK, FECHA1, FECHAF, ? FROM COLUMNA WHERE LINK=?",

@@ -101,20 +101,29 @@ bool leerNumero(QStringView linea, Lugar lugar, qint64& n) {
 }
 
 // Where a short line has its group. Ours has it first, followed by the code of an operator, or the
-// section and code of a department; another system's has it where those begin.
-std::optional<Clave> claveCortaDe(TipoTotal tipo, QStringView linea, const Secciones& secciones) {
+// section and code of a department; another system's has it where those begin. A group of ours may
+// have been in another section when the line was written, or may have been deleted since: what
+// comes first in a line of another system is not known.
+struct ClaveCorta {
+  Clave clave;
+  bool supuesta = false;  // taken for another system's, though it may be of a group we had
+};
+std::optional<ClaveCorta> claveCortaDe(TipoTotal tipo, QStringView linea,
+                                       const Secciones& secciones) {
   const Clave ajena = claveDe(tipo, true);
-  if (tipo != TipoTotal::Operadores && tipo != TipoTotal::Departamentos) return ajena;
+  if (tipo != TipoTotal::Operadores && tipo != TipoTotal::Departamentos) return ClaveCorta{ajena};
   qint64 delante = 0, detras = 0;
-  if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras)) return ajena;
-  if (delante == 0) return ajena;  // not one of our groups
+  if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras) ||
+      delante == 0)  // never a group of ours
+    return ClaveCorta{ajena};
   const auto grupo = secciones.find(delante);
-  const bool nuestra =
-      grupo != secciones.end() && (tipo == TipoTotal::Operadores || grupo->second == detras);
   const bool deOtro = secciones.contains(detras);
-  if (nuestra == deOtro) return std::nullopt;
-  if (deOtro) return ajena;
-  return tipo == TipoTotal::Operadores ? Clave{{2, 2}, {4, 4}, {}} : Clave{{2, 2}, {6, 2}, {}};
+  if (grupo == secciones.end())
+    return deOtro ? std::optional(ClaveCorta{ajena, true}) : std::nullopt;
+  const bool suSeccion = tipo == TipoTotal::Operadores || grupo->second == detras;
+  if (deOtro || !suSeccion) return std::nullopt;
+  return ClaveCorta{tipo == TipoTotal::Operadores ? Clave{{2, 2}, {4, 4}, {}}
+                                                  : Clave{{2, 2}, {6, 2}, {}}};
 }
 
 const ClaseTotal* claseDeCodigo(QStringView codigo, const Ajustes& ajustes) {
@@ -138,11 +147,14 @@ std::expected<FilaExport, LineaMala> leerLineaExport(QStringView linea, const Aj
   const ClaseTotal* c = claseDeCodigo(linea.left(2), ajustes);
   if (!c) return noEs;
   const bool corto = linea.size() == kCorto;
-  const auto clave = corto ? claveCortaDe(c->tipo, linea, secciones) : claveDe(c->tipo, false);
-  if (!clave) return std::unexpected(LineaMala::Dudosa);
+  const auto corta = corto ? claveCortaDe(c->tipo, linea, secciones)
+                           : std::optional(ClaveCorta{claveDe(c->tipo, false)});
+  if (!corta) return std::unexpected(LineaMala::Dudosa);
+  const Clave* clave = &corta->clave;
   const int x = corto ? 8 : 16;
   FilaExport f;
   f.clase = c->tipo;
+  f.supuesta = corta->supuesta;
   const bool bien =
       leerNumero(linea, clave->grupo, f.GRUPO) && leerNumero(linea, clave->codi, f.CODI) &&
       leerNumero(linea, clave->hora, f.HORA) && leerNumero(linea, {x, 10}, f.c.IMP) &&

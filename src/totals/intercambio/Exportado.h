@@ -15,6 +15,8 @@ struct FilaExport {
   TipoTotal clase = TipoTotal::GranTotal;
   qint64 GRUPO = 0, SECCION = 0, CODI = 0, HORA = 0;
   Contadores c;
+  // Read: a short line taken for another system's, though it may be ours, of a group that is gone.
+  bool supuesta = false;
 };
 
 // Characters of a line, without its end.

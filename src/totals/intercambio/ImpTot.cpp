@@ -80,11 +80,14 @@ Resultado<Secciones> leerSecciones(dao::Database& db) {
   return s;
 }
 
-// The detail lines up to the next header. Returns their number.
-Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
-                           const Secciones& secciones, const QString& nombre,
-                           const Textos& textos) {
-  int lineas = 0;
+struct Detalle {
+  int lineas = 0, supuestas = 0;
+};
+// The detail lines up to the next header.
+Resultado<Detalle> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
+                               const Secciones& secciones, const QString& nombre,
+                               const Textos& textos) {
+  Detalle d;
   for (; !l.fin() && !l.esCabecera(); l.siguiente()) {
     if (l.enBlanco()) continue;
     if (l.demasiadoLarga()) return noReconocible(l, nombre, textos);
@@ -93,10 +96,11 @@ Resultado<int> leerDetalle(Lector& l, Sumador& sumador, const Ajustes& a,
       return fallo(Fallo::Formato, textos(kTxLineaDudosa, {nombre, l.numero()}));
     if (!fila) return noReconocible(l, nombre, textos);
     TARVO_INTENTAR(sumador.sumar(*fila));
-    ++lineas;
+    ++d.lineas;
+    if (fila->supuesta) ++d.supuestas;
   }
   if (l.averia()) return noReconocible(l, nombre, textos);
-  return lineas;
+  return d;
 }
 
 }  // namespace
@@ -196,12 +200,12 @@ Resultado<ImpTot::Hecho> Importacion::incorporar(SiExiste siExiste, const AlCamb
   if (fase) fase(Fase::Leyendo);
   Sumador sumador(m.db_, *link);
   TARVO_TOMAR(const auto secciones, leerSecciones(m.db_));
-  TARVO_TOMAR(const auto lineas,
+  TARVO_TOMAR(const auto detalle,
               leerDetalle(d->lector, sumador, m.a_, secciones, d->nombre, m.p_.textos()));
   TARVO_INTENTAR(sumador.comprobar(m.p_.textos()));
   TARVO_INTENTAR(m.p_.ReacumularTodo(*link, marcas));
   TARVO_INTENTAR(t.confirmar());
-  return ImpTot::Hecho{*link, p, lineas};
+  return ImpTot::Hecho{*link, p, detalle.lineas, detalle.supuestas};
 }
 
 Resultado<> ImpTot::importarTodo(Importacion& fichero, SiExiste siExiste,

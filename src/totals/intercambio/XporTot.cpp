@@ -113,9 +113,9 @@ Resultado<XporTot::Avance> XporTot::avanceDe(const QString& marca) {
 }
 
 // The blocks count from the moment the database records them as in the file, which is after they
-// are on disk.
+// are on disk. `alContar` belongs to that transaction: without it they don't count either.
 Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
-                              const QString& marca) {
+                              const QString& marca, const std::function<Resultado<>()>& alContar) {
   qint64 largo = 0;
   for (const Columna& c : periodos) {
     TARVO_TOMAR(const auto suyo, largoDe(c, corto));
@@ -134,6 +134,7 @@ Resultado<> XporTot::escribir(const QString& ruta, const std::vector<Columna>& p
         db_.ejecutar(u"INSERT OR REPLACE INTO Exportes (MARCA, RUTA, ANTES, DESPUES, HUELLA, "
                      u"HECHO) VALUES (?, ?, ?, ?, ?, 0)",
                      marca, anotada(ruta), sitio.desde, sitio.hasta, sitio.huella));
+  if (alContar) TARVO_INTENTAR(alContar());
   TARVO_INTENTAR(t.confirmar());
   fichero->confirmada();
   return {};
@@ -180,17 +181,27 @@ Resultado<QStringList> XporTot::borrarEntregado(qint64 link, const QStringList& 
 Resultado<> XporTot::terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
                               const QString& ruta) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  const bool aMano = marca.isEmpty();
+  if (borrar)
+    for (const qint64 link : links) TARVO_INTENTAR(borrarEntregado(link, {ruta, anotada(ruta)}));
+  TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
+  return t.confirmar();
+}
+
+// In one transaction with the block: no mark would tell the night that it is there already.
+Resultado<> XporTot::exportarAMano(const std::vector<Columna>& periodos, const OpcionesExport& como,
+                                   const QString& ruta) {
   const QStringList suyas{ruta, anotada(ruta)};
   QStringList quedan;
-  for (const qint64 link : links) {
-    if (aMano) TARVO_INTENTAR(pagar(link, suyas));
-    if (!borrar) continue;
-    TARVO_TOMAR(const auto debidos, borrarEntregado(link, suyas));
-    if (aMano) quedan += debidos;
-  }
-  if (!aMano) TARVO_INTENTAR(db_.ejecutar(u"UPDATE Exportes SET HECHO=1 WHERE MARCA=?", marca));
-  TARVO_INTENTAR(t.confirmar());
+  const auto pagarlos = [&]() -> Resultado<> {
+    for (const Columna& c : periodos) {
+      TARVO_INTENTAR(pagar(c.LINK, suyas));
+      if (!como.borrar) continue;
+      TARVO_TOMAR(const auto debidos, borrarEntregado(c.LINK, suyas));
+      quedan += debidos;
+    }
+    return {};
+  };
+  TARVO_INTENTAR(escribir(ruta, periodos, como.corto, QString(), pagarlos));
   if (quedan.isEmpty()) return {};
   return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));
 }
@@ -212,6 +223,10 @@ Resultado<bool> XporTot::XportRemoto(const std::vector<qint64>& periodos,
   if (!avance.escrito) {
     TARVO_TOMAR(const auto nuevos, columnas(periodos));
     if (!nuevos) return false;
+    if (marca.isEmpty()) {
+      TARVO_INTENTAR(exportarAMano(*nuevos, como, ruta));
+      return true;
+    }
     TARVO_INTENTAR(escribir(ruta, *nuevos, como.corto, marca));
   }
   TARVO_INTENTAR(terminar(periodos, como.borrar, marca, ruta));

@@ -31,7 +31,8 @@ class XporTot {
   // REQUIRES that no transaction is open: the note must be on disk before the file changes.
   // A period of which anything else is still owed is not deleted: that is noted (Entregados), and
   // without a mark it is an Error, Restriccion, with everything exported. Without a mark it is a
-  // person's, and pays what is owed of the periods to that file. With a mark the caller does that.
+  // person's, and pays what is owed of the periods to that file, in one transaction with the
+  // blocks. With a mark the caller does that.
   Resultado<bool> XportRemoto(const std::vector<qint64>& periodos, const OpcionesExport& como,
                               const QString& nombre, const QString& marca);
   // The bytes of one block, piece by piece: two header lines and the rows. An Error from `recibe`
@@ -61,7 +62,9 @@ class XporTot {
   Resultado<qint64> largoDe(const Columna& periodo, bool corto);
   Resultado<std::optional<std::vector<Columna>>> columnas(const std::vector<qint64>& links);
   Resultado<> escribir(const QString& ruta, const std::vector<Columna>& periodos, bool corto,
-                       const QString& marca);
+                       const QString& marca, const std::function<Resultado<>()>& alContar = {});
+  Resultado<> exportarAMano(const std::vector<Columna>& periodos, const OpcionesExport& como,
+                            const QString& ruta);
   Resultado<> pagar(qint64 link, const QStringList& rutas);
   Resultado<QStringList> borrarEntregado(qint64 link, const QStringList& salvo);
   Resultado<> terminar(const std::vector<qint64>& links, bool borrar, const QString& marca,
@@ -88,6 +91,9 @@ class ImpTot {
     qint64 link;
     Periodo periodo;
     int lineas;
+    // Short lines of operators and departments taken for another system's, though columns 3-4 may
+    // be a group that this shop had: then their sales are under another group.
+    int supuestas = 0;
   };
   // The number of blocks imported. On an Error those before the bad one stay imported (in
   // `hechos`).

@@ -10,8 +10,8 @@ using dao::conMarcas;
 namespace {
 
 constexpr const char16_t* kTablasPapelera[] = {
-    u"PapeleraPer",      u"PapeleraFilas", u"PapeleraOrig",  u"PapeleraSusti",
-    u"PapeleraTotSusti", u"PapeleraSuma",  u"PapeleraMarcas"};
+    u"PapeleraPer",      u"PapeleraFilas", u"PapeleraOrig",   u"PapeleraSusti",
+    u"PapeleraTotSusti", u"PapeleraSuma",  u"PapeleraMarcas", u"PapeleraSumados"};
 const QString kColumnasOrigen =
     u"LINK, GRUPO, CLASE, EJECUCION, LEIDO, DESDE, HASTA, MODO, FILAS, CON, IMP"_s;
 const QString kColumnasFila = u"GRUPO, CODI, HORA, CON, PES, [IMP], SCO"_s;
@@ -37,10 +37,12 @@ Resultado<std::vector<Tirado>> leerLote(dao::Database& db, qint64 lote) {
 
 }  // namespace
 
+// The rows of a sum are kept under its batch also while its period is deleted, or for good.
 Resultado<qint64> Papelera::nuevoLote() {
   TARVO_TOMAR(const auto ultimo,
               db_.uno(u"SELECT max(LOTE) FROM (SELECT LOTE FROM PapeleraPer UNION ALL "
-                      u"SELECT LOTE FROM Sumados) x"));
+                      u"SELECT LOTE FROM Sumados UNION ALL SELECT LOTE FROM PapeleraSuma UNION "
+                      u"ALL SELECT SUMA FROM PapeleraSumados) x"));
   return ultimo.entero() + 1;
 }
 
@@ -82,6 +84,10 @@ Resultado<> Papelera::guardar(qint64 lote, const Columna& c, bool soloFilas) {
                   u"WHERE LINK=?",
                   {{u"origen", kColumnasOrigen}}),
         lote, c.LINK));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO PapeleraSumados (LOTE, LINK, SUMA, TIPO, FECHA1, FECHAF, SOLAPA) "
+                   u"SELECT ?, LINK, LOTE, TIPO, FECHA1, FECHAF, SOLAPA FROM Sumados WHERE LINK=?",
+                   lote, c.LINK));
   TARVO_INTENTAR(guardarAcumulados(lote, c));
   return guardarSustituidos(lote, c);
 }
@@ -182,6 +188,11 @@ Resultado<> Papelera::reponer(qint64 lote, const Columna& c, bool soloFilas) {
                   u"LOTE=? AND LINK=?",
                   {{u"origen", kColumnasOrigen}}),
         lote, c.LINK));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO Sumados (LINK, LOTE, TIPO, FECHA1, FECHAF, SOLAPA) SELECT LINK, "
+                   u"SUMA, TIPO, FECHA1, FECHAF, SOLAPA FROM PapeleraSumados WHERE LOTE=? AND "
+                   u"LINK=?",
+                   lote, c.LINK));
   return reponerSustituidos(lote, c);
 }
 

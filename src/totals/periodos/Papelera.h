@@ -1,6 +1,7 @@
 // Deleted periods can be restored for a while: they are kept in separate tables, by batch, with
-// their rows, marks and origins, and with their record of replaced periods. The rows of a sum are
-// kept there as well (Sumas). Meanwhile their number is not given to another period.
+// their rows, marks and origins, and with their record of replaced and of summed periods. The rows
+// of a sum are kept there as well (Sumas). Meanwhile their number is not given to another period,
+// and what is owed of them waits.
 #pragma once
 
 #include <optional>

@@ -40,6 +40,8 @@ struct NotaDePeriodo {
   bool porNumero = false;  // by its number, and the dates tell it from another one with that number
 };
 std::vector<NotaDePeriodo> notasDePeriodo();
+// Deletes the notes by number whose period is gone for good: neither there nor in the Papelera.
+Resultado<> olvidarNotasSinPeriodo(dao::Database& db, const QString& tabla);
 
 class Periodos {
  public:
@@ -118,7 +120,7 @@ class Periodos {
   Resultado<int> DescontarVarios(const std::vector<qint64>& links, bool deshacer);
 
   // What nights still owe of it: to which file, as it is noted, except those of `salvo`; into which
-  // larger period; a sentence each.
+  // larger period; a sentence each. Not what a person has done by now.
   Resultado<QStringList> debidosDe(qint64 link, const QStringList& salvo = {});
   // The groups whose machines still hold their sales, as a text: they are memorised, so they won't
   // be counted again, and only what comes after them will. Empty when there are none.

@@ -20,11 +20,10 @@ QString conTabla(QStringView sql, const NotaDePeriodo& nota) {
 
 // The tables of the runner's debts are its own; a program may not have them yet.
 std::vector<NotaDePeriodo> notasDePeriodo() {
-  return {{QStringLiteral("Sumados"), false},
-          {QStringLiteral("Sustituidos"), false},
-          {QStringLiteral("ExportesPendientes"), true},
-          {QStringLiteral("PeriodosPendientes"), true},
-          {QStringLiteral("BorradosPendientes"), true}};
+  return {
+      {QStringLiteral("Sumados"), false},           {QStringLiteral("PapeleraSumados"), false},
+      {QStringLiteral("Sustituidos"), false},       {QStringLiteral("ExportesPendientes"), true},
+      {QStringLiteral("PeriodosPendientes"), true}, {QStringLiteral("BorradosPendientes"), true}};
 }
 
 Resultado<> Periodos::mudarNotas(qint64 link, const Periodo& de, const Periodo& a) {
@@ -57,6 +56,17 @@ Resultado<> Periodos::renumerarNotas(qint64 viejo, qint64 nuevo) {
     TARVO_INTENTAR(
         db_.ejecutar(conTabla(u"UPDATE {tabla} SET LINK=? WHERE LINK=?", nota), nuevo, viejo));
   }
+  return {};
+}
+
+Resultado<> olvidarNotasSinPeriodo(dao::Database& db, const QString& tabla) {
+  TARVO_INTENTAR(db.ejecutar(
+      dao::conMarcas(u"DELETE FROM {tabla} WHERE NOT EXISTS (SELECT 1 FROM COLUMNA x WHERE "
+                     u"x.LINK={tabla}.LINK AND x.FECHA1={tabla}.FECHA1 AND "
+                     u"x.FECHAF={tabla}.FECHAF) AND NOT EXISTS (SELECT 1 FROM PapeleraPer x WHERE "
+                     u"x.LINK={tabla}.LINK AND x.FECHA1={tabla}.FECHA1 AND "
+                     u"x.FECHAF={tabla}.FECHAF)",
+                     {{u"tabla", tabla}})));
   return {};
 }
 
@@ -115,6 +125,8 @@ Resultado<QStringList> Periodos::debidosDe(qint64 link, const QStringList& salvo
                     link, c->periodo.desde, c->periodo.hasta),
       [&](const dao::Recordset& rs) {
         const auto mayor = static_cast<int>(rs.entero(0));
+        // Done by hand since: the next step only takes it off the list.
+        if (mayor == 0 ? c->stkADO > 0 : c->acumulado(mayor)) return;
         lineas += mayor == 0 ? textos_(kTxDebeDescontarse, {periodo})
                              : textos_(kTxDebeAcumularse, {periodo, NombreTipoPeriodo(mayor)});
       }));

@@ -65,6 +65,13 @@ CREATE TABLE IF NOT EXISTS BorradosPendientes (
   LINK INTEGER PRIMARY KEY, FECHA1 DOUBLE PRECISION, FECHAF DOUBLE PRECISION, VENTAS TEXT);
 )");
 
+// SUMA: the batch of the sum, as in Sumados.LOTE.
+const QString kSumasTiradas = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS PapeleraSumados (
+  LOTE INTEGER, LINK INTEGER, SUMA INTEGER, TIPO INTEGER, FECHA1 DOUBLE PRECISION,
+  FECHAF DOUBLE PRECISION, SOLAPA INTEGER);
+)");
+
 }  // namespace
 
 dao::TablasDeSala tablasTotales() {
@@ -78,7 +85,8 @@ dao::TablasDeSala tablasTotales() {
                                  QStringLiteral("TEXT DEFAULT ''")),
                     {7, kBorradosPendientes},
                     dao::columna(8, QStringLiteral("BorradosPendientes"), QStringLiteral("RUTAS"),
-                                 QStringLiteral("TEXT DEFAULT ''"))},
+                                 QStringLiteral("TEXT DEFAULT ''")),
+                    {9, kSumasTiradas}},
           .copias = {}};
 }
 

@@ -111,27 +111,32 @@ Resultado<VerTot::Creado> VerTot::CrearIntvalo(const Periodo& p, const QString& 
   return Creado{link, false};
 }
 
-Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
-                                      std::span<const qint64> conservar) {
-  TARVO_TOMAR(auto links, entreFechas(tipo, desde, hasta));
-  QStringList quedan;
-  for (const qint64 link : conservar) {
-    if (std::erase(links, link) == 0) continue;
-    TARVO_TOMAR(const auto c, p_.columna(link));
-    if (c) quedan << TextoPeriodo(c->periodo);
+// With a period would go what is owed of it, and nobody would know.
+Resultado<VerTot::PorBorrar> VerTot::porBorrar(int tipo, Fecha desde, Fecha hasta) {
+  PorBorrar b;
+  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
+  for (const qint64 link : links) {
+    TARVO_TOMAR(const auto debidos, p_.debidosDe(link));
+    if (debidos.isEmpty()) b.links.push_back(link);
+    b.debidos += debidos;
   }
+  return b;
+}
+
+Resultado<bool> VerTot::BorrarIntvalo(int tipo, Fecha desde, Fecha hasta) {
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
-  for (const qint64 link : links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
+  TARVO_TOMAR(const auto b, porBorrar(tipo, desde, hasta));
+  for (const qint64 link : b.links) TARVO_INTENTAR(p_.BorrarPeriodo(link));
   TARVO_INTENTAR(t.confirmar());
-  for (const qint64 link : links) std::erase(seleccion_, link);
-  if (!quedan.isEmpty())
-    return fallo(Fallo::Restriccion, p_.textos()(kTxNoSeBorraDebido, {quedan.join(u", ")}));
-  return !links.empty();
+  for (const qint64 link : b.links) std::erase(seleccion_, link);
+  if (!b.debidos.isEmpty())
+    return fallo(Fallo::Restriccion, p_.textos()(kTxNoSeBorraDebido, {b.debidos.join(u"; ")}));
+  return !b.links.empty();
 }
 
 Resultado<QString> VerTot::gruposSinCero(int tipo, Fecha desde, Fecha hasta) {
-  TARVO_TOMAR(const auto links, entreFechas(tipo, desde, hasta));
-  return p_.gruposSinCero(links);
+  TARVO_TOMAR(const auto b, porBorrar(tipo, desde, hasta));
+  return p_.gruposSinCero(b.links);
 }
 
 Resultado<std::vector<qint64>> VerTot::entreFechas(int tipo, Fecha desde, Fecha hasta) {

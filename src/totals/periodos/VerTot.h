@@ -26,10 +26,9 @@ class VerTot {
     bool existia = false;
   };
   Resultado<Creado> CrearIntvalo(const Periodo& p, const QString& descr);
-  // `conservar`: those that stay, whatever their dates; Restriccion, with their names, when there
-  // is one among them, after the others have gone.
-  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta,
-                                std::span<const qint64> conservar = {});
+  // Those of which nights still owe something (Periodos::debidosDe) stay: Restriccion, with what is
+  // owed, after the others have gone.
+  Resultado<bool> BorrarIntvalo(int tipo, Fecha desde, Fecha hasta);
   // Periodos::gruposSinCero of those that BorrarIntvalo would delete.
   Resultado<QString> gruposSinCero(int tipo, Fecha desde, Fecha hasta);
   bool ClrSelec();
@@ -81,6 +80,11 @@ class VerTot {
       const std::function<bool(const Periodo&, const Periodo&)>& juntos);
   Resultado<bool> conSeleccion(
       const std::function<Resultado<bool>(const Columna&, bool antes)>& paso);
+  struct PorBorrar {
+    std::vector<qint64> links;
+    QStringList debidos;  // what keeps others
+  };
+  Resultado<PorBorrar> porBorrar(int tipo, Fecha desde, Fecha hasta);
   Resultado<std::vector<qint64>> entreFechas(int tipo, Fecha desde, Fecha hasta);
   void anadir(qint64 link);
   Resultado<std::vector<Columna>> elegidas();

@@ -138,10 +138,13 @@ QString CerrSesVentana::textoFaltan(const std::vector<int>& grupos) {
   return nombres.isEmpty() ? QString() : contexto().textos(kTxFaltanGrupos, {nombres.join(u", ")});
 }
 
-QStringList CerrSesVentana::graves() const {
+// Also those that don't make a night end with problems: where sales went, and what they were not
+// taken off, is nowhere else for whoever memorises here.
+QStringList CerrSesVentana::avisos() const {
   QStringList textos;
-  for (const Aviso& a : avisos_)
-    if (a.grave) textos << a.texto;
+  for (const bool grave : {true, false})
+    for (const Aviso& a : avisos_)
+      if (a.grave == grave) textos << a.texto;
   textos.removeDuplicates();  // the inbox is analysed twice
   return textos;
 }
@@ -174,8 +177,11 @@ void CerrSesVentana::guardar() {
   pintarCara();
   ui_.Descrip->clear();
   std::set<qint64> distintos(links->begin(), links->end());
-  const QStringList malos = graves();
-  if (!malos.isEmpty()) return decirDuda(t(kTxConAvisos), malos.join(u'\n'));
+  QStringList dichos = avisos();
+  if (!dichos.isEmpty()) {
+    const QString primero = t(kTxConAvisos) + u": "_s + dichos.takeFirst();
+    return decirDuda(primero, dichos.join(u'\n'));
+  }
   decirBien(t(kTxIncorporados2, static_cast<int>(distintos.size())));
   empezarCuenta();
 }

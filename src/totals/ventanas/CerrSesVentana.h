@@ -32,7 +32,7 @@ class CerrSesVentana final : public ventanas::Ventana {
   void detalles();
   void empezarCuenta();
   void tictac();
-  QStringList graves() const;
+  QStringList avisos() const;
   // Shows the current activity, painted at once because it runs without the event loop.
   void decirEstado(const QString& texto);
   template <class F>

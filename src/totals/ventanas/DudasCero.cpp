@@ -67,7 +67,9 @@ void DudasCero::responder(bool olvido) {
   std::vector<Aviso> avisos;
   const auto links = motor_.responder(d.grupo, d.addr, olvido, avisos);
   if (!haIdoBien(links) || !haIdoBien(refrescar())) return;
-  if (!avisos.empty()) return decirDuda(avisos.front().texto);
+  QStringList dichos;
+  for (const Aviso& a : avisos) dichos << a.texto;
+  if (!dichos.isEmpty()) return decirDuda(dichos.takeFirst(), dichos.join(u'\n'));
   decirBien(textos(links->empty() ? kTxDudaAnotada : kTxDudaMemorizada, {nombreDe(d)}));
 }
 

@@ -127,6 +127,7 @@ void ImpTotVentana::abrir() {
   fichero_ = std::move(*f);
   hechos_ = 0;
   lineas_ = 0;
+  supuestas_ = 0;
   leerSiguiente();
 }
 
@@ -161,11 +162,19 @@ Resultado<> ImpTotVentana::incorporarUno() {
                   ui_.BorrPrevio->isChecked() ? SiExiste::Borrarlo : SiExiste::Acumularlo, fase));
   ++hechos_;
   lineas_ += hecho.lineas;
-  ui_.Conta->setText(lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales));
+  supuestas_ += hecho.supuestas;
+  contar();
   TARVO_TOMAR(auto b, fichero_->siguiente());
   bloque_ = std::move(b);
   if (bloque_) mostrarBloque();
   return {};
+}
+
+// The strip tells of a failure or a stop, so what was read doubtfully is here as well.
+void ImpTotVentana::contar() {
+  QString texto = lineas_ > 0 ? t(kTxNTotales, static_cast<int>(lineas_)) : t(kTxSinTotales);
+  if (supuestas_ > 0) texto += u". "_s + t(kTxLeidasComoDeOtro, supuestas_);
+  ui_.Conta->setText(texto);
 }
 
 // Neither a replaced period nor a sum comes back, and a file that was imported before would be
@@ -204,11 +213,16 @@ void ImpTotVentana::Haz(bool todos) {
 
 void ImpTotVentana::acabar(const ventanas::Faena::Fin& fin) {
   if (fin.error)
-    return ponerEstado(fin.error->clase == Fallo::Formato ? kMalasLineas : kMalPeriodo);
-  if (fin.parado) return ponerEstado(kInterrumpido);
-  if (bloque_) return ponerEstado(kListo);
-  ponerEstado(kRealizado);
-  decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
+    ponerEstado(fin.error->clase == Fallo::Formato ? kMalasLineas : kMalPeriodo);
+  else if (fin.parado)
+    ponerEstado(kInterrumpido);
+  else
+    ponerEstado(bloque_ ? kListo : kRealizado);
+  if (fin.error || fin.parado) return;
+  if (supuestas_ > 0)
+    decirDuda(t(kTxLeidasComoDeOtro, supuestas_), t(kTxSiEranNuestras));
+  else if (!bloque_)
+    decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
 }
 
 void ImpTotVentana::Alto() {

@@ -29,6 +29,7 @@ class ImpTotVentana final : public ventanas::Ventana {
   bool sigue(bool consentido) const;
   Resultado<> incorporarUno();
   void acabar(const ventanas::Faena::Fin& fin);
+  void contar();
   void Alto();
 
   Ui::ImpTot ui_;
@@ -39,6 +40,7 @@ class ImpTotVentana final : public ventanas::Ventana {
   int estado_ = 0;
   int hechos_ = 0;
   qint64 lineas_ = 0;
+  int supuestas_ = 0;  // lines taken for another system's
 };
 
 }  // namespace tarvo::totals

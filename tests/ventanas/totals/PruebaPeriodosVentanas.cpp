@@ -252,7 +252,7 @@ TEST(VentanaPeriodos, AcumularLoQueYaEstaSePregunta) {
   auto* x = t.abrir(PuertaXporTot{{lunes, martes}});
   x->findChild<QComboBox*>(u"destino"_s)->setCurrentText(u"VENTAS"_s);
   QTest::mouseClick(x->findChild<QPushButton*>(u"TodosOK"_s), Qt::LeftButton);
-  ASSERT_TRUE(esperar([&] { return QFile::exists(t.ruta(u"VENTAS.EXP"_s)); }));
+  ASSERT_TRUE(esperar([&] { return !x->trabajo().enMarcha(); }));
   x->descargar();
   bien(t.periodos.BorrarPeriodo(lunes));
   const QString suma = u"select sum([IMP]) from TOTPLU"_s, antes = t.leer(suma);
@@ -314,6 +314,22 @@ TEST(VentanaPeriodos, UnFicheroMaloSeDiceConSuLinea) {
            u"Seleccione (DbClick) un fichero de la lista";
   }));
   EXPECT_EQ(i->tira().texto(), QString()) << "it referred to the other file";
+}
+
+TEST(VentanaPeriodos, LoQuePuedeSerDeUnGrupoQueYaNoEstaSeCuenta) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  QFile f(t.ruta(u"CORTO.EXP"_s));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("*Lunes\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n03990209" + QByteArray(33, '0') +
+          "1\r\n");
+  f.close();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 1 && !i->trabajo().enMarcha(); }));
+  EXPECT_EQ(i->tira().texto(), u"Se ha leído 1 línea como de otro sistema");
+  EXPECT_TRUE(i->findChild<QLabel*>(u"Conta"_s)->text().contains(i->tira().texto()));
 }
 
 TEST(VentanaPeriodos, CreaUnPeriodoConTotalesAMano) {
