@@ -22,8 +22,8 @@ struct PuertaImpTabla {
 
 struct PuertaMainTvc {
   static constexpr QStringView kNombre = u"MainTvc";
-  QString carpeta = {bool operator==(const PuertaMainTvc&) const = default;
+  QString carpeta = {};
+  bool operator==(const PuertaMainTvc&) const = default;
 };
-};  // namespace tarvo::importar
 
 }  // namespace tarvo::importar

@@ -45,11 +45,11 @@ struct PuertaFastModf {
 struct PuertaCambioLote {
   static constexpr QStringView kNombre = u"CambioLote";
   int seccion = 0;
-  std::vector<qint64> codigos = {bool operator==(const PuertaCambioLote&) const = default;
+  std::vector<qint64> codigos = {};
+  QString subida = {};
+  QString lista = kListaArticulos;
+  bool operator==(const PuertaCambioLote&) const = default;
 };
-QString subida = {};
-QString lista = kListaArticulos;
-};  // namespace tarvo::precios
 
 // Creates offers, one after another; section 0 means the first group.
 struct PuertaNvaOfr {
