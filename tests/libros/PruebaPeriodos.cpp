@@ -7,7 +7,7 @@ namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
-using totals::kDiario, totals::kOtros, totals::kSemanal;
+using totals::kDiario, totals::kOtros, totals::kSemanal, totals::Descuento;
 
 namespace {
 

@@ -23,10 +23,11 @@ struct PuertaBrowPLUs {
   bool operator==(const PuertaBrowPLUs&) const = default;
 };
 
+struct FichaArticulo;
+
 // The complete editor of an article. Code 0: a new one; no code: the section's first one. `padre`:
 // the list to be refreshed after a change. `alGuardar`: receives what was saved, as it is stored; a
 // new article if `antes` is one.
-struct FichaArticulo;
 struct PuertaXEditPLU {
   static constexpr QStringView kNombre = u"xEditPLU";
   int seccion = 0, departamento = 0;

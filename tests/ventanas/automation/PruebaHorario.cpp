@@ -18,6 +18,11 @@ namespace {
 using ventanas::Parrilla;
 using ventanas::Ventana;
 
+struct Principal final : Ventana {
+  using Ventana::Ventana;
+  Resultado<> entrar(const app::PuertaMainTarvo&) { return {}; }
+};
+
 struct Horarios : MesaDeProcesos {
   // A process that asks a silent group that many times, and reports it.
   static QString preguntarEnVano(int veces) {
@@ -27,7 +32,7 @@ struct Horarios : MesaDeProcesos {
   Horarios() : MesaDeProcesos({1}) {
     fichero(u"BIEN.AUT"_s, u"N:a\r\n"_s);
     fichero(u"mal.aut"_s, preguntarEnVano(2));
-    todas().registrar<app::PuertaMainTarvo, Lisa>();
+    todas().registrar<app::PuertaMainTarvo, Principal>();
   }
   Ventana* editar(const QString& nombre = {}) {
     return todas().abrir(PuertaEdiCron{nombre.isEmpty() ? QString() : ruta(nombre)});

@@ -252,6 +252,7 @@ TEST(Parrilla, SeOrdenaConTeclas) {
   columnas[2].ordenable = false;
   l.p.preparar(l.contexto(), u"Prueba"_s, columnas);
   l.abrir();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&l.p));
   const auto* aviso = l.p.findChild<QLabel*>(u"aviso"_s);
   const auto por = [&](int columna) {
     l.p.vista()->setCurrentIndex(l.p.modelo()->index(l.p.filaDe(7), columna));

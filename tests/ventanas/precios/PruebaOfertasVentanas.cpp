@@ -296,7 +296,7 @@ TEST(VentanaOfertas, UnDiaSinAnoEsElProximo) {
     m.pulsar(Qt::Key_Return);
     EXPECT_TRUE(esperar([&] { return !m.textoModal.isEmpty(); }, 5'000));
     EXPECT_TRUE(m.textoModal.contains(u"01/01/9999")) << m.textoModal.toStdString();
-    EXPECT_EQ(hasta(), QString::number(queda.dias()));
+    EXPECT_EQ(hasta(), QString::number(static_cast<qint64>(queda.dias())));
   }
 }
 

@@ -6,7 +6,6 @@
 #include <QTimer>
 
 #include "MesaPrincipal.h"
-#include "app/ventanas/MainTarvo.h"
 #include "comm/cables/AjustesCables.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
@@ -77,7 +76,7 @@ TEST(Principal, UnEscapeDeMasTrasUnaCajaNoSale) {
 TEST(Principal, LaBandejaLaTrae) {
   MesaPrincipal t;
   auto* v = t.conManana();
-  auto& tray = static_cast<app::MainTarvo*>(v)->tray();
+  auto& tray = *v->findChild<app::SysTray*>();
   constexpr int kArribaIzda = 514, kArribaDcha = 517;
   QAction* mostrar = nullptr;
   for (const QMenu* menu : v->findChildren<QMenu*>())
