@@ -2,7 +2,7 @@
 // what is told of a debt that can't be paid.
 #include <QDir>
 
-#include "automation/Runner.h"
+#include "automation/ConProceso.h"
 #include "automation/historia/Pendientes.h"
 #include "textos/TextosDePrueba.h"
 #include "totals/intercambio/XporTot.h"
@@ -12,7 +12,7 @@ namespace tarvo::automation {
 namespace {
 
 // A shop with two periods; of the first one something may be owed.
-class DebidosTest : public RunnerTest {
+class DebidosTest : public ConProceso {
  protected:
   using Que = Pendientes::Debido::Que;
   DebidosTest() {

@@ -5,12 +5,8 @@
 
 #include "articles/FichaArticulo.h"
 #include "articles/Listas.h"
-<<<<<<< HEAD
-#include "articles/Lotes.h"
-#include "articles/Vuelta.h"
-=======
 #include "articles/LotesAMedias.h"
->>>>>>> marcos9
+#include "articles/Vuelta.h"
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/ParrillaPrecios.h"
@@ -104,15 +100,11 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
                 const std::function<void(qint64 hechos)>& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
   Resultado<bool> conformeConVolver(qint64 lote);
-<<<<<<< HEAD
   Resultado<Vuelto> volverDe(const std::shared_ptr<LoteGuardado>& lote, const QString& que,
                              int numero);
   void volverPorTramos(qint64 lote, qint64 articulos, const QString& que,
                        std::optional<int> numero);
-=======
-  Resultado<Vuelto> volverDe(LoteGuardado& lote, const QString& que);
   bool loDiceOtra(const LoteAMedias& lote);
->>>>>>> marcos9
   void mirarLotes();
   QString nadaQueDeshacer();
   Vuelto resolverCortado(const Lotes::Lote& lote, const QString& que);
