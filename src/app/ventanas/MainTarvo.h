@@ -52,7 +52,6 @@ class MainTarvo final : public ventanas::Ventana {
   void refrescarPersonal();
   void pulsarPersonal();
   void ejecutarPersonal(const QString& titulo);
-  bool consienteOlvidos(const std::vector<automation::PasoProceso>& pasos);
   void activar(const QString& ruta);
   void menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual);
   void anadirAccion(QMenu& menu, int texto, const std::function<void(size_t)>& hacer,
