@@ -119,7 +119,6 @@ void MainTarvo::atenderMenu(QToolButton& boton, std::optional<size_t> cual) {
 void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual) {
   const auto cuantos = contexto().ajustes.de<AjustesPersonal>().personal.size();
   if (!cual && cuantos == 1) cual = 0;
-  enPersonal_ = true;
   const ventanas::Retenida mientras(this);
   QMenu menu(this);
   menu.setObjectName(u"MenuPersonal"_s);
@@ -128,7 +127,6 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   anadirAccion(menu, kTxModificarElemento, [this](size_t i) { editarPersonal(i); }, cual);
   anadirAccion(menu, kTxEliminarElemento, [this](size_t i) { eliminarPersonal(i); }, cual);
   menu.exec(sobre->mapToGlobal(donde));
-  enPersonal_ = false;
 }
 
 // Adds an action on the entry under the pointer; if there is none and the list has several, a
@@ -149,9 +147,7 @@ void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(si
 }
 
 void MainTarvo::editarPersonal(std::optional<size_t> cual) {
-  enPersonal_ = true;
   const bool aceptado = preguntar(PuertaElemPerso{cual});
-  enPersonal_ = false;
   if (aceptado) refrescarPersonal();
 }
 
