@@ -2,6 +2,7 @@
 // reported to a person. The last 100 runs are kept. Tables: docs/procesos.md.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -89,6 +90,8 @@ class Historial {
   // The last runs, the latest first. `enMarcha`: the number of the run now under way; any other
   // without an end was interrupted.
   Resultado<std::vector<EjecucionHecha>> ultimas(int cuantas, std::optional<qint64> enMarcha = {});
+  // Of each run since that one, how many groups it asked for totals.
+  Resultado<std::map<qint64, int>> gruposPedidos(qint64 desde);
   // In the order of its steps. Formato when one is of an unknown kind.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
   Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);

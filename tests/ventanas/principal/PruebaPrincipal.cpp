@@ -9,7 +9,6 @@
 #include <QTimer>
 
 #include "MesaPrincipal.h"
-#include "automation/historia/Historial.h"
 #include "comm/cables/AjustesCables.h"
 #include "core/ventanas/marco/Captura.h"
 #include "core/ventanas/marco/Tira.h"
@@ -31,106 +30,6 @@ struct Pintadas final : QObject {
 };
 
 }  // namespace
-
-void MesaPrincipal::nocheMala() {
-  sql(u"DELETE FROM GRUPOS"_s);
-  grupo({.codigo = 1, .nombre = u"FRUTERIA", .remoto = 3});
-  grupo({.codigo = 2, .nombre = u"PESCADERIA", .remoto = 3});
-  const Fecha ahora = reloj.ahora();
-  periodo({.link = 7,
-           .desde = ahora.dia() - 1.0,
-           .hasta = ahora.dia() - 1.0 + Fecha::kUltimoSegundo,
-           .descr = u"Noche"});
-  total(u"TOTGRT", {.link = 7, .codi = 1, .con = 9, .imp = 123456});
-  automation::Historial historial(*fondo->db, fondo->textos);
-  sql(u"CREATE TABLE IF NOT EXISTS Proceso (NOMBRE TEXT PRIMARY KEY, EJECUCION INTEGER)"_s);
-  bien(historial.empezar(1, u"NOCHE"_s, ahora - 0.3, u"NOCHE.TZA"_s));
-  for (const int g : {1, 2})
-    fila(u"ProcesoTareas",
-         {{u"EJECUCION", 1}, {u"PASO", 0}, {u"GRUPO", g}, {u"CLASE", 17}, {u"HECHA", g == 1}});
-  bien(historial.tareaFallida(1, 2, TipoTarea::RxGrTot, u"No se encuentra el HOST especificado"_s));
-  bien(historial.periodosHechos(1, {7}));
-  bien(historial.acabar(1, automation::FinEjecucion::Problemas, ahora - 0.29));
-}
-
-// The failed group is on top with its reason, and Enter opens the window for collecting it again.
-TEST(Principal, LaMananaTrasUnGrupoFallido) {
-  MesaPrincipal t;
-  t.nocheMala();
-  auto* v = t.conManana();
-  EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
-  EXPECT_TRUE(pieza(*v, u"1.234,56"_s)) << "the amount of the night";
-  auto* linea =
-      pieza(*v, u"Fallido. 0002 PESCADERIA. No se recogió nada: No se encuentra el HOST"_s);
-  ASSERT_TRUE(linea);
-  EXPECT_EQ(linea->objectName(), u"Linea0");
-  linea->setFocus();
-  QTest::keyClick(linea, Qt::Key_Return);
-  ASSERT_TRUE(t.suplente(u"gestcomm"_s));
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->como<comm::PuertaGestcomm>().grupo, 2);
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
-  QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
-  ASSERT_TRUE(t.suplente(u"VerCols#7"_s)) << "its sales in that period";
-  EXPECT_EQ(t.suplente(u"VerCols#7"_s)->como<totals::PuertaVerCols>().grupo, 1);
-  QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
-  EXPECT_TRUE(
-      t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
-}
-
-// Changes made in another window are shown when it closes.
-TEST(Principal, LaProximaCambiaAlCerrarOtraVentana) {
-  MesaPrincipal t;
-  auto* v = t.conManana();
-  EXPECT_FALSE(pieza(*v, u"HORARIO"_s));
-  t.fichero(u"NOCHE.AUT"_s, "N:nada\r\n");
-  t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
-  t.todas().abrir(u"VerTot"_s, v);
-  t.todas().descargar(u"VerTot"_s);
-  EXPECT_TRUE(esperar([&] { return pieza(*v, u"HORARIO"_s) != nullptr; }, 30'000));
-}
-
-// The board is updated by itself when rows change; the focus is kept.
-TEST(Principal, LaMananaSigueALaBase) {
-  MesaPrincipal t;
-  t.nocheMala();
-  auto* v = t.conManana();
-  auto* linea = pieza(*v, u"0002 PESCADERIA"_s);
-  linea->setFocus();
-  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
-  EXPECT_TRUE(esperar([&] { return pieza(*v, u"Bien. 0002 PESCADERIA"_s) != nullptr; }));
-  EXPECT_EQ(v->focusWidget()->objectName(), u"Linea0"_s) << "the focus stays where it is";
-}
-
-// Amounts in a column belong to one period, reasons take one line, and data missing in the machines
-// is reported with a way to send it.
-TEST(Principal, LaMananaNoMezcla) {
-  MesaPrincipal t;
-  t.nocheMala();
-  const Fecha dia = t.reloj.ahora().dia();
-  t.sql(u"INSERT INTO COLUMNA (LINK, TIPO, FECHA1, FECHAF, DESCR) VALUES (8, 5, ?, ?, '')"_s,
-        dia - 0.9, dia - 0.1);
-  t.sql(u"INSERT INTO TOTGRT (LINK, GRUPO, CODI, CON, [IMP]) VALUES (8, 2, 0, 1, 4321)"_s);
-  automation::Historial historial(*t.fondo->db, t.fondo->textos);
-  bien(historial.periodosHechos(1, {7, 8}));
-  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
-  for (const char* porque : {"Uno.", "Dos.", "Tres."})
-    bien(historial.aviso(1, {2, QString::fromUtf8(porque), automation::PesoAviso::Grave}));
-  t.sql(u"DELETE FROM PLUSES"_s);
-  t.sql(u"INSERT INTO PLUSES (SECCION, CODPLU, NOMPLU) VALUES (1, 10, 'Pera')"_s);
-  for (const int g : {1, 2}) t.sql(u"INSERT INTO EnviosGrupo (GRUPO, SECCION) VALUES (?, 1)"_s, g);
-  t.sql(u"INSERT INTO [Cross] (Secc, plu, Grupo, borra) VALUES (1, 11, 2, 0)"_s);
-  auto* v = t.conManana();
-  EXPECT_TRUE(pieza(*v, u"0001 FRUTERIA. 1.234,56"_s));
-  auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
-  ASSERT_TRUE(otro);
-  EXPECT_TRUE(
-      otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en otro periodo (del "))
-      << otro->accessibleName().toStdString();
-  EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
-  EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
-  EXPECT_TRUE(pieza(*v, u"sin ningún artículo, porque se les borraron: 0001 FRUTERIA."_s));
-  EXPECT_TRUE(pieza(*v, u"no tienen al día: 0002 PESCADERIA: 1 artículo"_s));
-}
 
 // Each entry has a letter, unique among the visible controls, and Tab reaches it.
 TEST(Principal, LasEntradasTienenLetra) {
@@ -314,16 +213,6 @@ TEST(Principal, EscapePreguntaPorLaBandeja) {
   EXPECT_TRUE(v->isVisible());
   escape(Qt::Key_unknown);
   EXPECT_FALSE(t.todas().cargada(u"MainTarvo"_s));
-}
-
-// The board reports faults of the start itself before anything else.
-TEST(Principal, LaMananaDiceLoQueFallaAlEmpezar) {
-  const QTemporaryDir otra;
-  MesaPrincipal t(
-      {}, "TimeACK= 0\r\nBaseDatos= " + QFile::encodeName(otra.filePath(u"X.MDB"_s)) + "\r\n");
-  auto* v = t.conManana();
-  EXPECT_TRUE(pieza(*v, u"Los datos están fuera de la carpeta"_s));
-  EXPECT_TRUE(pieza(*v, u"«TimeACK= 0»; vale 2000"_s));
 }
 
 // A panel opens on its first entry, and goes back to its own.
