@@ -210,7 +210,9 @@ void Automat::ejecutar() {
   d->fase = kEjecutando;
   d->finSinDecir = false;
   d->resultado = ResultadoProceso::Bien;
-  d->escribirMomento(kTxIniciada);
+  QStringList linea{d->t.textos(kTxIniciada, {d->t.reloj.ahora().general()})};
+  if (!nueva) linea += kSangria + d->t.textos(kTxSigueEnPaso, {d->indice + 1});
+  d->escribir(linea);
   if (nueva) d->empezar();
   if (d->motorAbierto) d->t.motor.FijarModo(true);
   if (d->fase == kAcabado || d->fase == kAbortado) {

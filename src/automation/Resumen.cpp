@@ -22,7 +22,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kNoche = 1;  // days: runs begun within them are the last night
+constexpr double kNoche = 1;  // days: runs begun within them are shown
+// A run that was stopped or cut off isn't another night than one that ended this much before it.
+constexpr double kMismaNoche = 20.0 / 24;
+constexpr size_t kEjecucionesMiradas = 30;  // for the last night
 constexpr int kSemanas = 4;
 constexpr double kHorarioMirado = 7;      // days
 constexpr double kGracia = 1.0 / 24;      // another process may have run first
@@ -78,11 +81,15 @@ Resultado<Resumen> leerResumen(const FuentesResumen& fuentes) {
 Resultado<> LectorResumen::leerEjecuciones() {
   TARVO_INTENTAR(asegurarTablasHistoria(f_.db));
   const auto enMarcha = f_.curso ? std::optional(f_.curso->numero) : std::nullopt;
-  TARVO_TOMAR(auto hechas, Historial(f_.db, f_.textos).ejecuciones(enMarcha));
-  for (const auto& e : hechas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
-  for (auto& e : hechas)
-    if (r_.ejecuciones.empty() || f_.ahora - e.inicio < kNoche)
-      r_.ejecuciones.push_back(std::move(e));
+  TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ejecuciones(enMarcha));
+  for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
+  if (ultimas.size() > kEjecucionesMiradas)
+    ultimas.erase(ultimas.begin() + kEjecucionesMiradas, ultimas.end());
+  TARVO_TOMAR(r_.noche, cualEsLaNoche(ultimas));
+  for (size_t i = 0; i < ultimas.size(); ++i)
+    if (i <= r_.noche || f_.ahora - ultimas[i].inicio < kNoche)
+      r_.ejecuciones.push_back(std::move(ultimas[i]));
+  TARVO_INTENTAR(leerLoHechoAMano());
   // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
@@ -91,6 +98,35 @@ Resultado<> LectorResumen::leerEjecuciones() {
     for (const PeriodoHecho& p : e.periodos)
       anadir([this, p, n = e.numero] { return leerPeriodo(p, n); });
   return {};
+}
+
+// The latest run that asks more than half as many groups for their totals as any of them: a small
+// process is no night. One that was stopped or cut off during the day is another attempt of the
+// night that ended before it.
+Resultado<size_t> LectorResumen::cualEsLaNoche(const std::vector<EjecucionHecha>& ultimas) const {
+  if (ultimas.empty()) return 0;
+  TARVO_TOMAR(auto pedidos, Historial(f_.db, f_.textos).gruposPedidos(ultimas.back().numero));
+  int mas = 0;
+  for (const auto& [numero, cuantos] : pedidos) mas = std::max(mas, cuantos);
+  if (f_.curso) {
+    int& suyos = pedidos[f_.curso->numero];
+    suyos = f_.curso->aTodos ? std::max(suyos, mas)
+                             : std::max(suyos, static_cast<int>(f_.curso->porPedir.size()));
+  }
+  const auto grande = [&](const EjecucionHecha& e) {
+    return mas == 0 || 2 * pedidos[e.numero] > mas;
+  };
+  const auto acabada = [](const EjecucionHecha& e) {
+    return e.fin == FinEjecucion::Bien || e.fin == FinEjecucion::Problemas;
+  };
+  const auto esta = std::ranges::find_if(ultimas, grande);
+  if (esta == ultimas.end()) return 0;
+  const auto entera = std::find_if(esta, ultimas.end(), [&](const EjecucionHecha& e) {
+    return grande(e) && acabada(e) && esta->inicio - e.inicio < kMismaNoche;
+  });
+  const bool cortada = !acabada(*esta) && esta->fin != FinEjecucion::EnMarcha;
+  return static_cast<size_t>((cortada && entera != ultimas.end() ? entera : esta) -
+                             ultimas.begin());
 }
 
 Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
@@ -105,25 +141,79 @@ Resultado<> LectorResumen::leerEjecucion(const EjecucionHecha& e) {
       d.avisos.clear();  // read again: earlier reports no longer count
       d.recogida = e.numero;
     }
-    d.clases[t.clase] = {t, e.fin, ++veces_};
+    Asunto& asunto = d.clases[t.clase];
+    const bool fallaba =
+        asunto.vez > 0 && asunto.tarea.estado != TareaHecha::Estado::Hecha && esDeTotales(t.clase);
+    d.arreglado = d.arreglado || (fallaba && t.estado == TareaHecha::Estado::Hecha);
+    asunto = {t, e.numero, e.inicio, ++veces_};
   }
-  r_.avisos.clear();
-  r_.sinQueHacer.clear();
+  const bool posterior = e.numero > r_.ejecuciones[r_.noche].numero;
+  if (!posterior) r_.avisos.clear();
+  if (!posterior) r_.sinQueHacer.clear();
   const bool mal =
       std::ranges::any_of(avisos, [](const AvisoHecho& a) { return a.peso == PesoAviso::Grave; }) ||
       std::ranges::any_of(
           tareas, [](const TareaHecha& t) { return t.estado != TareaHecha::Estado::Hecha; });
   for (const auto& a : avisos) {
-    if (a.peso == PesoAviso::SinQueHacer && !mal && !r_.sinQueHacer.contains(a.texto))
+    if (a.peso == PesoAviso::SinQueHacer && !mal && !posterior && !r_.sinQueHacer.contains(a.texto))
       r_.sinQueHacer << a.texto;
     if (a.peso != PesoAviso::Grave) continue;
-    if (a.grupo == 0)
+    if (a.grupo == 0) {
       r_.avisos.push_back(a);
-    else if (auto& lista = (enMarcha ? tomarlo(a.grupo) : porGrupo_[a.grupo]).avisos;
-             !lista.contains(a.texto))
-      lista << a.texto;
+      continue;
+    }
+    DeGrupo& d = enMarcha ? tomarlo(a.grupo) : porGrupo_[a.grupo];
+    if (!d.avisos.contains(a.texto)) d.avisos << a.texto;
+    d.avisado = e.numero;
   }
   return {};
+}
+
+// --- what a window has read or zeroed since ------------------------------------------------------
+
+Resultado<> LectorResumen::leerLoHechoAMano() {
+  if (!f_.db.existeTabla(u"Lecturas")) return {};
+  TARVO_INTENTAR(dao::recorrer(
+      f_.db.consultar(u"SELECT GRUPO, CLASE, FIN FROM Lecturas WHERE ESTADO=2 AND ENTERA<>0 AND "
+                      u"FIN IS NOT NULL"),
+      [this](const dao::Recordset& rs) {
+        if (const auto clase = deNumero<TipoTarea>(rs.entero(1)))
+          lecturas_[{static_cast<int>(rs.entero(0)), *clase}] = rs.fecha(2);
+      }));
+  return dao::recorrer(
+      f_.db.consultar(u"SELECT GRUPO, MIN(COALESCE(HECHO, 0)) FROM Ceros GROUP BY GRUPO"),
+      [this](const dao::Recordset& rs) {
+        ceros_[static_cast<int>(rs.entero(0))] = Fecha::deDias(rs.valor(1).real());
+      });
+}
+
+bool LectorResumen::leidoEntero(int grupo, TipoTarea clase, Fecha desde) const {
+  const auto suya = lecturas_.find({grupo, clase});
+  return suya != lecturas_.end() && suya->second > desde;
+}
+
+// What a run failed to read, or to zero, counts as done if it was done whole since, without a run.
+void LectorResumen::arreglarAMano(int grupo, DeGrupo& d) {
+  if (d.enCurso) return;
+  for (auto& [clase, asunto] : d.clases) {
+    if (!esDeTotales(clase) || asunto.tarea.estado == TareaHecha::Estado::Hecha ||
+        !leidoEntero(grupo, clase, asunto.inicio))
+      continue;
+    const Fecha cuando = lecturas_.at({grupo, clase});
+    asunto.tarea.estado = TareaHecha::Estado::Hecha;
+    asunto.vez = ++veces_;
+    d.aMano = std::max(d.aMano.value_or(cuando), cuando);
+  }
+  if (d.aMano) d.arreglado = true;
+  if (d.aMano) d.avisos.clear();  // they are of what was read again
+  const auto cero = d.clases.find(TipoTarea::TxZero);
+  const auto hecho = ceros_.find(grupo);
+  if (cero == d.clases.end() || hecho == ceros_.end()) return;
+  if (cero->second.tarea.estado == TareaHecha::Estado::Hecha ||
+      hecho->second <= cero->second.inicio || (d.aMano && hecho->second < *d.aMano))
+    return;
+  cero->second.tarea.estado = TareaHecha::Estado::Hecha;
+  cero->second.vez = ++veces_;
 }
 
 // The run under way works on the group: nothing from earlier ones is reported of it.
@@ -154,6 +244,8 @@ Resultado<> LectorResumen::leerGrupos() {
                       g.nombre = rs.texto(1).trimmed();
                       const bool comunica = rs.entero(2) != 0;
                       if (comunica && porPedir(g.grupo)) tomarlo(g.grupo);
+                      g.comunica = comunica;
+                      arreglarAMano(g.grupo, porGrupo_[g.grupo]);
                       juzgar(g, comunica, porGrupo_[g.grupo]);
                       r_.grupos.push_back(std::move(g));
                       anadir([this, i = r_.grupos.size() - 1] { return cuadrar(i); });

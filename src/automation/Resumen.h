@@ -24,6 +24,9 @@ struct GrupoResumen {
   std::optional<qint64> importe;
   qint64 link = 0;                // that period
   int cuadran = 0, difieren = 0;  // comparisons of its totals with one another
+  bool comunica = false;
+  bool posterior = false;  // what is wrong with it comes from a run after the night
+  bool arreglado = false;  // what the night failed to read of it has been read since
 };
 
 struct PeriodoResumen {
@@ -54,9 +57,10 @@ struct ProximaResumen {
 
 struct Resumen {
   Fecha ahora;
-  std::vector<EjecucionHecha> ejecuciones;  // of the last night, the latest first
+  std::vector<EjecucionHecha> ejecuciones;  // of the last night and since, the latest first
+  size_t noche = 0;                         // the night's own run among them
   std::vector<AvisoHecho> avisos;           // grave ones that name no group
-  QStringList sinQueHacer;                  // the only reasons why the last run didn't end well
+  QStringList sinQueHacer;                  // the only reasons why the night didn't end well
   std::vector<GrupoResumen> grupos;
   std::vector<PeriodoResumen> periodos;  // made by the night, or their replacements
   int perdidos = 0;                      // made by it, since deleted or given other dates
@@ -91,20 +95,28 @@ class LectorResumen {
  private:
   struct Asunto {  // the latest event of a group and kind
     TareaHecha tarea;
-    FinEjecucion fin = FinEjecucion::Bien;
-    int vez = 0;  // their order, over all runs
+    qint64 ejecucion = 0;
+    Fecha inicio;  // of its run
+    int vez = 0;   // their order, over all runs
   };
   struct DeGrupo {
     std::map<TipoTarea, Asunto> clases;
     QStringList avisos;
-    qint64 recogida = 0;      // the last run meant to read it
-    bool enCurso = false;     // the run under way works on it: only what that did counts
-    bool memorizado = false;  // by that run
+    qint64 avisado = 0;   // the run of the latest of them
+    qint64 recogida = 0;  // the last run meant to read it
+    bool arreglado = false;
+    std::optional<Fecha> aMano;  // when a window read what its run had failed to read
+    bool enCurso = false;        // the run under way works on it: only what that did counts
+    bool memorizado = false;     // by that run
   };
 
   void anadir(std::function<Resultado<>()> paso) { pasos_.push_back(std::move(paso)); }
   Resultado<> leerEjecuciones();
+  Resultado<size_t> cualEsLaNoche(const std::vector<EjecucionHecha>& ultimas) const;
   Resultado<> leerEjecucion(const EjecucionHecha& e);
+  Resultado<> leerLoHechoAMano();
+  bool leidoEntero(int grupo, TipoTarea clase, Fecha desde) const;
+  void arreglarAMano(int grupo, DeGrupo& d);
   Resultado<> leerMemorizado(qint64 ejecucion);
   DeGrupo& tomarlo(int grupo);
   Resultado<> leerGrupos();
@@ -137,7 +149,9 @@ class LectorResumen {
   std::vector<std::function<Resultado<>()>> pasos_;
   size_t siguiente_ = 0;
   std::map<int, DeGrupo> porGrupo_;
-  std::map<QString, Fecha> ultimas_;  // the last start of each process
+  std::map<QString, Fecha> ultimas_;                     // the last start of each process
+  std::map<std::pair<int, TipoTarea>, Fecha> lecturas_;  // the last whole ones
+  std::map<int, Fecha> ceros_;                           // when all machines of a group confirmed
   int veces_ = 0;
 };
 

@@ -95,6 +95,18 @@ LectorResumen::Avance LectorResumen::avanceDe(int grupo, const DeGrupo& d) const
 
 void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) const {
   const Textos& t = f_.textos;
+  const qint64 noche = r_.ejecuciones.empty() ? 0 : r_.ejecuciones[r_.noche].numero;
+  const FinEjecucion fin = noche > 0 ? r_.ejecuciones[r_.noche].fin : FinEjecucion::Bien;
+  const bool cortada = fin == FinEjecucion::Abortada || fin == FinEjecucion::Interrumpida;
+  if (comunica && d.clases.empty() && !d.enCurso && cortada &&
+      leidoEntero(g.grupo, TipoTarea::RxGrTot, r_.ejecuciones[r_.noche].inicio)) {
+    const Fecha cuando = lecturas_.at({g.grupo, TipoTarea::RxGrTot});
+    g.estado = EstadoGrupo::Bien;
+    g.arreglado = true;
+    g.motivos << t(kTxRecogidoAMano, {cuando.general()});
+    g.motivo = g.motivos.first();
+    return;
+  }
   if ((d.clases.empty() && !d.enCurso) || !comunica) {
     g.motivos << t(!comunica                ? kTxNoComunica
                    : r_.ejecuciones.empty() ? kTxNadaEjecutado
@@ -105,10 +117,12 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   std::map<QString, std::vector<TipoTarea>> sinLeer;  // by reason
   std::vector<TipoTarea> cortadas;
   QStringList fallos, dudas;
-  bool leido = false, porLeer = false;
+  bool leido = false, porLeer = false, deLaNoche = false;
   for (const auto& [clase, asunto] : d.clases) {
     const bool lectura = esDeTotales(clase);
     const QString motivo = sinPunto(asunto.tarea.motivo);
+    if (asunto.tarea.estado != TareaHecha::Estado::Hecha && asunto.ejecucion <= noche)
+      deLaNoche = true;
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
       porLeer = porLeer || lectura;
       if (!d.enCurso) cortadas.push_back(clase);
@@ -136,7 +150,11 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
              : dudoso          ? EstadoGrupo::Dudoso
              : d.enCurso       ? EstadoGrupo::EnMarcha
                                : EstadoGrupo::Bien;
+  const bool mal = g.estado == EstadoGrupo::Fallido || g.estado == EstadoGrupo::Dudoso;
+  g.posterior = mal && !deLaNoche && (d.avisos.isEmpty() || d.avisado > noche);
+  g.arreglado = d.arreglado;
   g.motivos = fallos + (dudoso ? dudas + marcha : marcha + dudas);
+  if (g.motivos.isEmpty() && d.aMano) g.motivos << t(kTxRecogidoAMano, {d.aMano->general()});
   if (g.motivos.isEmpty()) g.motivos << loRecogido(d);
   g.motivo = g.motivos.first();
 }

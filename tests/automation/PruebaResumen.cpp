@@ -155,7 +155,57 @@ TEST(Resumen, ArregladoPorLaManana) {
   EXPECT_EQ(r.bandeja[0].grupo, 2);
   EXPECT_EQ(r.bandeja[0].clases, (std::vector{TipoTotal::PLUs, TipoTotal::GranTotal}));
   tienda.reloj.avanzar(26 * 3600 * 1000);
+  EXPECT_EQ(leer(*p).noche, 1U) << "it is the last night until the next one";
+  correr(*p);
   EXPECT_EQ(leer(*p).ejecuciones.size(), 1U) << "the night before the last is over";
+}
+
+// Neither a small process nor one that is stopped during the day takes the night's place.
+TEST(Resumen, LoDelDiaNoEsLaNoche) {
+  TiendaDeProcesos tienda;
+  const auto p = tienda.programa();
+  correr(*p);
+  tienda.reloj.avanzar(10 * 3600 * 1000);
+  p->correr(u"T:TX_HORA,1\r\nC:ESPERA,1,No\r\n"_s, {}, u"HORA"_s);
+  ASSERT_TRUE(p->hastaElFin());
+  Resumen r = leer(*p);
+  ASSERT_EQ(r.ejecuciones.size(), 2U);
+  EXPECT_EQ(r.noche, 1U);
+  p->correr(u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\n"_s, {}, u"TARDE"_s);
+  p->automat().abortar();
+  ASSERT_TRUE(p->hastaElFin());
+  r = leer(*p);
+  EXPECT_EQ(r.ejecuciones[0].fin, FinEjecucion::Abortada);
+  EXPECT_EQ(r.ejecuciones[r.noche].numero, 1);
+  EXPECT_FALSE(r.grupos[0].arreglado);
+  tienda.reloj.avanzar(13 * 3600 * 1000);
+  p->correr(kNoche);
+  EXPECT_EQ(leer(*p).noche, 0U) << "the next one is under way";
+}
+
+// What the night failed to read and a person read at a window since is well, and says so.
+TEST(Resumen, LoRecogidoAManoCuenta) {
+  TiendaDeProcesos tienda;
+  maquinasDePrueba().mudas = {2};
+  correr(*tienda.programa());
+  maquinasDePrueba().mudas.clear();
+  tienda.reloj.avanzar(10 * 3600 * 1000);
+  const auto p = tienda.programa();
+  const auto aMano = [&](std::initializer_list<TipoTarea> clases) {
+    for (const TipoTarea c : clases) p->motor().NuevaTarea(2, true, 0, 9999999, c);
+    for (int i = 0; i < 600 && p->motor().CuantosQuedan().total > 0; ++i) tienda.reloj.avanzar(500);
+    return leer(*p).grupos[1];
+  };
+  EXPECT_EQ(leer(*p).grupos[1].estado, EstadoGrupo::Fallido);
+  GrupoResumen g = aMano({TipoTarea::RxPlus});
+  EXPECT_EQ(g.estado, EstadoGrupo::Fallido) << "the grand total is still missing";
+  g = aMano({TipoTarea::RxGrTot});
+  EXPECT_EQ(g.estado, EstadoGrupo::Dudoso) << "not zeroed";
+  EXPECT_TRUE(g.arreglado);
+  g = aMano({TipoTarea::TxZero});
+  EXPECT_EQ(g.estado, EstadoGrupo::Bien) << g.motivos.join(u' ').toStdString();
+  EXPECT_TRUE(g.motivo.startsWith(u"Se recogió después, el 05/03/2026 08:0"))
+      << g.motivo.toStdString();
 }
 
 // The next night is under way: nothing from the previous one is reported for a group that it reads.

@@ -1,6 +1,7 @@
 #include "app/ventanas/ElemPerso.h"
 
 #include <QDir>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -31,6 +32,15 @@ void llenarFicheros(QListWidget& lista, const QString& carpeta, const QString& p
   (new QListWidgetItem(ninguno, &lista))->setFlags(Qt::NoItemFlags);
 }
 
+QListWidgetItem* unico(const QListWidget& lista) {
+  const bool hay = lista.count() == 1 && (lista.item(0)->flags() & Qt::ItemIsSelectable);
+  return hay ? lista.item(0) : nullptr;
+}
+
+bool vacia(const QListWidget& lista) {
+  return lista.count() == 1 && !unico(lista);
+}
+
 void elegirFichero(QListWidget& lista, const QString& nombre) {
   for (int i = 0; i < lista.count(); ++i)
     if (lista.item(i)->text().compare(nombre, Qt::CaseInsensitive) == 0)
@@ -58,6 +68,7 @@ ElemPerso::ElemPerso(ventanas::Contexto& contexto, const QString& nombre)
           &ElemPerso::mostrarLista);
   // Only one of the two lists has a selection.
   for (const auto& [este, otro] : {std::pair{procesos_, diferidos_}, {diferidos_, procesos_}}) {
+    este->installEventFilter(this);
     connect(este, &QListWidget::itemDoubleClicked, this, &ElemPerso::confirmar);
     connect(este, &QListWidget::itemSelectionChanged, this, [this, este, otro] {
       if (!este->selectedItems().isEmpty()) otro->clearSelection();
@@ -78,10 +89,30 @@ Resultado<> ElemPerso::entrar(const PuertaElemPerso& puerta) {
   }
   elegirFichero(*procesos_, e.este.proceso);
   if (procesos_->selectedItems().isEmpty()) elegirFichero(*diferidos_, e.este.proceso);
+  // With one file in all there is nothing to choose.
+  for (auto [este, otro] : {std::pair{procesos_, diferidos_}, {diferidos_, procesos_}})
+    if (QListWidgetItem* u = unico(*este); u && vacia(*otro) && elegido().isEmpty())
+      este->setCurrentItem(u);
   e.este.proceso = elegido();
   TARVO_INTENTAR(editar(e));
   mostrarLista();
   return {};
+}
+
+// A list with a single file chooses it as soon as the focus comes, unless something is chosen
+// already; an arrow chooses the current one, which otherwise would need a Space.
+bool ElemPerso::eventFilter(QObject* objeto, QEvent* evento) {
+  auto* lista = qobject_cast<QListWidget*>(objeto);
+  const auto flecha = [&] {
+    const int tecla = static_cast<QKeyEvent*>(evento)->key();
+    return tecla == Qt::Key_Up || tecla == Qt::Key_Down;
+  };
+  if (!lista || !lista->selectedItems().isEmpty()) return FichaDe::eventFilter(objeto, evento);
+  QListWidgetItem* una = unico(*lista);
+  const bool llega = evento->type() == QEvent::FocusIn && elegido().isEmpty();
+  if (una && (llega || (evento->type() == QEvent::KeyPress && flecha())))
+    lista->setCurrentItem(una, QItemSelectionModel::ClearAndSelect);
+  return FichaDe::eventFilter(objeto, evento);
 }
 
 void ElemPerso::mostrarLista() {

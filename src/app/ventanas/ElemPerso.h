@@ -26,6 +26,7 @@ class ElemPerso final : public ventanas::FichaDe<Elemento> {
   QString elegido() const;  // base name of the file, empty if none
   std::vector<FaltaCampo> comprobar() override;
   Resultado<> aplicar() override;
+  bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   ventanas::Campo* titulo_;
   QListWidget *lista_, *procesos_, *diferidos_;

@@ -50,7 +50,7 @@ void Entrada::paintEvent(QPaintEvent*) {
   p.drawComplexControl(QStyle::CC_ToolButton, o);
   const int h = escalar(ventanas::kMargen);
   const QRect imagen(QPoint(h, (height() - iconSize().height()) / 2), iconSize());
-  const bool vale = isEnabled() && !sinVentana_;
+  const bool vale = this->vale();
   icon().paint(&p, imagen, Qt::AlignCenter, vale ? QIcon::Normal : QIcon::Disabled);
   QPalette tinta = palette();  // the style itself draws no paler text for what can't be used
   tinta.setCurrentColorGroup(vale ? QPalette::Active : QPalette::Disabled);

@@ -16,7 +16,7 @@ class Entrada final : public QToolButton {
   // Dims the entry of a window that this version hasn't, and says so. It can still be reached and
   // pressed: whoever presses it is told the same.
   void ponerSinVentana(const QString& motivo);
-  bool sinVentana() const { return sinVentana_; }
+  bool vale() const { return isEnabled() && !sinVentana_; }
 
  private:
   bool event(QEvent* evento) override;

@@ -96,6 +96,17 @@ MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplica
 
 MainTarvo::~MainTarvo() = default;
 
+// The first entry that can be used.
+Resultado<> MainTarvo::entrar(const PuertaMainTarvo&) {
+  if (focusWidget()) return {};
+  for (auto* b : ui_.Paneles->currentWidget()->findChildren<Entrada*>())
+    if (b->vale()) {
+      b->setFocus(Qt::OtherFocusReason);
+      break;
+    }
+  return {};
+}
+
 // --- entries ------------------------------------------------------------------------------------
 
 void MainTarvo::ponerEntradas() {
@@ -139,6 +150,7 @@ void MainTarvo::ponerLetras() {
 void MainTarvo::ir(const Lleva& adonde) {
   if (sinGrupos(adonde)) return decirPista(t(kTxGruposCerrado));
   if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
+  preguntaba_ = false;
   abrirLo(contexto().ventanas, adonde, this);
 }
 
@@ -228,14 +240,16 @@ void MainTarvo::changeEvent(QEvent* evento) {
   Ventana::changeEvent(evento);
   if (evento->type() == QEvent::WindowStateChange && isMinimized() && tray_->hay() && esLaUnica())
     hide();
-  if (evento->type() != QEvent::ActivationChange || enPersonal_) return;
+  if (evento->type() != QEvent::ActivationChange) return;
   if (isActiveWindow()) {
-    mostrarPanel(kPrincipal);
+    // Back from a question or a dialog of its own: the panel is where it was asked for.
+    if (!std::exchange(preguntaba_, false)) mostrarPanel(kPrincipal);
     // The obstacle to closing has ended meanwhile.
     if (tira().texto() == t(kTxSinCerrar) && app_.gestcomm().puedeCerrar()) tira().quitar();
     if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();
   } else {
     ultimaEntrada_ = focusWidget();
+    preguntaba_ = QApplication::activeModalWidget() || QApplication::activePopupWidget();
   }
 }
 

@@ -23,7 +23,7 @@ class MainTarvo final : public ventanas::Ventana {
  public:
   MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion);
   ~MainTarvo() override;
-  Resultado<> entrar(const PuertaMainTarvo&) { return {}; }
+  Resultado<> entrar(const PuertaMainTarvo&);
 
   bool QueryUnload() override;
   Manana& manana() { return *manana_; }
@@ -53,7 +53,6 @@ class MainTarvo final : public ventanas::Ventana {
   void refrescarPersonal();
   void pulsarPersonal();
   void ejecutarPersonal(const QString& titulo);
-  bool consienteOlvidos(const std::vector<automation::PasoProceso>& pasos);
   void activar(const QString& ruta);
   void menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual);
   void anadirAccion(QMenu& menu, int texto, const std::function<void(size_t)>& hacer,
@@ -77,7 +76,7 @@ class MainTarvo final : public ventanas::Ventana {
   qint64 hijaIda_ =
       -1;  // when another window, a box or a menu was last closed, on the monotonic clock
   bool escapeAjeno_ = false;  // the next Escape may be meant for a window that has closed by itself
-  bool enPersonal_ = false;   // the pop-up menu or the dialog of an own entry is open
+  bool preguntaba_ = false;   // when it ceased to be active, a question or dialog of its own began
   QPointer<QWidget> ultimaEntrada_;
 };
 

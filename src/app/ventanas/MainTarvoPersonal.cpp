@@ -6,9 +6,9 @@
 #include "app/AjustesPersonal.h"
 #include "app/ventanas/Entrada.h"
 #include "app/ventanas/MainTarvo.h"
+#include "app/ventanas/Olvidos.h"
 #include "app/ventanas/Puertas.h"
 #include "app/ventanas/TextosPrincipal.h"
-#include "comm/ventanas/Grupos.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
@@ -30,42 +30,7 @@ QString enBoton(const QToolButton& boton, const QString& titulo) {
   return sinMarca(boton.fontMetrics().elidedText(titulo, Qt::ElideRight, ancho));
 }
 
-// The groups to which the process sends a kind of task; all of them for ALL, and for one that a
-// parameter is still to name. `valen`: the kinds of group that take it.
-Resultado<std::vector<int>> gruposDe(const std::vector<automation::PasoProceso>& pasos,
-                                     const motor::ClaseTarea& clase, const envios::Grupos& grupos) {
-  std::set<int> nombrados;
-  bool todos = false;
-  for (const auto& paso : pasos) {
-    const auto* tarea = std::get_if<automation::PasoTarea>(&paso);
-    if (!tarea || tarea->tarea != clase.tarea) continue;
-    const auto* grupo = std::get_if<qint64>(&tarea->grupo);
-    todos = todos || !grupo;
-    if (grupo) nombrados.insert(static_cast<int>(*grupo));
-  }
-  TARVO_TOMAR(const auto suyos, grupos.deTipos(clase.tipos));
-  std::vector<int> v;
-  for (const auto& g : suyos)
-    if (todos || nombrados.contains(g.codigo)) v.push_back(g.codigo);
-  return v;
-}
-
 }  // namespace
-
-// What the process makes machines forget is named group by group before it runs; false if the user
-// would rather keep it.
-bool MainTarvo::consienteOlvidos(const std::vector<automation::PasoProceso>& pasos) {
-  for (const TipoTarea tipo : {TipoTarea::TxZero, TipoTarea::BorrPlu}) {
-    const motor::ClaseTarea* clase = app_.repertorio().de(tipo);
-    if (!clase) continue;
-    const auto grupos = gruposDe(pasos, *clase, app_.grupos());
-    if (!haIdoBien(grupos)) return false;
-    if (!grupos->empty() &&
-        !comm::consientePerder(*this, app_.grupos(), app_.sesion(), tipo, *grupos))
-      return false;
-  }
-  return true;
-}
 
 // Creates the buttons again from the list: the last main entry, and the panel for two or more.
 void MainTarvo::refrescarPersonal() {
@@ -128,7 +93,7 @@ void MainTarvo::ejecutarPersonal(const QString& titulo) {
     if (ventanas::MyMsgBox::Decide(this, contexto().textos,
                                    contexto().textos(kTxEjecutarAhora, {titulo, cual->proceso}),
                                    ventanas::kAceptoCancelo | ventanas::kPrudente) &&
-        consienteOlvidos(fichero->pasos))
+        consienteOlvidos(*this, app_, fichero->pasos))
       ir(automation::PuertaAutomat{aut});
     return;
   }
@@ -154,7 +119,6 @@ void MainTarvo::atenderMenu(QToolButton& boton, std::optional<size_t> cual) {
 void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<size_t> cual) {
   const auto cuantos = contexto().ajustes.de<AjustesPersonal>().personal.size();
   if (!cual && cuantos == 1) cual = 0;
-  enPersonal_ = true;
   const ventanas::Retenida mientras(this);
   QMenu menu(this);
   menu.setObjectName(u"MenuPersonal"_s);
@@ -163,7 +127,6 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   anadirAccion(menu, kTxModificarElemento, [this](size_t i) { editarPersonal(i); }, cual);
   anadirAccion(menu, kTxEliminarElemento, [this](size_t i) { eliminarPersonal(i); }, cual);
   menu.exec(sobre->mapToGlobal(donde));
-  enPersonal_ = false;
 }
 
 // Adds an action on the entry under the pointer; if there is none and the list has several, a
@@ -184,9 +147,7 @@ void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(si
 }
 
 void MainTarvo::editarPersonal(std::optional<size_t> cual) {
-  enPersonal_ = true;
   const bool aceptado = preguntar(PuertaElemPerso{cual});
-  enPersonal_ = false;
   if (aceptado) refrescarPersonal();
 }
 

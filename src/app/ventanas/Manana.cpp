@@ -193,6 +193,7 @@ void Manana::mostrar(const VistaManana& vista) {
   cuenta_->setText(vista.cuenta);
   vista_ = vista;
   alinear();
+  encadenar();
 }
 
 template <class P>
@@ -212,6 +213,15 @@ void Manana::ajustar(std::vector<P*>& piezas, const std::vector<Renglon>& renglo
   }
   for (size_t i = 0; i < renglones.size(); ++i)
     if (piezas[i]->renglon() != renglones[i]) poner(*piezas[i], renglones[i]);
+}
+
+// Tab follows the eye: lines are created as they are needed.
+void Manana::encadenar() {
+  QWidgetList orden{noche_};
+  for (auto* l : avisos_) orden << l;
+  orden << ventas_ << bandeja_ << proxima_;
+  for (auto* l : grupos_) orden << l;
+  for (qsizetype i = 1; i < orden.size(); ++i) setTabOrder(orden[i - 1], orden[i]);
 }
 
 void Manana::alinear() {

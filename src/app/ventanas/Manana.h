@@ -40,6 +40,7 @@ class Manana final : public QScrollArea {
   template <class P>
   void ajustar(std::vector<P*>& piezas, const std::vector<Renglon>& renglones, QVBoxLayout& caja);
   void alinear();
+  void encadenar();
   void enlazar(Pieza& pieza);
   void poner(Pieza& pieza, const Renglon& renglon);
   void showEvent(QShowEvent* evento) override;

@@ -2,6 +2,7 @@
 
 #include "app/ventanas/ElemPerso.h"
 #include "app/ventanas/MainTarvo.h"
+#include "app/ventanas/Olvidos.h"
 #include "app/ventanas/PortalCnf.h"
 #include "articles/importar/ventanas/RegistrarVentanas.h"
 #include "articles/precios/ventanas/RegistrarVentanas.h"
@@ -31,11 +32,15 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
-  automation::registrarVentanasAutomation(ventanas, {.automat = aplicacion.automat(),
-                                                     .cronos = aplicacion.cronos(),
-                                                     .lenguaje = aplicacion.lenguaje(),
-                                                     .motor = aplicacion.gestcomm(),
-                                                     .debidos = aplicacion.debidos()});
+  automation::registrarVentanasAutomation(
+      ventanas, {.automat = aplicacion.automat(),
+                 .cronos = aplicacion.cronos(),
+                 .lenguaje = aplicacion.lenguaje(),
+                 .motor = aplicacion.gestcomm(),
+                 .debidos = aplicacion.debidos(),
+                 .consiente = [&aplicacion](auto& quien, const auto& pasos) {
+                   return consienteOlvidos(quien, aplicacion, pasos);
+                 }});
 }
 
 }  // namespace tarvo::app

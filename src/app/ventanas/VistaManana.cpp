@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
@@ -21,7 +22,7 @@ using ventanas::Estado;
 
 namespace {
 
-constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3;
+constexpr size_t kAvisosVistos = 5, kGruposVistos = 200, kEsperanVistos = 3, kPosterioresVistas = 3;
 
 QString horaCorta(Fecha momento) {
   return momento.horaLarga().left(5);
@@ -33,6 +34,7 @@ class Redactor {
       : r_(r), t_(t), a_(a), formato_(a) {}
 
   Renglon noche() const;
+  Renglon comoFue() const;
   Renglon ventas() const;
   Renglon bandeja() const;
   Renglon proxima() const;
@@ -72,14 +74,16 @@ QString Redactor::frase(const automation::EjecucionHecha& e) const {
       return t_(kTxSeCorto, {e.nombre, cuando(e.inicio)});
     case FinEjecucion::Abortada:
       return t_(kTxNocheAbortada, {e.nombre, cuando(e.inicio)});
-    default:
+    case FinEjecucion::Problemas:
+    case FinEjecucion::Bien:
       return t_(kTxCuandoFue, {e.nombre, cuando(e.inicio), horaCorta(e.final.value_or(e.inicio))});
   }
+  std::unreachable();
 }
 
 // The trace contains all details of a run.
 void Redactor::ponerTraza(Renglon& r) const {
-  const QString& traza = r_.ejecuciones.front().traza;
+  const QString& traza = r_.ejecuciones[r_.noche].traza;
   r.lleva = traza.isEmpty() ? automation::PuertaVeoLog()
                             : automation::PuertaVeoLog{Ajustes::ruta(traza, a_.HomeDir)};
 }
@@ -88,25 +92,54 @@ Renglon Redactor::noche() const {
   if (r_.ejecuciones.empty())
     return {
         .palabra = {}, .titulo = t_(kTxSinNoche), .texto = t_(kTxSinNocheQueHacer), .valor = {}};
-  const FinEjecucion fin = r_.ejecuciones.front().fin;
-  const bool fallos = r_.cuantos(EstadoGrupo::Fallido) > 0;
-  const bool dudas = r_.cuantos(EstadoGrupo::Dudoso) > 0 || !r_.avisos.empty();
+  Renglon r = comoFue();
+  QStringList frases{frase(r_.ejecuciones[r_.noche])};
+  frases += r_.sinQueHacer;
+  for (size_t i = std::min(r_.noche, kPosterioresVistas); i > 0; --i)
+    frases << t_(kTxDespues, {frase(r_.ejecuciones[i - 1])});
+  r.texto = frases.join(u' ');
+  r.valor = t_(kTxVerTraza);
+  ponerTraza(r);
+  return r;
+}
+
+// The verdict on the night alone, and on what was run or mended after it.
+Renglon Redactor::comoFue() const {
+  const FinEjecucion fin = r_.ejecuciones[r_.noche].fin;
   Renglon r;
   if (fin == FinEjecucion::EnMarcha) {
     r.titulo = t_(kTxNocheEnMarcha);
-  } else if (fallos || fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada) {
+    return r;
+  }
+  const auto hay = [this](auto cual) { return std::ranges::any_of(r_.grupos, cual); };
+  const auto mal = [](const auto& g) {
+    return g.estado == EstadoGrupo::Fallido || g.estado == EstadoGrupo::Dudoso;
+  };
+  const bool cortada = fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada;
+  const bool tropezo = cortada || (fin == FinEjecucion::Problemas && r_.sinQueHacer.isEmpty());
+  const bool faltan = hay([&](const auto& g) {
+    return (mal(g) && !g.posterior) ||
+           (cortada && g.comunica && g.estado == EstadoGrupo::SinIntentar);
+  });
+  const bool arreglada = !faltan && hay([](const auto& g) { return g.arreglado; });
+  if (hay([](const auto& g) { return g.estado == EstadoGrupo::Fallido && !g.posterior; }) ||
+      (cortada && !arreglada)) {
     r.estado = Estado::Mal;
     r.titulo = t_(kTxNocheMal);
-  } else if (dudas || (fin == FinEjecucion::Problemas && r_.sinQueHacer.isEmpty())) {
+  } else if (faltan || !r_.avisos.empty() || (tropezo && !arreglada)) {
     r.estado = Estado::Duda;
     r.titulo = t_(kTxNocheDudosa);
+  } else if (tropezo && !r_.bandeja.empty()) {
+    r.estado = Estado::Duda;
+    r.titulo = t_(kTxNocheSinMemorizar);
   } else {
     r.estado = Estado::Bien;
-    r.titulo = t_(kTxNocheBien);
+    r.titulo = t_(tropezo ? kTxNocheResuelta : kTxNocheBien);
   }
-  r.texto = (QStringList(frase(r_.ejecuciones.front())) + r_.sinQueHacer).join(u' ');
-  r.valor = t_(kTxVerTraza);
-  ponerTraza(r);
+  if (hay([&](const auto& g) { return mal(g) && g.posterior; })) {
+    r.estado = Estado::Mal;
+    r.titulo = t_(kTxYDespuesMal, {r.titulo});
+  }
   return r;
 }
 
@@ -260,7 +293,12 @@ Renglon Redactor::proxima() const {
             .lleva = automation::PuertaEdiCron()};
   if (!r_.proxima) return r;
   const auto& p = *r_.proxima;
-  r.valor = horaCorta(p.cuando);
+  const auto dias = r_.ahora.qdate().daysTo(p.cuando.qdate());
+  const QString hora = horaCorta(p.cuando);
+  r.valor = dias == 0   ? hora
+            : dias == 1 ? t_(kTxMananaHora, {hora})
+            : dias < 7  ? t_(kTxDiaYHora, {t_(kTxNombreDia + p.cuando.diaSemana() - 1), hora})
+                        : t_(kTxDiaYHora, {p.cuando.corta(), hora});
   if (p.activo) {
     r.lleva = automation::PuertaCronos();
     r.texto = t_(kTxProximaActiva, {p.proceso, cuando(p.cuando)});

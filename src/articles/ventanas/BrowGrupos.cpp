@@ -197,6 +197,8 @@ void BrowGrupos::actualCambiado() {
   ui_.Copia->setEnabled(en && en->departamento == 0 && !copia_);
   ui_.VerXtrac->setEnabled(en && en->departamento > 0 && !copia_ &&
                            contexto().ventanas.conoce<totals::PuertaVerFils>());
+  ui_.Copia->setProperty(ventanas::kPorQueNo, copia_ ? QString() : t(kTxSoloSecciones));
+  ui_.VerXtrac->setProperty(ventanas::kPorQueNo, copia_ ? QString() : t(kTxSoloDepartamentos));
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !copia_);
   nombreAntes_ = en ? ui_.Arbol->currentItem()->text(kNombre) : QString();
 }
@@ -213,6 +215,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
   const Nodo nodo = nodoDe(*item);
   const QString nombre = item->text(kNombre), antes = nombreAntes_;
   const bool hecho = haIdoBien(renombrar(nodo, nombre));
+  if (hecho) acierto();
   if (hecho && nombre.trimmed() != antes && nuevo_ != nodo)
     deshacer_->apuntar(t(kTxNombreDe).arg(decirNodo(nodo), antes),
                        [=, this]() -> Resultado<Vuelto> {

@@ -256,7 +256,8 @@ void BrowPLUs::trasladar(bool mover) {
              const QString que = t(mover ? kTxMovidos : kTxCopiados, bien);
              if (bien > 0) anotarDeshacer(que, lote);
              if (fuera->isEmpty()) return decirBien(t(kTxSePuedeDeshacer).arg(que));
-             decirDuda(t(kTxDuplicado), que + u'\n' + t(kTxNoTrasladados) + fuera->join(u", "_s));
+             decirDuda((bien > 0 ? que + u". "_s : QString()) + t(kTxDuplicado),
+                       t(kTxNoTrasladados) + fuera->join(u", "_s));
            });
 }
 

@@ -127,6 +127,16 @@ Resultado<std::vector<EjecucionHecha>> Historial::ejecuciones(std::optional<qint
       [&](const dao::Recordset& rs) { return ejecucionDe(rs, enMarcha); });
 }
 
+Resultado<std::map<qint64, int>> Historial::gruposPedidos(qint64 desde) {
+  std::map<qint64, int> pedidos;
+  TARVO_INTENTAR(dao::recorrer(
+      db_.consultar(u"SELECT EJECUCION, count(DISTINCT GRUPO) FROM ProcesoTareas WHERE "
+                    u"EJECUCION>=? AND CLASE BETWEEN ? AND ? GROUP BY EJECUCION",
+                    desde, TipoTarea::RxPlus, TipoTarea::RxOpHor),
+      [&](const dao::Recordset& rs) { pedidos[rs.entero(0)] = static_cast<int>(rs.entero(1)); }));
+  return pedidos;
+}
+
 Resultado<std::vector<TareaHecha>> Historial::tareas(qint64 numero) {
   std::vector<TareaHecha> lista;
   TARVO_INTENTAR(dao::recorrer(

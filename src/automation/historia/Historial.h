@@ -3,6 +3,7 @@
 // docs/procesos.md.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <vector>
 
@@ -90,6 +91,8 @@ class Historial {
   // The runs kept, the latest first. `enMarcha`: the number of the run now under way; any other
   // without an end was interrupted.
   Resultado<std::vector<EjecucionHecha>> ejecuciones(std::optional<qint64> enMarcha = {});
+  // Of each run since that one, how many groups it asked for totals.
+  Resultado<std::map<qint64, int>> gruposPedidos(qint64 desde);
   // In the order of its steps. Formato when one is of an unknown kind.
   Resultado<std::vector<TareaHecha>> tareas(qint64 numero);
   Resultado<std::vector<AvisoHecho>> avisos(qint64 numero);

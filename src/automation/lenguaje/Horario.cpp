@@ -1,6 +1,7 @@
 #include "automation/lenguaje/Horario.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 #include "automation/lenguaje/TextosLenguaje.h"
@@ -61,6 +62,19 @@ Resultado<> guardarHorario(const QString& ruta, const Horario& horario, const Le
   const QString texto = escribirHorario(horario, lenguaje);
   TARVO_INTENTAR(lenguaje.leerCro(texto));
   return ficheros::escribirEntero(ruta, ficheros::codificar(texto));
+}
+
+Resultado<QString> retirarHorario(const QString& ruta) {
+  const QString copia = ruta + u'~';
+  QFile::remove(copia);
+  QFile fichero(ruta);
+  if (fichero.rename(copia)) return QFileInfo(copia).fileName();
+  return fallo(fichero.exists() ? Fallo::SinPermiso : Fallo::NoExiste, fichero.errorString());
+}
+
+QStringList horariosDe(const QString& carpeta) {
+  return QDir(carpeta).entryList({u"*.cro"_s}, QDir::Files | QDir::Readable,
+                                 QDir::Name | QDir::IgnoreCase);
 }
 
 QStringList procesosDe(const QString& carpeta) {

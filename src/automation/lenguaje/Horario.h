@@ -20,6 +20,11 @@ Resultado<Horario> leerHorario(const QString& texto, const Lenguaje& lenguaje);
 QString escribirHorario(const Horario& horario, const Lenguaje& lenguaje);
 // Writes the whole file. Formato, with the line, if it could not be activated afterwards.
 Resultado<> guardarHorario(const QString& ruta, const Horario& horario, const Lenguaje& lenguaje);
+// Takes the file away: it is renamed, with "~" at its end, over an older one of that name. Returns
+// the name of what is left. NoExiste, SinPermiso.
+Resultado<QString> retirarHorario(const QString& ruta);
+// The timetables of a folder: names of their files, sorted.
+QStringList horariosDe(const QString& carpeta);
 // The processes of a folder: base names in capitals, sorted.
 QStringList procesosDe(const QString& carpeta);
 

@@ -59,7 +59,7 @@ std::vector<Columna> columnasPasos(const Textos& textos) {
            .clase = Clase::Codigo,
            .cifras = 3,
            .ancho = 56},
-          {.titulo = kTxColPaso, .campo = u"paso"_s, .ancho = 330, .ordenable = false},
+          {.titulo = kTxColPaso, .campo = u"paso"_s, .ancho = 460, .ordenable = false},
           {.titulo = ventanas::kTxResultado,
            .campo = u"resultado"_s,
            .ancho = 170,
@@ -127,6 +127,7 @@ AutomatVentana::AutomatVentana(Contexto& c, const QString& nombre, Automat& auto
   ui_.ListaPasos->vista()->setAccessibleName(t(kTxPasosProceso));
   ui_.Problemas->setAccessibleName(t(kTxTrazaEjecucion));
   conectar();
+  seguirTraza();
   a_.avisarAlCerrar = true;
   a_.observar(*this);
   connect(this, &Ventana::descargada, this, [this] { soltar(); });
@@ -258,8 +259,27 @@ void AutomatVentana::ponerBotones() {
   ui_.Alto->setEnabled(a_.enMarcha() && fase != kAbortando);
   ui_.ver->setEnabled(hay);
   ui_.salir->setEnabled(!a_.enMarcha());
+  ponerPorQue();
   // The focus of a button that can't be pressed any more doesn't pass to the next one, "Alto".
   if (foco && !foco->isEnabled()) ui_.ListaPasos->vista()->setFocus();
+}
+
+// Why the buttons that can't be pressed now can't.
+void AutomatVentana::ponerPorQue() {
+  const int fase = a_.fase();
+  const int comun = a_.nombre().isEmpty() ? kTxSinProceso
+                    : fase == kAbortando  ? kTxSeEstaParando
+                    : fase == kAcabado    ? kTxYaAcabo
+                                          : 0;
+  const auto poner = [&](QAction* a, int suyo) {
+    a->setProperty(kPorQueNo, t(comun != 0 ? comun : suyo));
+  };
+  poner(ui_.ejecutar, kTxYaEstaEnMarcha);
+  poner(ui_.paso, fase == kPasoAPaso ? kTxPasoEnMarcha : kTxPasoTrasRetener);
+  poner(ui_.retener, a_.enMarcha() ? kTxYaRetenido : kTxNadaEnMarcha);
+  poner(ui_.Alto, kTxNadaEnMarcha);
+  poner(ui_.ver, kTxSinProceso);
+  poner(ui_.salir, kTxNoSeCierra);
 }
 
 // Updates only the rows that changed: a long process changes twice a second.
@@ -299,16 +319,23 @@ void AutomatVentana::ponerCola() {
 void AutomatVentana::empezarTraza() {
   ui_.Problemas->clear();
   ui_.Problemas->addItems(a_.escrito());
+  sigueTraza_ = true;
   ui_.Problemas->scrollToBottom();
 }
 
-// Scrolls to the new line only if the end is in view.
-void AutomatVentana::lineaEscrita(const QString& linea) {
+// A view at the end stays there when lines are added or its height changes.
+void AutomatVentana::seguirTraza() {
   const auto* barra = ui_.Problemas->verticalScrollBar();
-  const bool alFinal = barra->value() >= barra->maximum();
+  connect(barra, &QScrollBar::valueChanged, this,
+          [this, barra] { sigueTraza_ = barra->value() >= barra->maximum(); });
+  connect(barra, &QScrollBar::rangeChanged, this, [this] {
+    if (sigueTraza_) ui_.Problemas->scrollToBottom();
+  });
+}
+
+void AutomatVentana::lineaEscrita(const QString& linea) {
   if (ui_.Problemas->count() >= kLineasTraza) delete ui_.Problemas->takeItem(0);
   ui_.Problemas->addItem(linea);
-  if (alFinal) ui_.Problemas->scrollToBottom();
 }
 
 // --- operations ---------------------------------------------------------------------------------

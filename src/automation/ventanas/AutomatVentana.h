@@ -34,6 +34,8 @@ class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat
   void ponerFase();
   void ponerCierre();
   void ponerBotones();
+  void ponerPorQue();
+  void seguirTraza();
   void ponerPasos();
   void ponerCola();
   void empezarTraza();
@@ -46,6 +48,7 @@ class AutomatVentana final : public ventanas::Ventana, private ObservadorAutomat
   std::vector<VistaPaso> vistos_;  // as displayed in the grid
   int pasoVisto_ = -1;
   bool preguntando_ = false, soltada_ = false;
+  bool sigueTraza_ = true;  // the end of the trace is in view, and stays there
 };
 
 }  // namespace tarvo::automation

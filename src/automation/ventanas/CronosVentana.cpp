@@ -87,8 +87,9 @@ QString duracion(double dias) {
 
 }  // namespace
 
-CronosVentana::CronosVentana(Contexto& c, const QString& nombre, Cronos& cronos)
-    : Ventana(c, nombre), cronos_(cronos) {
+CronosVentana::CronosVentana(Contexto& c, const QString& nombre, Cronos& cronos,
+                             ConsienteOlvidos consiente)
+    : Ventana(c, nombre), cronos_(cronos), consiente_(std::move(consiente)) {
   ui_.setupUi(cuerpo());
   ponerLetra(*ui_.lblNom, Letra::Titulo);
   ponerLetra(*ui_.reloj, Letra::Cifra);
@@ -194,7 +195,7 @@ void CronosVentana::ponerLineas() {
     filas.push_back(filaCron(i, entradas[i], static_cast<int>(i) == cronos_.siguiente()));
   ui_.ListaCron->vivas().poner(std::move(filas));
   ui_.ejecutar->setEnabled(!entradas.empty() && cronos_.activo());
-  ui_.ejecutar->setProperty(kPorQueNo, cronos_.activo() ? QString() : t(kTxDesactivado));
+  ui_.ejecutar->setProperty(kPorQueNo, t(entradas.empty() ? kTxSinLineas : kTxDesactivado));
 }
 
 void CronosVentana::ponerProximo() {
@@ -244,6 +245,7 @@ void CronosVentana::ejecutarAhora() {
   if (!MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxEjecutarYa, {proceso}),
                         kAceptoCancelo | kPrudente))
     return;
+  if (consiente_ && !consiente_(*this, entradas[static_cast<size_t>(fila)].pasos)) return;
   // Its hour may have come while the question was on the screen.
   if (!cronos_.adelantar(fila)) return decirPista(t(kTxElijaEnEspera));
   decirBien(contexto().textos(kTxSeEjecuta, {proceso}));

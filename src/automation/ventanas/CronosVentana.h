@@ -3,6 +3,7 @@
 #pragma once
 
 #include "automation/Cronos.h"
+#include "automation/ventanas/ConsienteOlvidos.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventana.h"
 #include "ui_Cronos.h"
@@ -12,7 +13,8 @@ namespace tarvo::automation {
 class CronosVentana final : public ventanas::Ventana {
   Q_OBJECT
  public:
-  CronosVentana(ventanas::Contexto& c, const QString& nombre, Cronos& cronos);
+  CronosVentana(ventanas::Contexto& c, const QString& nombre, Cronos& cronos,
+                ConsienteOlvidos consiente);
   ~CronosVentana() override;
 
   // While a timetable is active, this window replaces the main one.
@@ -33,6 +35,7 @@ class CronosVentana final : public ventanas::Ventana {
   void soltar();
 
   Cronos& cronos_;
+  ConsienteOlvidos consiente_;
   Ui::FormaCronos ui_;
   bool habiaPrincipal_ = false, apartada_ = false, soltada_ = false;
   QStringList avisos_;

@@ -18,8 +18,8 @@ Debidos::Debidos(Contexto& c, const QString& nombre, Pendientes& libro)
   enlazar();
   ui_.Lista->preparar(
       c, nombre,
-      {{.titulo = ventanas::kTxPeriodo, .campo = u"periodo"_s, .ancho = 300, .ordenable = false},
-       {.titulo = kTxColQueFalta, .campo = u"que"_s, .ancho = 400, .ordenable = false}});
+      {{.titulo = ventanas::kTxPeriodo, .campo = u"periodo"_s, .ancho = 460, .ordenable = false},
+       {.titulo = kTxColQueFalta, .campo = u"que"_s, .ancho = 480, .ordenable = false}});
   ui_.Lista->vivas();
   ui_.Lista->ponerUnaSola(true);
   ui_.Lista->ponerBusca(false);

@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QMenu>
 #include <QRegularExpressionValidator>
 
 #include "automation/ventanas/ColumnasHorario.h"
 #include "automation/ventanas/TextosAutomationVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
@@ -71,6 +73,12 @@ void EdiCron::conectar() {
   unir(ui_.abandonar, u"cerrar"_s, {}, [this] { rechazar(); });
   unir(ui_.insertar, u"anadir"_s, {}, [this] { insertar(); });
   unir(ui_.borrar, u"borrar"_s, {}, [this] { borrar(); });
+  unir(ui_.otro, u"abrir"_s, {}, [this] { elegirOtro(); });
+  unir(ui_.quitar, u"quitar"_s, {}, [this] { quitarHorario(); });
+  // The whole sentence, where the kit would only say that a key was dropped.
+  connect(
+      ui_.NomCron, &QLineEdit::inputRejected, this, [this] { decirEnNombre(t(kTxSignosDeNombre)); },
+      Qt::QueuedConnection);
   connect(ui_.NomCron, &QLineEdit::returnPressed, this, [this] { aceptarNombre(); });
   connect(ui_.AceptoNombre, &QPushButton::clicked, this, [this] { aceptarNombre(); });
   connect(ui_.CanceloNombre, &QPushButton::clicked, this, [this] { rechazar(); });
@@ -113,16 +121,31 @@ Resultado<> EdiCron::entrar(const PuertaEdiCron& puerta) {
 void EdiCron::pedirNombre() {
   ui_.pnlEdicion->hide();
   ui_.pnlNombre->show();
-  tamano_ = size();
-  resize(width(), layout()->minimumSize().height());  // as low as the question allows
+  if (!tamano_.isValid()) tamano_ = size();
+  ajustarNombre();
+  ui_.NomCron->clear();
   ui_.NomCron->setFocus();
+}
+
+// As low as the question allows, with what is said above it.
+void EdiCron::ajustarNombre() {
+  layout()->activate();
+  const int alto = layout()->hasHeightForWidth() ? layout()->heightForWidth(width())
+                                                 : layout()->minimumSize().height();
+  resize(width(), std::max(alto, layout()->minimumSize().height()));
+}
+
+void EdiCron::decirEnNombre(const QString& texto) {
+  decirPista(texto);
+  ajustarNombre();
 }
 
 void EdiCron::aceptarNombre() {
   const QString nombre = ui_.NomCron->text().trimmed().toUpper();
-  if (nombre.isEmpty()) return decirFallo(t(kTxEscribaNombre));
+  if (nombre.isEmpty()) return decirEnNombre(t(kTxEscribaNombre));
   const QString ruta = Ajustes::ruta(nombre + u".CRO"_s, contexto().ajustes.HomeDir);
-  if (QFileInfo::exists(ruta)) return decirFallo(contexto().textos(kTxYaHayProgramacion, {nombre}));
+  if (QFileInfo::exists(ruta))
+    return decirEnNombre(contexto().textos(kTxYaHayProgramacion, {nombre}));
   tira().quitar();
   ruta_ = ruta;
   editarHorario({});
@@ -251,6 +274,45 @@ int EdiCron::apuntar(int que, int fila) {
                               ponerLista(fila);
                               return Deshacer::Vuelto();
                             });
+}
+
+// --- other timetables ---------------------------------------------------------------------------
+
+// Opens another timetable of the folder, or begins a new one.
+void EdiCron::elegirOtro() {
+  if (tocada()) return decirPista(t(kTxAcabeLinea));
+  if (cambiada()) return decirPista(t(kTxGuardeAntes));
+  auto* menu = new QMenu(this);
+  menu->setObjectName(u"MenuHorarios"_s);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->addAction(t(kTxHorarioNuevo), this, [this] { pedirNombre(); });
+  menu->addSeparator();
+  const QString este = QFileInfo(ruta_).fileName();
+  for (const QString& fichero : horariosDe(contexto().ajustes.HomeDir))
+    if (fichero.compare(este, Qt::CaseInsensitive) != 0)
+      menu->addAction(QFileInfo(fichero).completeBaseName().toUpper(), this,
+                      [this, fichero] { abrirOtro(fichero); });
+  ponerLetras(*menu);
+  desplegar(*menu, ui_.barra->mapToGlobal(ui_.barra->rect().bottomLeft()));
+}
+
+void EdiCron::abrirOtro(const QString& fichero) {
+  const QString ruta = Ajustes::ruta(fichero, contexto().ajustes.HomeDir);
+  haIdoBien(entrar(PuertaEdiCron{ruta}));
+}
+
+// The file keeps a copy beside it.
+void EdiCron::quitarHorario() {
+  const QString nombre = QFileInfo(ruta_).completeBaseName().toUpper();
+  if (!MyMsgBox::Decide(this, contexto().textos, contexto().textos(kTxBorraHorario, {nombre}),
+                        kAceptoCancelo | kExclamacion | kPrudente))
+    return;
+  const auto copia = retirarHorario(ruta_);
+  if (!haIdoBien(copia)) return;
+  if (auto* quien = qobject_cast<Ventana*>(dueno()))
+    quien->decirBien(contexto().textos(kTxHorarioBorrado, {nombre, *copia}));
+  guardada();
+  aceptar();
 }
 
 // --- closing ------------------------------------------------------------------------------------

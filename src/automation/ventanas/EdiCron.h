@@ -25,6 +25,8 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   bool teclearHora(QEvent& cifra);
 
   void pedirNombre();
+  void ajustarNombre();
+  void decirEnNombre(const QString& texto);
   void aceptarNombre();
   void editarHorario(Horario horario);
   void ponerLista(int actual);
@@ -37,6 +39,9 @@ class EdiCron final : public ventanas::FichaDe<Horario> {
   int apuntar(int que, int fila);
   void insertar();
   void borrar();
+  void elegirOtro();
+  void abrirOtro(const QString& fichero);
+  void quitarHorario();
   bool escribir();
   void guardar();
   void activar();

@@ -14,7 +14,7 @@ using namespace ventanas;
 void registrarVentanasAutomation(Ventanas& v, const Motores& m) {
   v.registrar<PuertaAutomat, AutomatVentana>(m.automat, m.lenguaje, m.motor);
   v.registrar<PuertaEnParMac, EnParMac>();
-  v.registrar<PuertaCronos, CronosVentana>(m.cronos);
+  v.registrar<PuertaCronos, CronosVentana>(m.cronos, ConsienteOlvidos(m.consiente));
   v.registrar<PuertaEdiCron, EdiCron>(m.lenguaje);
   v.registrar<PuertaDebidos, Debidos>(m.debidos);
   v.registrar<PuertaVeoLog, VeoLog>();

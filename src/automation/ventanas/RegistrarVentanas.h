@@ -3,6 +3,7 @@
 
 #include "automation/Cronos.h"
 #include "automation/historia/Pendientes.h"
+#include "automation/ventanas/ConsienteOlvidos.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 
@@ -15,6 +16,7 @@ struct Motores {
   const Lenguaje& lenguaje;
   const motor::gestcomm& motor;
   Pendientes& debidos;
+  ConsienteOlvidos consiente = {};
 };
 
 // REQUIRES that the engines outlive all windows.

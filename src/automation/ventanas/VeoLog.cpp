@@ -105,8 +105,10 @@ void VeoLog::mirar() {
   const bool vacia = modelo_->rowCount() == 0;
   ui_.lblVacia->setVisible(vacia);
   ui_.Lineas->setVisible(!vacia);
-  for (QAction* a : {ui_.siguiente, ui_.anterior, ui_.problema, ui_.copiar, ui_.alFinal})
+  for (QAction* a : {ui_.siguiente, ui_.anterior, ui_.problema, ui_.copiar, ui_.alFinal}) {
     a->setEnabled(!vacia);
+    a->setProperty(kPorQueNo, ui_.lblVacia->text());
+  }
   mirada_->unaVez(modelo_->fichero().quedaMas() ? 0 : kMiradaMs);
 }
 

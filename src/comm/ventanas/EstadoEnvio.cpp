@@ -8,6 +8,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/edicion/Opciones.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -231,10 +232,16 @@ void EstadoEnvio::enviar() {
                             TipoTarea::TxPlus) == 0)
       ++encoladas;
   if (encoladas < static_cast<int>(e->tareas.size())) return decirFallo(t(kTxGrupoNoComunica));
-  if (e->imposibles > 0)
-    decirDuda(t(kTxSobrantesSinBorrar, e->imposibles));
-  else
-    decirBien(t(kTxEnvioEncolado));
+  fuera_ = e->imposibles > 0 ? t(kTxSobrantesSinBorrar, e->imposibles) : QString();
+  decirEnvio(encoladas > 0 ? t(kTxEnvioEncolado) : QString());
+}
+
+// How the sending is, with what it leaves out.
+void EstadoEnvio::decirEnvio(const QString& como) {
+  QStringList todo{como, fuera_};
+  todo.removeAll(QString());
+  fuera_.isEmpty() ? decirBien(todo.join(u' ')) : decirDuda(todo.join(u' '));
+  enviado_ = como.isEmpty() ? QString() : tira().texto();
 }
 
 void EstadoEnvio::pedir() {
@@ -285,8 +292,13 @@ void EstadoEnvio::mirarTareas() {
   const auto tareas = suyas();
   const bool algo = std::exchange(huboTarea_, false);  // may have ended already
   const bool antes = std::exchange(enMarcha_, !tareas.empty()) || algo;
-  if (antes && !enMarcha_) despues_->unaVez(kReposoEstado);
+  if (antes && !enMarcha_) {
+    despues_->unaVez(kReposoEstado);
+    if (!enviado_.isEmpty() && tira().texto() == enviado_) decirEnvio(t(kTxEnvioHecho));
+    enviado_.clear();
+  }
   ui_.Parar->setEnabled(enMarcha_);
+  ui_.Parar->setProperty(kPorQueNo, t(kTxNadaQueParar));
   ui_.LblTarea->setHidden(!enMarcha_);
   if (!enMarcha_) return reintento_->parar();
   const auto mala = std::ranges::find_if(tareas, fallada);

@@ -29,6 +29,7 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   void contar(const Estados& estados);
   void filtrar();
   void enviar();
+  void decirEnvio(const QString& como);
   void pedir();
   void mostrarFicha();
   std::vector<qint64> elegidos();
@@ -49,6 +50,8 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   Fecha otraVez_;          // time of the next try of a failed task
   std::unique_ptr<Temporizador> despues_, mirada_, reintento_;
   ventanas::Aparte pregunta_;
+  QString fuera_;    // what the last sending leaves out
+  QString enviado_;  // what was said of it while it is under way
 };
 
 }  // namespace tarvo::comm

@@ -54,14 +54,17 @@ bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& losGrupos,
 void encolarGrupos(ventanas::Ventana& quien, motor::gestcomm& motor, const std::vector<int>& grupos,
                    const PeticionTarea& que) {
   bool usada = false;
+  int puestas = 0;
   QStringList sinComunicar;
   for (const int grupo : grupos) {
     const int r = motor.NuevaTarea(grupo, que.todo, que.desde, que.hasta, que.clase);
+    puestas += r == 0 ? 1 : 0;
     usada = usada || r == 1;
     if (r == 2) sinComunicar << Ceros(grupo, 4);
   }
+  const QString fuera = quien.t(kTxNoEncolada).arg(sinComunicar.join(u", "_s));
   if (!sinComunicar.isEmpty())
-    quien.decirDuda(quien.t(kTxNoEncolada).arg(sinComunicar.join(u", "_s)));
+    quien.decirDuda(puestas > 0 ? quien.t(kTxEncoladas, puestas) + u' ' + fuera : fuera);
   if (usada)
     ventanas::MyMsgBox::Decide(
         &quien, quien.contexto().textos,

@@ -43,6 +43,10 @@ Resultado<> ConfirSumVentana::entrar(const PuertaConfirSum& puerta) {
   ui_.tipo->setText(NombreTipoPeriodo(p.tipo));
   ui_.fecha1->setText(FormatoPeriodo(p.tipo, p.desde));
   ui_.fechaF->setText(FormatoPeriodo(p.tipo, p.hasta));
+  const bool unaFecha = p.tipo != kOtros;  // a week, a month or a year has one name
+  ui_.rotuloF->setHidden(unaFecha);
+  ui_.fechaF->setHidden(unaFecha);
+  ui_.rotulo1->setText(t(unaFecha ? kTxPeriodoDosPuntos : kTxDesdeCuando));
   ui_.sobre->setText(t(existe ? kTxSobreUno : kTxSobreNuevo));
   ui_.como->setText(t(existe ? kTxQueYaExiste : kTxEntreDescripcion).trimmed());
   ui_.Descrip->setReadOnly(existe);

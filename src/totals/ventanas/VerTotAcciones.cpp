@@ -170,7 +170,7 @@ void VerTotVentana::porPasos(const QString& que, std::vector<qint64> links, Paso
 
 void VerTotVentana::decirCuentas(const QString& bien, int textoMal, Cuentas cuentas) {
   if (cuentas.mal > 0)
-    return decirDuda(t(textoMal, cuentas.mal), cuentas.bien > 0 ? bien : QString());
+    return decirDuda((cuentas.bien > 0 ? bien + u". "_s : QString()) + t(textoMal, cuentas.mal));
   if (cuentas.bien > 0) decirBien(bien);
 }
 

@@ -151,7 +151,11 @@ void VerTotVentana::actualCambiada() {
   for (QAction* a : {ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.DesAcum, ui_.SumaCol, ui_.StockAR,
                      ui_.DesStock, ui_.VerCosa, ui_.Exportar})
     a->setEnabled(hay);
+  for (QAction* a : {ui_.Modifo, ui_.Borro, ui_.Vacio, ui_.DesAcum, ui_.SumaCol, ui_.StockAR,
+                     ui_.DesStock, ui_.VerCosa, ui_.Exportar, ui_.acumule})
+    a->setProperty(ventanas::kPorQueNo, trabajo().enMarcha() ? QString() : t(kTxListaVacia));
   ui_.acumule->setEnabled(hay && tipo_ != kAnual);
+  if (hay) ui_.acumule->setProperty(ventanas::kPorQueNo, t(kTxAnualNoSeAcumula));
   lado_->unaVez(kReposoLista);
 }
 

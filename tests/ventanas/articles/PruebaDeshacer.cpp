@@ -388,7 +388,14 @@ TEST(DeshacerArbol, LosNombresVuelven) {
   const QString antes = t.leer(kNombres);
   auto* v = t.abrir(PuertaBrowGrupos{});
   auto* arbol = t.control<QTreeWidget>(v, u"Arbol");
+  arbol->setFocus();
+  t.tecla(Qt::Key_F2);
+  t.escribir(u" "_s);
+  t.tecla(Qt::Key_Return);
+  ASSERT_TRUE(esperar([&] { return !v->tira().isHidden(); }));
+  for (int i = 0; i < 3; ++i) QApplication::processEvents();
   renombrar(t, v, u"Tienda"_s);
+  EXPECT_TRUE(v->tira().isHidden()) << "the refusal is over";
   t.tecla(Qt::Key_Down);
   renombrar(t, v, u"Setas"_s);
   EXPECT_EQ(t.leer(kNombres), u"Tienda | Carne | Setas");

@@ -229,7 +229,8 @@ TEST(Trabajos, CopiarMoverYDeshacer) {
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_F6);
   ASSERT_TRUE(esperar([&] { return t.leer(segunda) == u"10 | 20 | 30"; }));
-  EXPECT_EQ(v->tira().texto(), u"El código de registro ya existe: No debe duplicarse");
+  EXPECT_EQ(v->tira().texto(),
+            u"2 artículos copiados. El código de registro ya existe: No debe duplicarse");
   EXPECT_EQ(t.leer(u"select NOMPLU from PLUSES where SECCION=2 and CODPLU=20"_s), u"Lomo");
   EXPECT_TRUE(t.cambiadas().empty());
   v->activateWindow();

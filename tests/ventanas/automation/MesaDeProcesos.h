@@ -23,7 +23,11 @@ struct MesaDeProcesos : TiendaDeProcesos {
   explicit MesaDeProcesos(const std::set<int>& mudas = {})
       : p((maquinasDePrueba().mudas = mudas, dir.path()), reloj, preguntas) {
     p.automat().desatendido = false;
-    registrarVentanasAutomation(todas(), {p.automat(), cronos, p.lenguaje(), p.motor(), debidos});
+    registrarVentanasAutomation(todas(), {p.automat(), cronos, p.lenguaje(), p.motor(), debidos,
+                                          [this](auto&, const auto& pasos) {
+                                            pasosAConsentir = static_cast<int>(pasos.size());
+                                            return consiente;
+                                          }});
     preguntas.poner(&todas());
   }
 
@@ -52,6 +56,10 @@ struct MesaDeProcesos : TiendaDeProcesos {
   }
   bool abierta(const QString& nombre) { return todas().cargada(nombre) != nullptr; }
   Automat& automat() { return p.automat(); }
+
+  // What is answered to the question about what a process makes machines forget.
+  bool consiente = true;
+  int pasosAConsentir = 0;
 
   PreguntasVentana preguntas;
   Programa p;

@@ -5,6 +5,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QToolBar>
 
@@ -58,6 +59,9 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   QWidget* v = s.correr(Proceso::kTresPasos);
   ASSERT_TRUE(QTest::qWaitForWindowActive(v));
   EXPECT_FALSE(puede(v, u"paso"_s));
+  QTest::keyClick(v, Qt::Key_F10);
+  EXPECT_TRUE(
+      static_cast<ventanas::Ventana*>(v)->tira().texto().startsWith(u"Para ir paso a paso"));
   QTest::keyClick(v, Qt::Key_Control);
   EXPECT_EQ(s.automat().fase(), kEjecutando) << "a key touched by accident holds no night";
   QTest::keyClick(v, Qt::Key_F8);
@@ -78,8 +82,22 @@ TEST(Automat, SeRetienePorTeclasYSigueAPasos) {
   EXPECT_EQ(s.automat().fase(), kDetenidoEnPaso) << "Ctrl+C doesn't start a run";
   QTest::keyClick(v, Qt::Key_Control);
   EXPECT_EQ(s.automat().fase(), kEjecutando);
+  EXPECT_TRUE(Proceso::traza(v).contains(u"    Sigue donde se retuvo, en el paso 3"));
   s.pasar(4);
   EXPECT_FALSE(s.abierta(u"Automat"_s));
+}
+
+// Whoever looks at the end of the trace sees each new line, also after the window became smaller.
+TEST(Automat, LaTrazaSigueASuFinal) {
+  Proceso s;
+  QWidget* v = s.correr(QString(u"S:CERRAR,x,Sí,Sí\r\n"_s).repeated(60));
+  const auto* barra = pieza<QListWidget>(v, u"Problemas"_s)->verticalScrollBar();
+  s.pasar(0.5);
+  ASSERT_GT(barra->maximum(), 20);
+  EXPECT_EQ(barra->value(), barra->maximum());
+  v->resize(v->width(), v->minimumSizeHint().height());
+  s.asentar();
+  EXPECT_EQ(barra->value(), barra->maximum());
 }
 
 // A step whose tasks are done is done, while those of another are waited for and when the run is

@@ -2,7 +2,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QTableView>
 
@@ -75,6 +77,9 @@ TEST(Horarios, SeHaceSeGuardaSeActivaYCorre) {
   QTest::keyClick(nombre, Qt::Key_Return);
   EXPECT_EQ(e->tira().texto(), u"Escriba un nombre.");
   QTest::keyClicks(nombre, u"tien.:?da"_s);
+  s.asentar();
+  EXPECT_TRUE(e->tira().texto().startsWith(u"El nombre de un horario no puede llevar"));
+  EXPECT_GE(e->height(), e->layout()->heightForWidth(e->width())) << "and it is read whole";
   const QRect pantalla = e->screen()->availableGeometry();
   e->move(pantalla.right() - 100, pantalla.bottom() - 100);
   QTest::keyClick(nombre, Qt::Key_Return);
@@ -281,6 +286,36 @@ TEST(Horarios, CreceAlrededorDeSuMedio) {
   EXPECT_NEAR(e->frameGeometry().center().y(), medio, 2);
 }
 
+// From a timetable to another of the folder, to a new one, and away with it, leaving a copy.
+TEST(Horarios, HayOtrosYSeBorran) {
+  Horarios s;
+  const QString antes = u"22:05:00;"_s + kSiempre + u";BIEN\r\n"_s;
+  for (const char16_t* nombre : {u"T.CRO", u"OTRO.CRO"})
+    s.fichero(QString::fromUtf16(nombre), antes);
+  Ventana* e = s.editar(u"T.CRO"_s);
+  const auto menu = [&] {
+    pieza<QAction>(e, u"otro"_s)->trigger();
+    return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  };
+  ASSERT_TRUE(menu());
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  EXPECT_EQ(pieza<QLabel>(e, u"lblNom"_s)->text(), u"Preparar un horario: OTRO");
+  cuandoHayaCaja([](QWidget& caja) {
+    QTest::keyClick(caja.findChild<QPushButton*>(u"Acepto"_s), Qt::Key_Space);
+  });
+  pieza<QAction>(e, u"quitar"_s)->trigger();
+  s.asentar();
+  EXPECT_FALSE(s.abierta(u"EdiCron"_s));
+  EXPECT_FALSE(QFile::exists(s.ruta(u"OTRO.CRO"_s)));
+  EXPECT_EQ(s.texto(u"OTRO.CRO~"_s), antes);
+  e = s.editar(u"T.CRO"_s);
+  ASSERT_TRUE(menu());
+  EXPECT_EQ(menu()->actions().size(), 2) << "a new one, and no other";
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
+  EXPECT_TRUE(pieza<QLineEdit>(e, u"NomCron"_s)->isVisible());
+}
+
 // The time stored is the one typed, regardless of the former contents; an invalid time is refused.
 TEST(Horarios, LaHoraEsLaQueSeEscribe) {
   Horarios s;
@@ -338,8 +373,10 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
   pieza<QAction>(c, u"ejecutar"_s)->trigger();
   EXPECT_EQ(c->tira().texto(), u"Elija una línea que esté en espera.");
   filas->irA(0);
-  // A Return too many starts nothing.
-  for (const bool seAcepta : {false, true}) {
+  // A Return too many starts nothing, nor does who would rather keep what it makes machines forget.
+  for (const int vez : {0, 1, 2}) {
+    const bool seAcepta = vez > 0;
+    s.consiente = vez == 2;
     bool preguntado = false;
     cuandoHayaCaja([&](QWidget& caja) {
       preguntado = true;
@@ -351,7 +388,8 @@ TEST(Cronos, ADesactivarYAManoYUnoQueNoSeLee) {
     pieza<QAction>(c, u"ejecutar"_s)->trigger();
     s.pasar(10);
     EXPECT_TRUE(preguntado);
-    EXPECT_EQ(filas->texto(0, u"ok"), seAcepta ? u"1" : u"0");
+    EXPECT_EQ(filas->texto(0, u"ok"), vez == 2 ? u"1" : u"0");
+    EXPECT_EQ(s.pasosAConsentir, seAcepta ? 1 : 0) << "the steps of its process";
   }
 }
 

@@ -1,5 +1,6 @@
 // Several tasks of the queue at once.
 #include <QTableView>
+#include <QToolBar>
 
 #include "MesaDeGestcomm.h"
 
@@ -46,6 +47,66 @@ TEST_F(Gestcomm, LasOrdenesVanATodasLasElegidas) {
   EXPECT_EQ(v->tira().texto(), u"2 tareas vuelven a la cola.");
   EXPECT_EQ(cola()->filasElegidas().size(), 2U);
   EXPECT_FALSE(accion(u"ReponP"_s)->isEnabled());
+}
+
+// Escape in a menu gives the keyboard back to the queue; what a later key takes is what is seen to
+// be chosen, and so it is after it has come back.
+TEST_F(Gestcomm, ElMenuDevuelveElTeclado) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->CambioAModo(false);
+  for (const int clase : {17, 18, 19}) encolar(1, clase);
+  pasar(150);
+  ASSERT_EQ(cola()->filas(), 3);
+  cola()->irA(1);
+  cola()->vista()->setFocus();
+  QTest::keyClick(v, Qt::Key_T, Qt::AltModifier);
+  ASSERT_TRUE(QApplication::activePopupWidget());
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+  EXPECT_TRUE(v->isVisible());
+  v->activateWindow();  // on a desktop a menu doesn't take its place
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_EQ(v->focusWidget(), cola()->vista());
+  QTest::keyClick(v->focusWidget(), Qt::Key_Delete);
+  pasar(150);
+  EXPECT_EQ(celda(0, u"Tarea") + celda(1, u"Tarea"), u"001003");
+  EXPECT_EQ(cola()->filasElegidas(), std::vector{cola()->filaActual()});
+  cola()->irA(0);
+  QTest::keyClick(v->focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+  pasar(150);
+  ASSERT_EQ(cola()->filas(), 3);
+  EXPECT_EQ(celda(cola()->filaActual(), u"Tarea"), u"002");
+  EXPECT_EQ(cola()->filasElegidas(), std::vector{cola()->filaActual()});
+}
+
+// A command that can't act says why, by its key and by its button.
+TEST_F(Gestcomm, LaOrdenQueNoSePuedeDicePorQue) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"No hay nada en la cola.")) << "not that of its mode";
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxGrTot);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 1 && celda(0, u"Estado") == u"Terminado"; }));
+  pasar(150);
+  auto* barra = v->findChild<QToolBar*>(u"barra"_s);
+  QTest::mouseClick(barra->widgetForAction(accion(u"RunP"_s)), Qt::LeftButton);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);
+  QTest::keyClick(v, Qt::Key_F8);
+  EXPECT_EQ(v->tira().texto(), u"La tarea está «Terminado»: así no se le puede hacer eso.")
+      << "it is only still displayed";
+  fallo(2, {.averia = Averia::Sorda});
+  gestor->CambioAModo(true);
+  gestor->NuevaTarea(2, true, 0, 9999999, TipoTarea::RxGrTot);
+  ASSERT_TRUE(hasta([&] {
+    return cola()->filas() == 2 && celda(1, u"Estado") == u"Interrumpido por algún problema";
+  }));
+  gestor->CambioAModo(false);
+  pasar(150);
+  QTest::keyClick(cola()->vista(), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_EQ(v->tira().texto(),
+            u"Hecho con 1 tarea. A 1 de las elegidas no se le puede hacer eso tal como está.");
 }
 
 }  // namespace tarvo::prueba

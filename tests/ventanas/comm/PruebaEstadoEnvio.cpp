@@ -42,6 +42,11 @@ TEST_F(VentanaEstado, SeEnviaSoloLoElegido) {
   EXPECT_EQ(lista()->texto(3, u"MOTIVO"), u"el precio base tiene más de 6 cifras");
   lista()->irA(1);
   tecla(Qt::Key_F6);
+  const auto dicho = [&] {
+    return escritorio.ventanas().cargada(u"EstadoEnvio"_s)->tira().texto();
+  };
+  EXPECT_EQ(dicho(), u"El envío está en la cola.");
+  ASSERT_TRUE(hasta([&] { return dicho().startsWith(u"El envío ha acabado"); }));
   ASSERT_TRUE(lista(u"0000010 Pendiente,0000030 Pendiente,0000040 Retenido"_s))
       << filasVistas().toStdString();
   EXPECT_EQ(oidas(1).size(), 1);

@@ -454,8 +454,11 @@ TEST(Parrilla, LasFilasVivasCambianSolas) {
   m.poner({fila(4, u"Nueva"), fila(1, u"Zas"), fila(2, u"Acabada")});
   EXPECT_EQ(l.p.texto(2, u"ESTADO"), u"Zas");
   EXPECT_EQ(l.p.clave(l.p.filasElegidas().at(0)), 2);
+  // The row that the keys act on is the highlighted one.
   m.quitar(2);
-  EXPECT_TRUE(l.p.filasElegidas().empty());
+  EXPECT_EQ(l.p.filasElegidas(), std::vector{l.p.filaActual()});
+  l.p.elegir({4});
+  EXPECT_EQ(l.p.filaActual(), m.filaDe(4));
 }
 
 // A filter that leaves few of many rows, and then restores them all: the selection is kept, and the

@@ -178,6 +178,7 @@ TEST(Ventanas, LasTeclasDeLaVentanaSonSuyas) {
 TEST(Ventanas, LosTextosDelJuegoSonLosDelPrograma) {
   Puesto p;
   EXPECT_EQ(QApplication::translate("QLineEdit", "&Copy"), u"&Copiar");
+  EXPECT_EQ(QApplication::translate("QAbstractFileIconProvider", "Folder"), u"Carpeta");
 }
 
 // Ctrl+F moves to the search field of the list with the focus, and from elsewhere to the first one.

@@ -10,6 +10,8 @@ TEST(VentanaRapida, CambiaElPrecioDeTreintaArticulos) {
   EXPECT_EQ(lista->hijos, 1);
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   ASSERT_EQ(grid.filas(), 40) << "without the system articles";
+  EXPECT_EQ(grid.vista()->currentIndex().column(), grid.modelo()->columna(u"PRECIO_00"))
+      << "it begins where something can be changed";
   auto& base = m.campo(v, u"precio00"_s);
   base.setFocus();
   base.selectAll();

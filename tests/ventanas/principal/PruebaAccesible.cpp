@@ -116,7 +116,8 @@ TEST(Accesible, UnaTeclaSinEfectoTieneRespuesta) {
   QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(v->tira().texto(), u"No hay ninguna tarea quitada que devolver.");
   QTest::keyClick(v, Qt::Key_F6);
-  EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
+  EXPECT_TRUE(v->tira().texto().startsWith(u"No hay nada en la cola"))
+      << v->tira().texto().toStdString();
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
   EXPECT_TRUE(v->tira().texto().startsWith(u"En automático")) << v->tira().texto().toStdString();
   QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier | Qt::ShiftModifier);

@@ -142,6 +142,25 @@ TEST(Personal, ElProcesoQueNoSeLeeDiceSuLinea) {
   EXPECT_TRUE(v->tira().texto().contains(u"NADA")) << v->tira().texto().toStdString();
 }
 
+// The only file there is needs no choosing, nor does the only one of its kind that has the focus.
+TEST(Personal, LoUnicoYaEstaElegido) {
+  for (const bool conProcesos : {false, true}) {
+    MesaPrincipal t;
+    t.fichero(u"HORARIO.CRO"_s, "22:00:00;S\xED,S\xED,S\xED,S\xED,S\xED,S\xED,S\xED;NOCHE\r\n");
+    for (const char16_t* p : {u"UNO.AUT", u"DOS.AUT"})
+      if (conProcesos) t.fichero(QString::fromUtf16(p), "N:a\r\n");
+    auto* v = t.principal();
+    enElMenu(0, [](QWidget& d) {
+      QTest::keyClicks(d.findChild<QLineEdit*>(u"Titulo"_s), u"Noche"_s);
+      d.findChild<QListWidget*>(u"Diferidos"_s)->setFocus(Qt::TabFocusReason);
+      QTest::mouseClick(d.findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    });
+    QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
+    ASSERT_EQ(t.personal().size(), 1U) << conProcesos;
+    EXPECT_EQ(t.personal().front().proceso, u"HORARIO");
+  }
+}
+
 // Two entries open a panel, in the order of the list; a delayed program takes over and the main
 // window is closed.
 TEST(Personal, DosAbrenUnPanel) {
@@ -162,6 +181,11 @@ TEST(Personal, DosAbrenUnPanel) {
   QTest::mouseClick(v->findChild<QToolButton*>(u"Personalizado"_s), Qt::LeftButton);
   auto* primera = v->findChild<QToolButton*>(u"Personal0"_s);
   ASSERT_TRUE(primera && primera->isVisible());
+  // A dialog given up there leads back there.
+  enElMenu(1, [](QWidget& d) { QTest::keyClick(&d, Qt::Key_Escape); });
+  menuSobre(*primera);
+  ASSERT_TRUE(QTest::qWaitForWindowActive(v));
+  EXPECT_TRUE(primera->isVisible());
   QTest::mouseClick(primera, Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"Cronos"_s));
   EXPECT_TRUE(

@@ -74,7 +74,7 @@ void CambioLoteVentana::aplicado(const Resultado<Trabajo::Fin>& fin) {
   ui_.txPc->setText({});  // clear() could be undone in the field with Ctrl+Z
   libre();
   const QString bien = t(kTxCambiados, hecho.cambiados);
-  if (hecho.fuera > 0) return decirDuda(t(kTxNoCambiaron, hecho.fuera), bien);
+  if (hecho.fuera > 0) return decirDuda(bien + u' ' + t(kTxNoCambiaron, hecho.fuera));
   decirBien(bien);
 }
 
@@ -169,7 +169,7 @@ void CambioLoteVentana::vuelto(const Resultado<Trabajo::Fin>& fin,
 
 void CambioLoteVentana::decirVuelta(const QString& dicho) {
   const auto fuera = static_cast<int>(vuelta_->hecho().fuera.size());
-  if (fuera > 0) return decirDuda(t(kTxNoRepuestos, fuera), dicho);
+  if (fuera > 0) return decirDuda(dicho + u' ' + t(kTxNoRepuestos, fuera));
   decirBien(dicho);
 }
 

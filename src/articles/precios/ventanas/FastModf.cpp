@@ -87,6 +87,7 @@ Resultado<> FastModf::entrar(const PuertaFastModf& puerta) {
   if (puerta.seccion > 0) elegir(*ui_.dbS, puerta.seccion);
   TARVO_INTENTAR(abrirLista());
   irAlDeLaLista();
+  ui_.Grd->irALoEditable();
   ui_.Grd->setFocus();
   return {};
 }

@@ -42,8 +42,6 @@ void gestcommVentana::conectarOrdenes() {
   ui_.btEstado->setDefaultAction(ui_.BotonEstado);
   ui_.s_espe->ponerAcciones({ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.TodoP,
                              ui_.ReponP, ui_.BotonTramas, ui_.BotonEstado});
-  for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn})
-    a->setProperty(kPorQueNo, t(kTxModoAutomatico));
   ui_.TodoP->setProperty(kPorQueNo, t(kTxNadaQueReintentar));
   ui_.ReponP->setProperty(kPorQueNo, t(kTxNadaQueReponer));
   const auto al = [this](QAction* a, const auto& hacer) { alDar(a, hacer); };
@@ -81,12 +79,12 @@ void gestcommVentana::conectarOrdenes() {
 int gestcommVentana::tareaElegida() {
   const int fila = ui_.s_espe->filaActual();
   if (fila >= 0) return static_cast<int>(ui_.s_espe->clave(fila));
-  decirPista(t(kTxSinSeleccion));
+  decirPista(t(ui_.s_espe->filas() == 0 ? kTxColaVacia : kTxSinSeleccion));
   return 0;
 }
 
 // Those of the selected rows, or else of the current one. If that is the only one and out of sight,
-// only scrolls to it, so that no command goes to an invisible task.
+// only scrolls to it and says so, so that no command goes to an invisible task.
 std::vector<int> gestcommVentana::tareasElegidas() {
   if (tareaElegida() == 0) return {};
   const auto filas = ui_.s_espe->filasParaActuar();
@@ -94,6 +92,7 @@ std::vector<int> gestcommVentana::tareasElegidas() {
   const QRect unica = vista->visualRect(vista->currentIndex().siblingAtRow(filas.front()));
   if (filas.size() == 1 && !vista->viewport()->rect().intersects(unica)) {
     ui_.s_espe->irA(filas.front());
+    decirPista(t(kTxNoSeVeia));
     return {};
   }
   std::vector<int> ids;
@@ -108,7 +107,8 @@ void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*ord
   std::vector<int> quitadas;
   for (const int id : ids) {
     const auto tarea = s_.motor.tarea(id);
-    if (tarea && !estados.contains(tarea->Estado)) fuera.push_back(tarea->Estado);
+    const int estado = tarea ? tarea->Estado : int{motor::kTerminado};  // that is still displayed
+    if (!estados.contains(estado)) fuera.push_back(estado);
     (s_.motor.*orden)(id);
     if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) continue;
     // A task that had ended was only still displayed.
@@ -125,6 +125,8 @@ void gestcommVentana::decirOrden(int cuantas, const std::vector<int>& fuera,
   if (!quitadas.empty())
     dicho << (quitadas.size() == 1 ? t(kTxTareaQuitada).arg(Ceros(quitadas.front(), 3))
                                    : t(kTxTareasQuitadas).arg(quitadas.size()));
+  const int hechas = cuantas - static_cast<int>(fuera.size());
+  if (!fuera.empty() && hechas > 0 && quitadas.empty()) dicho << Plural(t(kTxOrdenDada), hechas);
   if (!fuera.empty())
     dicho << (cuantas == 1
                   ? t(kTxNoSePuede).arg(motor::TextoEstado(fuera.front(), contexto().textos))

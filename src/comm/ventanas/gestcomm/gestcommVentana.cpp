@@ -231,8 +231,11 @@ void gestcommVentana::ponerOrdenes() {
 // In manual mode the selected task is highlighted in green.
 void gestcommVentana::ponerModo() {
   const bool automatico = s_.motor.ModoAutomatico();
-  for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP})
+  const int porQueNo = ui_.s_espe->filas() == 0 ? kTxColaVacia : kTxModoAutomatico;
+  for (QAction* a : {ui_.RunP, ui_.PauseP, ui_.StopP, ui_.TrashP, ui_.Diagn, ui_.AutoP}) {
     a->setEnabled(!automatico);
+    a->setProperty(kPorQueNo, t(porQueNo));
+  }
   ui_.ManuP->setEnabled(automatico && !s_.motor.ModoFijado());
   ui_.AutoP->setProperty(kPorQueNo, t(kTxModoAutomatico));
   ui_.ManuP->setProperty(kPorQueNo, t(automatico ? kTxModoFijado : kTxModoManual));

@@ -2,9 +2,11 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QGroupBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -45,6 +47,28 @@ void ponerLetra(W& control, QSet<QChar>& usadas) {
   if (letraDe(texto).isNull() && !texto.contains(u'<') && !deUnCalendario(&control))
     control.setText(conLetra(texto, usadas));
 }
+
+// Escape in a menu of a bar ends with the menu: the bar itself would keep the keyboard, and the
+// next key would act on a list that isn't seen to have it.
+class SalidaDeMenu final : public QObject {
+ public:
+  SalidaDeMenu(QMenu& menu, QMenuBar& barra) : QObject(&menu), menu_(menu), barra_(barra) {
+    menu.installEventFilter(this);
+  }
+  bool eventFilter(QObject*, QEvent* evento) override {
+    if (evento->type() != QEvent::KeyPress ||
+        static_cast<QKeyEvent*>(evento)->key() != Qt::Key_Escape)
+      return false;
+    menu_.close();
+    QKeyEvent otra(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&barra_, &otra);
+    return true;
+  }
+
+ private:
+  QMenu& menu_;
+  QMenuBar& barra_;
+};
 
 // The captions of fields, the boxes and the buttons that have none.
 void ponerLetras(QWidget& cuerpo, QSet<QChar>& usadas) {
@@ -135,6 +159,9 @@ void ponerAlAlcance(QWidget& cuerpo) {
     barra->setFocusPolicy(suya);
   }
   ponerLetras(cuerpo, usadas);
+  for (QMenuBar* barra : cuerpo.findChildren<QMenuBar*>())
+    for (const QAction* a : barra->actions())
+      if (a->menu()) new SalidaDeMenu(*a->menu(), *barra);
 }
 
 }  // namespace tarvo::ventanas

@@ -15,6 +15,7 @@ namespace tarvo::ventanas {
 // used by any other control there: the letter marked with "&" in the action's text if it is free,
 // else the first free one of the text. Then the captions of fields, the check boxes and the buttons
 // without a letter get the first free one of theirs. A control for which none is free gets none.
+// Escape in a menu of a menu bar gives the keyboard back to the control that had it.
 void ponerAlAlcance(QWidget& cuerpo);
 
 // Makes a button follow an action that already has one in a tool bar, except for the letter, which

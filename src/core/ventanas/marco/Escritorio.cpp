@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 
+#include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/Accesible.h"
 
 namespace tarvo::ventanas {
@@ -37,9 +38,17 @@ QString juegoDe(Idioma idioma) {
 
 }  // namespace
 
+QString Faltas::translate(const char* contexto, const char* texto, const char*, int) const {
+  if (qstrcmp(contexto, "QAbstractFileIconProvider") != 0) return {};
+  if (qstrcmp(texto, "Folder") == 0) return t_(kTxCarpeta);
+  if (qstrcmp(texto, "Drive") == 0) return t_(kTxDisco);
+  return {};
+}
+
 Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, const Textos& textos,
                        Reloj& reloj, std::optional<Cara> cara, const QString& rutaRecuerdos)
-    : nombres_(db),
+    : faltas_(textos),
+      nombres_(db),
       recuerdos_(rutaRecuerdos),
       tema_(app, cara ? cara : leerCara(recuerdos_.leer(u"Tema"_s, u"cara"_s))),
       contexto_{Base(db), nombres_, ajustes, textos, reloj, ventanas_, recuerdos_, tema_, hilos_},
@@ -50,6 +59,7 @@ Escritorio::Escritorio(QApplication& app, dao::Database& db, Ajustes& ajustes, c
   // In the program's language, not the desktop's.
   if (delJuego_.load(juegoDe(ajustes.idioma), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&delJuego_);
+  QApplication::installTranslator(&faltas_);
 }
 
 Escritorio::~Escritorio() {

@@ -14,6 +14,18 @@
 
 namespace tarvo::ventanas {
 
+// Words of the toolkit that its own translation lacks.
+class Faltas final : public QTranslator {
+ public:
+  explicit Faltas(const Textos& textos) : t_(textos) {}
+  QString translate(const char* contexto, const char* texto, const char* aclaracion,
+                    int n) const override;
+  bool isEmpty() const override { return false; }
+
+ private:
+  const Textos& t_;
+};
+
 class Escritorio {
  public:
   // `cara`: for this run; if empty, the theme named in VENTANAS.INI, else the desktop's.
@@ -29,7 +41,8 @@ class Escritorio {
 
  private:
   QTranslator delJuego_;  // the toolkit's own texts: menus of fields, the file dialog
-  QThreadPool hilos_;     // outlives all that query it; its destructor waits for its threads
+  Faltas faltas_;
+  QThreadPool hilos_;  // outlives all that query it; its destructor waits for its threads
   Nombres nombres_;
   Recuerdos recuerdos_;
   Tema tema_;

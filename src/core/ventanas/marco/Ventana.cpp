@@ -48,6 +48,25 @@ QByteArray deTexto(const QString& texto) {
   return QByteArray::fromBase64(texto.toLatin1());
 }
 
+// Hears the clicks on the disabled buttons of tool bars, which would go nowhere.
+class ClicsEnVano final : public QObject {
+ public:
+  ClicsEnVano(Ventana& v, QWidget& cuerpo, std::function<void(const QAction&)> decir)
+      : QObject(&v), decir_(std::move(decir)) {
+    for (QToolButton* b : cuerpo.findChildren<QToolButton*>())
+      if (b->defaultAction()) b->installEventFilter(this);
+  }
+
+ private:
+  bool eventFilter(QObject* objeto, QEvent* evento) override {
+    const auto* b = static_cast<QToolButton*>(objeto);
+    const bool clic = evento->type() == QEvent::MouseButtonPress && !b->isEnabled();
+    if (clic && b->defaultAction()) decir_(*b->defaultAction());
+    return false;
+  }
+  std::function<void(const QAction&)> decir_;
+};
+
 }  // namespace
 
 Ventana::Ventana(Contexto& contexto, const QString& nombre)
@@ -101,6 +120,10 @@ void Ventana::resuelto() {
   if (tira_->estado() == Estado::Mal && tira_->texto() == pendiente_) tira_->quitar();
 }
 
+void Ventana::acierto() {
+  if (tira_->estado() == Estado::Mal) tira_->quitar();
+}
+
 void Ventana::acoger(Buscable& lista) {
   if (std::ranges::find(listas_, &lista) != listas_.end()) return;
   listas_.push_back(&lista);
@@ -130,9 +153,12 @@ void Ventana::unir(QAction* accion, const QString& dibujo, const QKeySequence& t
 void Ventana::alDar(QAction* accion, const std::function<void()>& hacer) {
   connect(accion, &QAction::triggered, this, [this, hacer] {
     const int antes = tira_->veces();
+    const qint64 cambios = c_.base.cambios();
     const QPointer<Ventana> yo(this);
     hacer();
-    if (yo && pista_ == antes && tira_->veces() == antes) tira_->quitar();
+    if (!yo || tira_->veces() != antes) return;
+    if (pista_ == antes) tira_->quitar();
+    if (c_.base.cambios() != cambios) acierto();
   });
 }
 
@@ -181,6 +207,7 @@ void Ventana::mostrarSobre(QWidget* dueno) {
   if (primera) {
     ponerAlAlcance(*cuerpo_);
     oirRechazos();
+    new ClicsEnVano(*this, *cuerpo_, [this](const QAction& a) { decirPorQueNo(a); });
     if (!conSitio_ || modal_) colocar(dueno_);
   }
   isMinimized() ? showNormal() : show();
@@ -308,17 +335,21 @@ QString Ventana::ahoraNo(const QAction& accion) const {
                    {accion.text().remove(u'&')});
 }
 
-// Answers the key of a disabled command: with its own reason if it has one. A failure on the strip
-// isn't covered by it.
+// Answers a disabled command: with its own reason if it has one. A failure on the strip isn't
+// covered by it.
+void Ventana::decirPorQueNo(const QAction& accion) {
+  const QString suyo = accion.property(kPorQueNo).toString();
+  if (tira_->estado() == Estado::Mal)
+    QApplication::beep();
+  else
+    decirPista(suyo.isEmpty() ? ahoraNo(accion) : suyo);
+}
+
 bool Ventana::decirPorQueNo(const QKeyEvent& evento) {
   const QKeySequence tecla(evento.keyCombination());
   for (const QAction* a : findChildren<QAction*>()) {
     if (a->isEnabled() || !a->isVisible() || !a->shortcuts().contains(tecla)) continue;
-    const QString suyo = a->property(kPorQueNo).toString();
-    if (tira_->estado() == Estado::Mal)
-      QApplication::beep();
-    else
-      decirPista(suyo.isEmpty() ? ahoraNo(*a) : suyo);
+    decirPorQueNo(*a);
     return true;
   }
   return false;

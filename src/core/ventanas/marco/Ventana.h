@@ -90,6 +90,9 @@ class Ventana : public QWidget {
   // Shows a refusal until it is settled: a text that a cell of a list didn't accept.
   void decirPendiente(const Error& error);
   void resuelto();
+  // Something has been changed without a word: an earlier failure no longer is the last thing to
+  // know. A command given through alDar that changes the store does this by itself.
+  void acierto();
   // Adds a list of this window to those searched by Ctrl+F, for the lifetime of the list.
   void acoger(Buscable& lista);
   // The strip for work in slices, hidden while there is none.
@@ -142,6 +145,7 @@ class Ventana : public QWidget {
   void pulsarBoton(QKeyEvent& evento);
   void entrarEnFicha(QTabBar& barra);
   QString ahoraNo(const QAction& accion) const;
+  void decirPorQueNo(const QAction& accion);
   bool decirPorQueNo(const QKeyEvent& evento);
   void pedirMenu(QWidget& control);
   void pasarFicha(int pasos);

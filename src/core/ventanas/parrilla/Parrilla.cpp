@@ -178,6 +178,12 @@ void Parrilla::elegir(const std::vector<ModeloParrilla::Clave>& claves, bool ana
   vista_->selectionModel()->select(
       seleccion, QItemSelectionModel::Rows |
                      (anadir ? QItemSelectionModel::Select : QItemSelectionModel::ClearAndSelect));
+  // The highlighted row is the one that the keys act on.
+  if (anadir || filas.empty() || std::ranges::find(filas, filaActual()) != filas.end()) return;
+  const int primera = *std::ranges::min_element(filas);
+  const QModelIndex i = modelo()->index(primera, std::max(0, vista_->currentIndex().column()));
+  vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::NoUpdate);
+  vista_->scrollTo(i);
 }
 
 void Parrilla::limpiarSeleccion() {

@@ -70,6 +70,8 @@ class Parrilla final : public QWidget, private Buscable {
   QString texto(int fila, QStringView campo) const;     // as shown
   int filaDe(ModeloParrilla::Clave clave) const;        // -1 if none; reads on to find it
   void irA(int fila);                                   // makes it current and scrolls to it
+  // Selects those rows; the first of them becomes the current one, unless that is among them or
+  // they are added to the selection.
   void elegir(const std::vector<ModeloParrilla::Clave>& claves, bool anadir = false);
   void limpiarSeleccion();
   void ponerUnaSola(bool unaSola);  // at most one row
@@ -85,6 +87,8 @@ class Parrilla final : public QWidget, private Buscable {
   // written back.
   using TodoONada = std::function<Resultado<>(const std::function<Resultado<>()>& hacer)>;
   void ponerTodoONada(TodoONada como);
+  // Moves along the current row to its first editable cell, if it has one.
+  void irALoEditable();
   // Opens the current cell, or the first editable one of its row. False if there is none.
   bool editarCelda();
   bool editando() const;

@@ -2,6 +2,7 @@
 // refused texts.
 #include <QApplication>
 #include <QClipboard>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <ranges>
 #include <utility>
@@ -37,6 +38,15 @@ bool Parrilla::editarCelda() {
   for (const int columna : d->columnasVistas())
     if (actual.isValid() && d->editar(actual.siblingAtColumn(columna))) return true;
   return false;
+}
+
+void Parrilla::irALoEditable() {
+  const QModelIndex actual = vista_->currentIndex();
+  for (const int columna : d->columnasVistas()) {
+    const QModelIndex celda = actual.siblingAtColumn(columna);
+    if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) continue;
+    return vista_->selectionModel()->setCurrentIndex(celda, QItemSelectionModel::NoUpdate);
+  }
 }
 
 bool Parrilla::editando() const {

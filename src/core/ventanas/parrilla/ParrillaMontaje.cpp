@@ -114,7 +114,7 @@ void Parrilla::Interior::montar() {
   centro->addStretch();
   vacia->hide();
 
-  rotulo = new QLabel(v);
+  rotulo = new QLabel(&yo);
   rotulo->setObjectName(u"tecleado"_s);
   rotulo->setTextFormat(Qt::PlainText);
   rotulo->hide();
@@ -210,6 +210,8 @@ void Parrilla::Interior::presentarse() {
   v->acoger(yo);
   connect(&yo, &Parrilla::fallo, v, &Ventana::decirPendiente);
   connect(&yo, &Parrilla::resuelto, v, &Ventana::resuelto);
+  connect(&yo, &Parrilla::editada, v, &Ventana::acierto);
+  connect(&yo, &Parrilla::variasEscritas, v, &Ventana::acierto);
   connect(&yo, &Parrilla::pista, v, [v](const QString& texto) {
     if (texto.isEmpty()) return v->quitarPista();
     if (v->tira().estado() != Estado::Mal) v->decirPista(texto);
@@ -227,6 +229,12 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
+  // The neighbour of a removed row is highlighted as it becomes the current one.
+  connect(m, &QAbstractItemModel::rowsRemoved, &yo, [this] {
+    auto* s = yo.vista_->selectionModel();
+    if (s->currentIndex().isValid() && !s->hasSelection())
+      s->select(s->currentIndex(), QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  });
   connect(m, &ModeloParrilla::celdaEscrita, &yo, &Parrilla::celdaEscrita);
   connect(m, &ModeloParrilla::editada, &yo, [this](const QModelIndex& celda) {
     resolver();

@@ -135,10 +135,16 @@ void Parrilla::Interior::rotular(const QString& texto) {
   ocultarRotulo->unaVez(kRotuloMs);
 }
 
-// At the foot of the rows, over them. Not inside the viewport, which moves its children along when
-// it scrolls.
+// Over the foot, which is below the rows; without one at the end of the rows, over them. Not inside
+// the viewport, which moves its children along when it scrolls.
 void Parrilla::Interior::colocarRotulo() {
-  const QRect sitio = yo.vista_->viewport()->geometry().marginsRemoved(
+  if (conPie) {
+    const QSize suyo = rotulo->sizeHint().boundedTo(yo.size());
+    return rotulo->setGeometry(
+        QRect(QPoint(yo.width(), yo.height()) - QPoint(suyo.width(), suyo.height()), suyo));
+  }
+  const QRect filas = yo.vista_->viewport()->geometry().translated(yo.vista_->pos());
+  const QRect sitio = filas.marginsRemoved(
       QMargins(escalar(kPaso), escalar(kPaso), escalar(kPaso), escalar(kPaso)));
   const QSize suyo = rotulo->sizeHint().boundedTo(sitio.size());
   rotulo->setGeometry(QRect(sitio.bottomLeft() - QPoint(0, suyo.height()), suyo));
