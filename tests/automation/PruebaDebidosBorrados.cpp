@@ -12,10 +12,10 @@ namespace tarvo::automation {
 namespace {
 
 // A shop with two periods; of the first one something may be owed.
-class DebidosTest : public ConProceso {
+class ConDebidos : public ConProceso {
  protected:
   using Que = Pendientes::Debido::Que;
-  DebidosTest() {
+  ConDebidos() {
     for (const int i : {0, 1})
       p_->periodo({.link = 7 + i,
                    .tipo = 5,
@@ -52,7 +52,7 @@ class DebidosTest : public ConProceso {
 
 const QString kTodos = u"P:SELECCIONAR,5,01/01/2000,01/01/2100\r\n"_s;
 
-TEST_F(DebidosTest, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
+TEST_F(ConDebidos, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
   static constexpr struct {
     Que que;
     const char16_t* dicho;
@@ -79,7 +79,7 @@ TEST_F(DebidosTest, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
 }
 
 // A night between the deletion and its undoing forgets nothing, until the period is gone for good.
-TEST_F(DebidosTest, LoDebidoVuelveConElPeriodo) {
+TEST_F(ConDebidos, LoDebidoVuelveConElPeriodo) {
   for (const Que que : {Que::Exportar, Que::Acumular, Que::Descontar}) deber(que);
   totals::XporTot xporTot(periodos_);
   ASSERT_TRUE(xporTot.entregados().anotar(7, u"OTRO.EXP"_s));
@@ -115,7 +115,7 @@ TEST_F(DebidosTest, LoDebidoVuelveConElPeriodo) {
 }
 
 // The block and what it pays are one: neither is there without the other.
-TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
+TEST_F(ConDebidos, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
   totals::XporTot xporTot(periodos_);
   for (const bool borrar : {false, true}) {
     deber(Que::Exportar);
@@ -138,7 +138,7 @@ TEST_F(DebidosTest, LoQueExportaUnaPersonaCuentaYPagaALaVez) {
 }
 
 // Owed for the same reason, that is told once; owed it is each night.
-TEST_F(DebidosTest, ElMotivoDeLoQueSeDebeSeDiceUnaVez) {
+TEST_F(ConDebidos, ElMotivoDeLoQueSeDebeSeDiceUnaVez) {
   p_->sql(u"UPDATE TOTPLU SET CON=10000000 WHERE LINK=7"_s);
   const auto noche = [&](bool elegido) {
     const auto lineas =
@@ -164,7 +164,7 @@ TEST_F(DebidosTest, ElMotivoDeLoQueSeDebeSeDiceUnaVez) {
 }
 
 // One that can't be done holds the others back for one night.
-TEST_F(DebidosTest, UnoMaloNoRetieneALosDemas) {
+TEST_F(ConDebidos, UnoMaloNoRetieneALosDemas) {
   p_->sql(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=2"_s);
   EXPECT_EQ(hacer(kTodos + u"P:STOCK\r\n"_s).filter(u"Queda pendiente"_s).size(), 2);
   EXPECT_EQ(p_->uno(u"SELECT sum(stkADO) FROM COLUMNA"_s).entero(), 0);

@@ -104,7 +104,7 @@ TEST_F(ConDudas, UnaCuentaQueBajaNoPruebaNada) {
 }
 
 // With few articles sold once a day looks like the one before, and two returns like a zeroing.
-TEST_F(DudasTest, PocasCuentasNoPruebanNada) {
+TEST_F(ConDudas, PocasCuentasNoPruebanNada) {
   struct Caso {
     const char* que;
     bool orden, obedecida;
