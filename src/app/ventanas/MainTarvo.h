@@ -74,6 +74,7 @@ class MainTarvo final : public ventanas::Ventana {
   bool suspendiendo_ = false;
   qint64 hijaIda_ = -1;       // when another window was last closed, on the monotonic clock
   bool escapeAjeno_ = false;  // the next Escape may be meant for a window that has closed by itself
+  bool enPersonal_ = false;   // the pop-up menu or the dialog of an own entry is open
   bool preguntaba_ = false;   // when it ceased to be active, a question or dialog of its own began
   QPointer<QWidget> ultimaEntrada_;
 };
