@@ -243,7 +243,7 @@ void MainTarvo::changeEvent(QEvent* evento) {
   if (evento->type() != QEvent::ActivationChange) return;
   if (isActiveWindow()) {
     // Back from a question or a dialog of its own: the panel is where it was asked for.
-    if (!std::exchange(preguntaba_, false)) mostrarPanel(kPrincipal);
+    if (!enPersonal_ && !std::exchange(preguntaba_, false)) mostrarPanel(kPrincipal);
     // The obstacle to closing has ended meanwhile.
     if (tira().texto() == t(kTxSinCerrar) && app_.gestcomm().puedeCerrar()) tira().quitar();
     if (ultimaEntrada_ && ultimaEntrada_->isVisible()) ultimaEntrada_->setFocus();

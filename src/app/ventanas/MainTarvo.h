@@ -76,6 +76,7 @@ class MainTarvo final : public ventanas::Ventana {
   qint64 hijaIda_ =
       -1;  // when another window, a box or a menu was last closed, on the monotonic clock
   bool escapeAjeno_ = false;  // the next Escape may be meant for a window that has closed by itself
+  bool enPersonal_ = false;   // the pop-up menu or the dialog of an own entry is open
   bool preguntaba_ = false;   // when it ceased to be active, a question or dialog of its own began
   QPointer<QWidget> ultimaEntrada_;
 };

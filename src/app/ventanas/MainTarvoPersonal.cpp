@@ -1,6 +1,7 @@
 // The user's own entries: processes with titles of their own.
 #include <QFile>
 #include <QMenu>
+#include <QScopedValueRollback>
 #include <QToolButton>
 
 #include "app/AjustesPersonal.h"
@@ -120,6 +121,7 @@ void MainTarvo::menuPersonal(QWidget* sobre, const QPoint& donde, std::optional<
   const auto cuantos = contexto().ajustes.de<AjustesPersonal>().personal.size();
   if (!cual && cuantos == 1) cual = 0;
   const ventanas::Retenida mientras(this);
+  const QScopedValueRollback dentro(enPersonal_, true);
   QMenu menu(this);
   menu.setObjectName(u"MenuPersonal"_s);
   connect(menu.addAction(t(kTxAnadirElemento)), &QAction::triggered, this,
@@ -147,7 +149,10 @@ void MainTarvo::anadirAccion(QMenu& menu, int texto, const std::function<void(si
 }
 
 void MainTarvo::editarPersonal(std::optional<size_t> cual) {
-  const bool aceptado = preguntar(PuertaElemPerso{cual});
+  const bool aceptado = [&] {
+    const QScopedValueRollback dentro(enPersonal_, true);
+    return preguntar(PuertaElemPerso{cual});
+  }();
   if (aceptado) refrescarPersonal();
 }
 

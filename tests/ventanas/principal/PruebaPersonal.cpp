@@ -151,6 +151,7 @@ TEST(Personal, LoUnicoYaEstaElegido) {
       if (conProcesos) t.fichero(QString::fromUtf16(p), "N:a\r\n");
     auto* v = t.principal();
     enElMenu(0, [](QWidget& d) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&d));
       QTest::keyClicks(d.findChild<QLineEdit*>(u"Titulo"_s), u"Noche"_s);
       d.findChild<QListWidget*>(u"Diferidos"_s)->setFocus(Qt::TabFocusReason);
       QTest::mouseClick(d.findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
