@@ -110,7 +110,7 @@ TEST_F(ConPeriodos, LosMayoresYElStockSiguenUnCambio) {
 
 // Whoever asks, and with whatever was read before: a period goes into its week and off the stock
 // once, and comes back once.
-TEST_F(PeriodosDe, UnaVezBasta) {
+TEST_F(ConPeriodos, UnaVezBasta) {
   const qint64 dia = crear(1, "05/06/2018"), mano = crear(1, "07/06/2018", nullptr, false);
   plu(dia, 7, 2), plu(mano, 7, 9);
   const Columna comoEra = col(dia);
