@@ -115,7 +115,8 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
     celda->selectAll();
     QTest::keyClicks(celda, valor);
     QTest::keyClick(celda, Qt::Key_Return);
-    EXPECT_EQ(m.leer(u"select DEPTO from PLUSES where CODPLU=3"_s), valor == u"41" ? u"1" : valor);
+    EXPECT_EQ(m.leer(u"select DEPTO from PLUSES where CODPLU=3"_s),
+              valor == u"41" ? u"1"_s : valor);
     EXPECT_EQ(v->tira().texto().contains(u"no tiene el departamento 30"), valor == u"30");
   }
 }
