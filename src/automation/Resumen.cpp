@@ -25,7 +25,6 @@ namespace {
 constexpr double kNoche = 1;  // days: runs begun within them are shown
 // A run that was stopped or cut off isn't another night than one that ended this much before it.
 constexpr double kMismaNoche = 20.0 / 24;
-constexpr size_t kEjecucionesMiradas = 30;  // for the last night
 constexpr int kSemanas = 4;
 constexpr double kHorarioMirado = 7;      // days
 constexpr double kGracia = 1.0 / 24;      // another process may have run first
@@ -83,8 +82,6 @@ Resultado<> LectorResumen::leerEjecuciones() {
   const auto enMarcha = f_.curso ? std::optional(f_.curso->numero) : std::nullopt;
   TARVO_TOMAR(auto ultimas, Historial(f_.db, f_.textos).ejecuciones(enMarcha));
   for (const auto& e : ultimas) ultimas_.try_emplace(e.nombre, e.inicio);  // the latest first
-  if (ultimas.size() > kEjecucionesMiradas)
-    ultimas.erase(ultimas.begin() + kEjecucionesMiradas, ultimas.end());
   TARVO_TOMAR(r_.noche, cualEsLaNoche(ultimas));
   for (size_t i = 0; i < ultimas.size(); ++i)
     if (i <= r_.noche || f_.ahora - ultimas[i].inicio < kNoche)

@@ -220,7 +220,7 @@ constexpr DeClave kClaves[] = {
     {u"CalculoPrecios", u"Sí|5|No|9", u"Sí"},
     {u"CalculoPrecios", u"No|7", u"Sí|5|Sí"},
     {u"CalculoPrecios", u"No|7", u"Sí|5|Sí|999999"},
-    {u"CalculoPrecios", u"Sí|999999|Sí|-7", u"Sí|-5"},
+    {u"CalculoPrecios", u"Sí|32767|Sí|-7", u"Sí|-5"},
     {u"Puerto", u"7", u"17"},
     {u"Device", u"2", u"4"},
     {u"RS232", u"19200,N,8,2", u"12345,O,7,1"},

@@ -78,6 +78,7 @@ struct MesaDePrecios : Mesa {
     QLineEdit& c = campo(v, nombre);
     c.setFocus();
     c.selectAll();
+    if (texto.isEmpty()) QTest::keyClick(&c, Qt::Key_Delete);
     QTest::keyClicks(&c, texto);
   }
   static QString texto(QWidget* v, const QString& nombre) {

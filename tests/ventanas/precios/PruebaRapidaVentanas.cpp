@@ -107,8 +107,8 @@ TEST(VentanaRapida, LasColumnasQueSeElijen) {
   auto& grid = *v->findChild<ventanas::Parrilla*>(u"Grd"_s);
   EXPECT_TRUE(grid.vista()->isColumnHidden(grid.modelo()->columna(u"PRECIO_00")));
   grid.vista()->setFocus();
-  grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"DEPTO")));
   for (const QString& valor : {u"41"_s, u"30"_s, u"2"_s}) {
+    grid.vista()->setCurrentIndex(grid.modelo()->index(0, grid.modelo()->columna(u"DEPTO")));
     ASSERT_TRUE(grid.editarCelda());
     auto* celda = qobject_cast<QLineEdit*>(m.foco());
     ASSERT_NE(celda, nullptr);

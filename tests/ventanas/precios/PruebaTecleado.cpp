@@ -68,7 +68,7 @@ TEST(VentanaCalculo, LaDudaDeUnPrecioSeDiceTambienAlPasar) {
   auto* v = m.abrir(u"CalcPre"_s);
   MesaDePrecios::escribir(v, u"VentaN"_s, u"30"_s);
   m.pulsar(Qt::Key_PageDown);
-  EXPECT_EQ(m.precio(3), u"3000");
+  EXPECT_EQ(m.precio(3), u"3300");
   EXPECT_NE(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
   EXPECT_TRUE(v->tira().texto().startsWith(u"Artículo 3: El precio"))
       << v->tira().texto().toStdString();

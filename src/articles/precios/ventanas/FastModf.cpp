@@ -10,6 +10,7 @@
 #include "articles/precios/ventanas/CfgFastPlu.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::precios {
@@ -197,8 +198,9 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
 // As in the list: any within the limits is taken.
 void FastModf::avisarDepartamento(int seccion, int departamento) {
   const auto hay = contexto().nombres.departamento(seccion, departamento);
-  if (haIdoBien(hay) && !*hay)
-    decirDuda(contexto().textos(articles::kTxSinEseDepartamento).arg(departamento));
+  if (!haIdoBien(hay)) return;
+  if (!*hay) return decirDuda(contexto().textos(articles::kTxSinEseDepartamento).arg(departamento));
+  if (tira().estado() == ventanas::Estado::Duda) tira().quitar();
 }
 
 Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
