@@ -18,20 +18,29 @@ inline const QString kProcesoNoche = QStringLiteral(
     "T:TX_ZERO,ALL\r\nC:ESPERA,1,No\r\nP:LIMPIAR\r\nP:SEL. ULTIMO\r\nP:ACUMULAR,2\r\n"
     "P:SEL. ULTIMO\r\nP:STOCK\r\nP:SEL. ULTIMO\r\nE:TOTALIZA,No,No,NOCHE\r\nS:ABRIR\r\n");
 
-// The body of a scale's answer, for one that has sold the same of each of `articulos`. It reads
-// only the necessary part of a frame: STX, two digits of the frame, one of the station, two of the
-// address, three of the code, data.
-inline QByteArray cuerpoBalanza(QByteArrayView trama, int articulos) {
-  const QByteArrayView codigo = trama.sliced(6, 3);
-  const QByteArray cabeza = "01" + codigo.toByteArray();
-  if (codigo == "830")
-    return cabeza + trama.sliced(9, 7).toByteArray() + "000000250000001000" + "00001" +
-           QByteArray(20, '0');
-  if (codigo == "850")
-    return cabeza + maquinas::Ceros(250 * articulos, 9) + maquinas::Ceros(1000 * articulos, 9) +
-           "00000" + maquinas::Ceros(articulos, 5);
-  return cabeza;
-}
+// A scale that has sold the same of each of `articulos` until it is told to forget, seen by one
+// link. It reads only the necessary part of a frame: STX, two digits of the frame, one of the
+// station, two of the address, three of the code, data.
+class Ventas {
+ public:
+  explicit Ventas(int articulos) : articulos_(articulos) {}
+  // The body of its answer.
+  QByteArray responder(QByteArrayView trama) {
+    const QByteArrayView codigo = trama.sliced(6, 3);
+    const QByteArray cabeza = "01" + codigo.toByteArray();
+    if (codigo == "910" || codigo == "915") articulos_ = 0;
+    if (codigo == "830")
+      return cabeza + trama.sliced(9, 7).toByteArray() + "000000250000001000" + "00001" +
+             QByteArray(20, '0');
+    if (codigo == "850")
+      return cabeza + maquinas::Ceros(250 * articulos_, 9) + maquinas::Ceros(1000 * articulos_, 9) +
+             "00000" + maquinas::Ceros(articulos_, 5);
+    return cabeza;
+  }
+
+ private:
+  int articulos_;  // with sales
+};
 
 class SinPreguntas final : public automation::Preguntas {
  public:

@@ -23,10 +23,13 @@ class LadoLejano final : public QThread {
  public:
   // The body of the answer to a frame.
   using Responder = std::function<QByteArray(QByteArrayView trama)>;
-  explicit LadoLejano(Responder responder) : responder_(std::move(responder)) {}
+  // Makes one for each connection.
+  explicit LadoLejano(std::function<Responder()> maquina) : maquina_(std::move(maquina)) {}
   // The same answer to every frame, without reading it.
   explicit LadoLejano(QByteArray cuerpo)
-      : LadoLejano([cuerpo = std::move(cuerpo)](QByteArrayView) { return cuerpo; }) {}
+      : LadoLejano([cuerpo = std::move(cuerpo)]() -> Responder {
+          return [cuerpo](QByteArrayView) { return cuerpo; };
+        }) {}
   ~LadoLejano() override {
     quit();
     wait();
@@ -53,16 +56,16 @@ class LadoLejano final : public QThread {
   void atender(QTcpSocket* s) const {
     s->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     auto turno = std::make_shared<int>(0);
-    QObject::connect(s, &QTcpSocket::readyRead, s, [s, turno, this] {
+    QObject::connect(s, &QTcpSocket::readyRead, s, [s, turno, responder = maquina_()] {
       const QByteArray bytes = s->readAll();
       const qsizetype trama = bytes.indexOf(tramas::kSTX);
       if (trama >= 0 && bytes.endsWith(tramas::kETX))
         s->write(tramas::kACK + tramas::construirVEK(
-                                    ++*turno % 2, responder_(QByteArrayView(bytes).sliced(trama))));
+                                    ++*turno % 2, responder(QByteArrayView(bytes).sliced(trama))));
     });
     QObject::connect(s, &QTcpSocket::disconnected, s, &QObject::deleteLater);
   }
-  const Responder responder_;
+  const std::function<Responder()> maquina_;
   std::atomic<quint16> puerto_ = 0;
 };
 

@@ -21,11 +21,12 @@ namespace {
 constexpr int kGrupos = 200, kArticulos = 2000;
 constexpr int kFicheroMiB = 1024;
 
-// Old blocks, to the extent that an export reads them.
+// Old blocks, to the extent that an export reads them: the first byte and a last block.
 void hacerFichero(const QString& ruta, qint64 largo) {
+  const QByteArray ultimo = "\r\n*Viejo\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
   QFile f(ruta);
-  if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.resize(largo - 2) ||
-      !f.seek(largo - 2) || f.write("\r\n") != 2)
+  if (!f.open(QIODevice::WriteOnly) || f.write("*") != 1 || !f.seek(largo - ultimo.size()) ||
+      f.write(ultimo) != ultimo.size())
     morir(f.errorString());
 }
 

@@ -35,7 +35,7 @@ class Balanza final : public enlace::LinkSocket {
   void enviar(const QByteArray& trama) override {
     if (trama.back() != tramas::kETX) return;
     turno_ = (turno_ + 1) % 100;
-    entrada_ = tramas::kACK + tramas::construirVEK(turno_, cuerpoBalanza(trama, kArticulosNoche));
+    entrada_ = tramas::kACK + tramas::construirVEK(turno_, ventas_.responder(trama));
     timer_->unaVez(1);
   }
   void vaciarRecepcion() override { entrada_.clear(); }
@@ -52,6 +52,7 @@ class Balanza final : public enlace::LinkSocket {
   }
 
   std::unique_ptr<Temporizador> timer_;
+  Ventas ventas_{kArticulosNoche};
   Oyente* oyente_ = nullptr;
   QByteArray entrada_;
   int turno_ = 0;

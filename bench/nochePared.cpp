@@ -93,8 +93,11 @@ const AltaMedida kMedidas[] = {
 
 int nochePared(int grupos, int articulos, bool canales) {
   const Bucle bucle;
-  LadoLejano balanzas(
-      [articulos](QByteArrayView trama) { return cuerpoBalanza(trama, articulos); });
+  LadoLejano balanzas([articulos]() -> LadoLejano::Responder {
+    return [ventas = Ventas(articulos)](QByteArrayView trama) mutable {
+      return ventas.responder(trama);
+    };
+  });
   const quint16 puerto = balanzas.arrancar();
   const QTemporaryDir carpeta;
   const auto db = hacerTienda(carpeta.filePath(QStringLiteral("TARVO.MDB")), grupos, articulos);

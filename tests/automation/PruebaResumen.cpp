@@ -355,8 +355,7 @@ TEST(Resumen, LoQueDebiaEjecutarseYNadieEjecuto) {
     int horas;  // since the run
     int otras;  // runs of another process since
     bool falta;
-  } kDespues[] = {{1, 0, false}, {20, 0, false}, {20, 40, false}, {20, 120, false},
-                  {27, 0, true}, {27, 40, true}, {27, 120, true}};
+  } kDespues[] = {{1, 0, false}, {20, 0, false}, {27, 0, true}, {20, 40, false}, {27, 120, true}};
   for (const auto& c : kDespues) {
     TiendaDeProcesos tienda;
     const auto p = tienda.programa();
