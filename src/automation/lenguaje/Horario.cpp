@@ -3,8 +3,8 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {
