@@ -2,8 +2,8 @@
 
 #include <QCryptographicHash>
 
-#include "automation/historia/TextosHistoria.h"
 #include "automation/historia/TablasHistoria.h"
+#include "automation/historia/TextosHistoria.h"
 #include "core/dao/Recorrido.h"
 #include "totals/libros/TablasLibros.h"
 

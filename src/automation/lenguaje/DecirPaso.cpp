@@ -1,6 +1,6 @@
 // A step in words.
-#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Proceso.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/textos/Textos.h"
 #include "totals/periodos/Calendario.h"

@@ -4,8 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "core/ajustes/Ficheros.h"
 
 namespace tarvo::automation {

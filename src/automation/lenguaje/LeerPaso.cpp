@@ -1,8 +1,8 @@
 // Reader of one step line.
 #include <algorithm>
 
-#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "core/textos/Textos.h"
 #include "totals/periodos/Calendario.h"
 

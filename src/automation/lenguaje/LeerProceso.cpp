@@ -1,6 +1,6 @@
 // Reader of files: a process, with or without a timetable of its own, and a timetable.
-#include "automation/lenguaje/TextosLenguaje.h"
 #include "automation/lenguaje/Gramatica.h"
+#include "automation/lenguaje/TextosLenguaje.h"
 #include "core/ajustes/Ficheros.h"
 #include "core/textos/Textos.h"
 
