@@ -9,6 +9,8 @@ namespace tarvo::motor {
 namespace {
 
 constexpr int kEsperar = -1, kNoVale = -2;
+// Each is a socket and a reading held in memory, however many groups there are.
+constexpr size_t kEnlacesALaVez = 100;
 
 }  // namespace
 
@@ -120,6 +122,7 @@ int gestcomm::Interior::elegirCanal(TareaViva& t) {
   };
   if (t.datos.Remoto == TipoAcceso::Directo) return cerrado(directo) ? directo : kEsperar;
   if (t.datos.Remoto == TipoAcceso::Conector) {
+    if (ocupados.size() >= kEnlacesALaVez) return kEsperar;
     const int c = canalConector(t.datos.Telefono);
     return cerrado(c) ? c : kEsperar;
   }
