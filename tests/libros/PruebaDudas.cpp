@@ -122,6 +122,7 @@ TEST_F(ConDudas, PocasCuentasNoPruebanNada) {
        false,
        {{11, 2}, {12, 2}, {13, 2}},
        {{11, -1}, {12, -1}, {13, 1}}},
+      {"vuelven dos de tres piezas", true, false, {{11, 3}}, {{11, -2}}},
   };
   for (const Caso& c : casos) {
     SCOPED_TRACE(c.que);
@@ -136,6 +137,15 @@ TEST_F(ConDudas, PocasCuentasNoPruebanNada) {
     cuadra();
     EXPECT_TRUE(t.ponerACero(1));
   }
+}
+
+// A day of returns alone leaves counts below zero; more of them are no zeroing.
+TEST_F(ConDudas, LasDevolucionesSolasNoSonUnaPuestaACero) {
+  noche({{11, -1}});
+  t.cortar();
+  noche({{11, -2}, {12, -1}});
+  EXPECT_FALSE(preguntado()) << t.textoAvisos().toStdString();
+  cuadra();
 }
 
 // A return that raises the count is still a return.
@@ -187,7 +197,7 @@ TEST_F(ConDudas, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
   EXPECT_EQ(t.responder(1, 0, true).size(), 1U);
   cuadra();
   EXPECT_TRUE(t.ponerACero(1));
-  noche({{11, 5}});
+  noche({{11, 15}});
   EXPECT_TRUE(t.ponerACero(1, true, false));
   vender({{11, 1}});
   t.leer(1);
@@ -198,7 +208,7 @@ TEST_F(ConDudas, UnCeroAntesDeMemorizarNoTapaAlAnterior) {
 
 // Clearing the machine instead of answering loses nothing: its reading stays.
 TEST_F(ConDudas, QuienLaBorraAManoEnPlenaDudaNoPierdeNada) {
-  noche({{11, 5}});
+  noche({{11, 15}});
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({{11, -1}, {12, 1}});
   EXPECT_TRUE(preguntado());

@@ -70,9 +70,14 @@ bool muchasBajas(const Testimonio& f) {
   return f.bajas >= kMuchasBajas && kDeCada * f.bajas >= f.claves;
 }
 
+// A count below zero that sinks further is one of returns.
+bool cayo(const Testimonio& g) {
+  return g.conAntes > 0 && g.conAhora < g.conAntes;
+}
+
 // Fewer than half are left, and the rest is no day's returns.
 bool quedanMenosDeLaMitad(const Testimonio& g) {
-  return 2 * g.conAhora < g.conAntes && g.conAntes - g.conAhora >= kMuchasPiezas;
+  return cayo(g) && 2 * g.conAhora < g.conAntes && g.conAntes - g.conAhora >= kMuchasPiezas;
 }
 
 // Nothing is left.
@@ -124,7 +129,8 @@ Resultado<std::map<int, Testimonio>> testimoniosDe(Database& db, const Releida& 
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(
           conMarcas(
-              u"SELECT b.ADDR, count(*), SUM(COALESCE(n.CON,0)<b.CON), SUM(COALESCE(n.CON,0)=b.CON "
+              u"SELECT b.ADDR, count(*), SUM(b.CON>0 AND COALESCE(n.CON,0)<b.CON), "
+              u"SUM(COALESCE(n.CON,0)=b.CON "
               u"AND COALESCE(n.PES,0)=b.PES AND COALESCE(n.IMP,0)=b.IMP), SUM(b.PES<>0 AND "
               u"n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), SUM(b.CON), SUM(b.IMP), "
               u"SUM(b.CON>0 AND COALESCE(n.CON,0)=0), SUM(b.CON>1 AND n.CON=b.CON AND n.PES=b.PES "
@@ -180,16 +186,16 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   const Testimonio& f = masFino(t);
   const Testimonio& g = granTotalDe(t);
   const bool sinPesos = kPorPesoIgual * f.pesosIguales < kNoEsAzar;
-  if (sospecha && g.conAhora < g.conAntes && sinPesos && puedeSerOtroDia(f)) return Veredicto::Duda;
+  if (sospecha && cayo(g) && sinPesos && puedeSerOtroDia(f)) return Veredicto::Duda;
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
   if (firmes(t))
     return sospecha && puntos(f) + f.variasIguales < kNoEsAzarSinRespuesta ? Veredicto::Duda
                                                                            : Veredicto::Guarda;
-  const bool cayo = g.conAhora < g.conAntes, aMenosDeMedias = 2 * g.conAhora < g.conAntes;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
-  const bool bastan = muchasBajas(f) || (cayo && (f.bajas >= kBajasConTotal || aMenosDeMedias));
+  const bool bastan =
+      muchasBajas(f) || (cayo(g) && (f.bajas >= kBajasConTotal || quedanMenosDeLaMitad(g)));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }
 
