@@ -91,6 +91,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void editarCompleto(bool nuevo);
   void verVentas();
   void calcular();
+  void calculado(const Articulo& antes, const Articulo& ahora);
   void cambiarVarios();
   precios::Celda celdaActual() const;
   Resultado<QString> nombrar(std::span<const ClaveArticulo> claves) const;

@@ -141,7 +141,11 @@ void BrowPLUs::calcular() {
   const ClaveArticulo c = actual();
   if (c.codigo > 0 && c.deSistema()) return decirDuda(t(kTxIntocables));
   if (c.codigo == 0) return;
-  abrir(precios::PuertaCalcPre{c.seccion, c.codigo, celdaActual(), nombre()});
+  abrir(precios::PuertaCalcPre{
+      c.seccion, c.codigo, celdaActual(), nombre(),
+      [lista = QPointer(this)](const Articulo& antes, const Articulo& ahora) {
+        if (lista) lista->calculado(antes, ahora);
+      }});
 }
 
 // Passes the selected rows if there are several; otherwise the articles are chosen in the window

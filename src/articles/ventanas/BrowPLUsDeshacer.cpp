@@ -34,6 +34,12 @@ Resultado<bool> BrowPLUs::conformeConVolver(qint64 lote) {
   return !aviso || MyMsgBox::Decide(this, contexto().textos, *aviso, kPregunta);
 }
 
+// What the calculator stored can be taken back here.
+void BrowPLUs::calculado(const Articulo& antes, const Articulo& ahora) {
+  const QString que = precios_->queCambia(antes.precios, ahora.precios);
+  apuntar(que.isEmpty() ? t(kTxFichaDe).arg(verCodigo(ahora.clave.codigo)) : que, antes, ahora);
+}
+
 // Few articles at once, many in slices.
 Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(const std::shared_ptr<LoteGuardado>& lote,
                                                const QString& que, int numero) {

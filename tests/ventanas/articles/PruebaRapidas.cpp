@@ -118,6 +118,9 @@ TEST(RapidasDesdeLaLista, UnPrecioCalculado) {
   t.salir(u"CalcPre"_s);
   EXPECT_EQ(t.enMano(grid), 20);
   EXPECT_EQ(grid.texto(2, u"PRECIO_00"), u"7,60");
+  QTest::keyClick(t.lista_, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s), u"100")
+      << "taken back in the list";
 }
 
 }  // namespace tarvo::prueba

@@ -16,6 +16,7 @@ using articles::ClaveArticulo;
 
 Resultado<> CalcPreVentana::entrar(const PuertaCalcPre& puerta) {
   lista_.unir(puerta.lista);
+  alGuardar_ = puerta.alGuardar;
   ClaveArticulo clave{puerta.seccion, puerta.codigo};
   if (lista_) clave = {lista_->clave().seccion, lista_->clave().codigo};
   if (clave.codigo == 0) {
@@ -132,6 +133,7 @@ bool CalcPreVentana::guardar() {
   if (nuevo == **ahora) return true;
   if (const QString duda = dudaDePrecios((*ahora)->precios, nuevo.precios); !duda.isEmpty())
     dudaGuardada_ = nuevo.nombre + u": "_s + duda;
+  if (alGuardar_) alGuardar_(**ahora, nuevo);
   articulo_ = nuevo;
   precios_ = nuevo.precios;
   const bool ajeno = std::exchange(moviendo_, true);

@@ -73,6 +73,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   DeLista lista_;
   std::map<QLineEdit*, Hacer> cajas_;
   QString dudaGuardada_;  // of the prices just stored
+  std::function<void(const articles::Articulo&, const articles::Articulo&)> alGuardar_;
   bool seguida_ = false, moviendo_ = false, tocado_ = false;
   bool ajustado_ = false;  // a person has chosen one of its settings
 };

@@ -19,13 +19,15 @@ struct PuertaBrowOfer {
 };
 
 // The calculator, for the current article of the list and the price at `celda`; without the list,
-// starting at the code.
+// starting at the code. `alGuardar`: receives each article that it stores.
 struct PuertaCalcPre {
   static constexpr QStringView kNombre = u"CalcPre";
   int seccion = 1;
   qint64 codigo = 0;
   Celda celda = {};
   QString lista = kListaArticulos;
+  std::function<void(const articles::Articulo& antes, const articles::Articulo& ahora)> alGuardar =
+      {};
 };
 
 // Fast entry, and below, fast change; section 0: the one already shown, or else the first one.

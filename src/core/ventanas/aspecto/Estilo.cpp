@@ -173,6 +173,7 @@ QPushButton { min-height: @boton; padding: 0 @p3; border: 1px solid @borde; bord
   background: @caraboton; color: @texto; }
 QPushButton:hover { background: @seleccion; color: @textosel; }
 QPushButton:pressed { background: @linea; }
+QPushButton:checked { background: @seleccion; color: @textosel; border-color: @acento; }
 QPushButton:default { background: @acento; border-color: @acento; color: @textoacento; }
 QPushButton:disabled { color: @palido; background: @fondo; border-color: @linea; }
 QToolButton { min-height: @boton; padding: 0 @p2; border: 1px solid transparent; border-radius: 4px; }
