@@ -380,6 +380,7 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
       {"04990104", "TOTDEP", "1 4", true}, {"04010304", "TOTDEP", "1 4"},
       {"04010204", "TOTDEP", nullptr},  // ours, in other sections then
       {"04020105", "TOTDEP", nullptr},     {"04020405", "TOTDEP", nullptr},
+      {"04010104", "TOTDEP", "1 4"},  // the same in both layouts
       {"02000002", "TOTGRT", "2 0"},
   };
   for (const Caso& c : casos) {

@@ -294,6 +294,12 @@ TEST_F(ConVerTot, VeLoYaAcumulado) {
   EXPECT_EQ(chequeo(otro, 4), 0);
   EXPECT_EQ(chequeo(dia, 4), 2);
   EXPECT_EQ(chequeo(dia, 2), 0);
+  // Of what a process would count twice, the month that has the day; a span may be another group's.
+  const auto dobles = [&](qint64 link) { return bien(verTot.yaAcumulados({link}, 4)).size(); };
+  EXPECT_EQ(dobles(mes), 1U);
+  EXPECT_EQ(dobles(tramo), 0U);
+  EXPECT_EQ(dobles(otro), 0U);
+  EXPECT_EQ(dobles(dia), 0U);
   // A related one precedes it in the list: it is accumulated nevertheless.
   EXPECT_TRUE(bien(periodos.AcumularPeriodo(4, col(tramo))));
   EXPECT_EQ(chequeo(tramo, 4), 2);

@@ -116,6 +116,9 @@ std::optional<ClaveCorta> claveCortaDe(TipoTotal tipo, QStringView linea,
   if (!leerNumero(linea, {2, 2}, delante) || !leerNumero(linea, ajena.grupo, detras) ||
       delante == 0)  // never a group of ours
     return ClaveCorta{ajena};
+  // A group with the code of its section: a department is in the same place in both.
+  if (tipo == TipoTotal::Departamentos && delante == detras && secciones.contains(delante))
+    return ClaveCorta{ajena};
   const auto grupo = secciones.find(delante);
   const bool deOtro = secciones.contains(detras);
   if (grupo == secciones.end())

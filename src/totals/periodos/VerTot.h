@@ -70,7 +70,8 @@ class VerTot {
   // Sales that discounting these would take off the stock once more: `uno` was summed into `otro`,
   // and the other of the two is off the stock or among them.
   Resultado<std::vector<Solape>> yaEnStock(const std::vector<qint64>& links);
-  // Sales that a larger period would get once more from these, in the same way.
+  // Sales that a larger period would get once more from these, in the same way, or because one of
+  // two is a day of the other.
   Resultado<std::vector<Solape>> yaAcumulados(const std::vector<qint64>& links, int tipo);
   Resultado<Prevision> preverAcumular(const std::vector<qint64>& links, int tipo);
 

@@ -117,12 +117,17 @@ Resultado<std::vector<VerTot::Solape>> VerTot::yaEnStock(const std::vector<qint6
 
 Resultado<std::vector<VerTot::Solape>> VerTot::yaAcumulados(const std::vector<qint64>& links,
                                                             int tipo) {
-  return porDuplicado(
-      links, [tipo](const Columna& c) { return c.acumulado(tipo); },
-      [tipo](const Periodo& a, const Periodo& b) {
-        const auto suyo = Periodos::mayorDe(tipo, a);
-        return suyo && suyo == Periodos::mayorDe(tipo, b);
-      });
+  TARVO_TOMAR(auto v, porDuplicado(
+                          links, [tipo](const Columna& c) { return c.acumulado(tipo); },
+                          [tipo](const Periodo& a, const Periodo& b) {
+                            const auto suyo = Periodos::mayorDe(tipo, a);
+                            return suyo && suyo == Periodos::mayorDe(tipo, b);
+                          }));
+  // A day and the week that has it. Other periods may overlap: each has its own groups.
+  TARVO_TOMAR(const auto prevision, preverAcumular(links, tipo));
+  for (const Solape& s : prevision.relacionados)
+    if (s.uno.tipo != kOtros && s.otro.tipo != kOtros) v.push_back(s);
+  return v;
 }
 
 Resultado<std::optional<VerTot::Suma>> VerTot::destinoDeSuma() {
