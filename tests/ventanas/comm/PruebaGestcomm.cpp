@@ -230,6 +230,11 @@ TEST_F(Gestcomm, RetenerSoltarYPararEnManual) {
   QTest::keyClick(v, Qt::Key_F8);
   pasar(200);
   EXPECT_EQ(celda(0, u"Estado"), u"Interrumpido voluntariamente por el usuario");
+  QTest::keyClick(v, Qt::Key_U, Qt::ControlModifier);
+  ASSERT_TRUE(hasta([&] { return gestor->tareas().empty(); }));
+  pasar(1000);
+  ASSERT_EQ(cola()->filas(), 1) << "what was not collected stays in view";
+  EXPECT_EQ(celda(0, u"Estado"), u"Interrumpido voluntariamente por el usuario");
 }
 
 TEST_F(Gestcomm, CerrarEnMitadSeNiegaYNoMolesta) {

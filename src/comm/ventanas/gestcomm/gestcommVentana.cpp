@@ -121,10 +121,12 @@ void gestcommVentana::colaCambiada() {
   ensuciar();
 }
 
-// An ended task remains visible, with its result, until the window is closed.
+// A task that has ended or was stopped remains visible, with its result, until the window is
+// closed.
 void gestcommVentana::tareaCambiada(int id) {
   sucias_.insert(id);
-  if (auto tarea = s_.motor.tarea(id); tarea && tarea->Estado == motor::kTerminado) {
+  if (auto tarea = s_.motor.tarea(id);
+      tarea && (tarea->Estado == motor::kTerminado || tarea->Estado == motor::kDetenido)) {
     acabadas_.insert_or_assign(id, std::move(*tarea));
     if (acabadas_.size() > kAcabadasMax) acabadas_.erase(acabadas_.begin());
   }
@@ -140,7 +142,8 @@ void gestcommVentana::canalCambiado(int) {
 void gestcommVentana::acabado() {
   std::map<std::pair<int, TipoTarea>, bool> reparos;  // the latest of each group and kind counts
   for (const auto& [id, tarea] : acabadas_)
-    reparos[{tarea.datos.Grupo, tarea.datos.Clase}] = !tarea.textoError.isEmpty();
+    reparos[{tarea.datos.Grupo, tarea.datos.Clase}] =
+        !tarea.textoError.isEmpty() || tarea.Estado == motor::kDetenido;
   if (std::ranges::any_of(reparos, [](const auto& r) { return r.second; })) return;
   QMetaObject::invokeMethod(this, [this] { descargar(); }, Qt::QueuedConnection);
 }
