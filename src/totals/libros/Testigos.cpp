@@ -195,7 +195,8 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
                                                                            : Veredicto::Guarda;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
   const bool bastan =
-      muchasBajas(f) || (cayo(g) && (f.bajas >= kBajasConTotal || quedanMenosDeLaMitad(g)));
+      muchasBajas(f) ||
+      (cayo(g) && (f.bajas >= kBajasConTotal || quedanMenosDeLaMitad(g) || aCero(t)));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }
 
