@@ -46,8 +46,8 @@ TEST_F(Gestcomm, LosGruposSeEligenDeOido) {
   dosGrupos();
   gestor->CambioAModo(false);
   auto* v = abrir(comm::PuertaGrpDlg{TipoTarea::RxOpera, comm::kModoBalanza});
-  auto* grupos = v->findChild<QListWidget*>(u"lstGpo"_s);
-  auto* lista = QAccessible::queryAccessibleInterface(grupos);
+  auto* deGrupos = v->findChild<QListWidget*>(u"lstGpo"_s);
+  auto* lista = QAccessible::queryAccessibleInterface(deGrupos);
   ASSERT_EQ(lista->role(), QAccessible::List);
   ASSERT_EQ(lista->childCount(), 2);
   for (const int i : {0, 1}) {
