@@ -134,7 +134,9 @@ TEST(VentanaVisor, ElIntervaloEsElQueSeEscribe) {
     const auto salida =
         t.escritorio.ventanas().preguntar(PuertaImpUnaFila{.mision = c.mision}, nullptr);
     ASSERT_EQ(salida.has_value(), c.desde != nullptr);
-    if (salida) EXPECT_EQ(salida->desde, momento(c.desde));
+    if (salida) {
+      EXPECT_EQ(salida->desde, momento(c.desde));
+    }
   }
 }
 
