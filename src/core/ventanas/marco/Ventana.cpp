@@ -59,9 +59,9 @@ class ClicsEnVano final : public QObject {
 
  private:
   bool eventFilter(QObject* objeto, QEvent* evento) override {
+    if (evento->type() != QEvent::MouseButtonPress) return false;  // also its own destruction
     const auto* b = static_cast<QToolButton*>(objeto);
-    const bool clic = evento->type() == QEvent::MouseButtonPress && !b->isEnabled();
-    if (clic && b->defaultAction()) decir_(*b->defaultAction());
+    if (!b->isEnabled() && b->defaultAction()) decir_(*b->defaultAction());
     return false;
   }
   std::function<void(const QAction&)> decir_;
