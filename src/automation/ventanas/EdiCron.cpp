@@ -127,7 +127,7 @@ void EdiCron::pedirNombre() {
   ui_.NomCron->setFocus();
 }
 
-// As low as the question allows, with what is said above it.
+// As low as the question and its notice allow.
 void EdiCron::ajustarNombre() {
   layout()->activate();
   const int alto = layout()->hasHeightForWidth() ? layout()->heightForWidth(width())

@@ -51,7 +51,7 @@ class EstadoEnvio final : public ventanas::Ventana, private motor::Observador {
   std::unique_ptr<Temporizador> despues_, mirada_, reintento_;
   ventanas::Aparte pregunta_;
   QString fuera_;    // what the last sending leaves out
-  QString enviado_;  // what was said of it while it is under way
+  QString enviado_;  // the notice shown while a sending is under way
 };
 
 }  // namespace tarvo::comm
