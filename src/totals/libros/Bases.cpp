@@ -6,6 +6,7 @@
 #include <set>
 
 #include "totals/TextosTotals.h"
+#include "totals/libros/Bajas.h"
 #include "totals/libros/BasesInterior.h"
 #include "totals/libros/Confirmados.h"
 #include "totals/libros/Dudas.h"
@@ -51,7 +52,7 @@ Resultado<> olvidar(Database& db, int grupo, int addr) {
       db.ejecutar(sobreCeros(u"UPDATE Ceros SET HECHO=INTENCION, SEC_HECHO=SEC_INTENCION WHERE "
                              u"GRUPO=? AND ADDR=? AND {sinConfirmar}"),
                   grupo, addr));
-  return {};
+  return olvidarBajas(db, grupo, addr);
 }
 
 // Counters of other machines that are zero in every kind are no memorised part. While any is left,
@@ -113,9 +114,10 @@ Resultado<std::optional<std::set<TipoTotal>>> clasesFiables(Database& db, const 
   return fiables.empty() ? std::nullopt : std::optional(fiables);
 }
 
-// Machines of the group that were told to forget before they were read and may not have heard it.
-Resultado<std::set<int>> conSospecha(Database& db, int grupo) {
-  std::set<int> addrs;
+// Machines of the group that may have forgotten although no count is lower: told to forget before
+// they were read, without an answer, or lower in an earlier reading that nobody judged.
+Resultado<std::set<int>> conSospecha(Database& db, const Ajustes& ajustes, int grupo) {
+  TARVO_TOMAR(auto addrs, conBajas(db, ajustes, grupo));
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(sobreCeros(u"SELECT ADDR FROM Ceros WHERE GRUPO=? AND {sinConfirmar}"), grupo),
       [&](const dao::Recordset& fila) { addrs.insert(static_cast<int>(fila.entero(0))); }));
@@ -139,10 +141,11 @@ struct Sentencia {
 };
 
 // The machines of a group, except those that were told only a part.
-Resultado<Sentencia> sentenciar(Database& db, const std::vector<Releida>& lista, int grupo,
+Resultado<Sentencia> sentenciar(Database& db, const Ajustes& ajustes,
+                                const std::vector<Releida>& lista, int grupo,
                                 const std::map<int, Testimonios>& testimonios) {
   TARVO_TOMAR(const auto aparte, maquinasAMedias(db, grupo));
-  TARVO_TOMAR(const auto sospechosas, conSospecha(db, grupo));
+  TARVO_TOMAR(const auto sospechosas, conSospecha(db, ajustes, grupo));
   Sentencia s;
   TARVO_TOMAR(s.todas, todasReleidas(db, lista, grupo));
   for (const auto& [addr, t] : testimonios) {
@@ -178,6 +181,7 @@ Resultado<> resolverSinCuadre(Database& db, const Ajustes& ajustes, const Textos
                               const std::map<int, Testimonios>& testimonios,
                               std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto aparte, maquinasAMedias(db, grupo));
+  TARVO_TOMAR(const auto bajaron, conBajas(db, ajustes, grupo));
   std::set<int> olvidadas;
   std::map<int, Testimonios> dudosas;
   for (const auto& [addr, t] : testimonios) {
@@ -185,7 +189,9 @@ Resultado<> resolverSinCuadre(Database& db, const Ajustes& ajustes, const Textos
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, addr));
     TARVO_TOMAR(const bool espera, preguntada(db, grupo, addr));
     if (dicho && *dicho) olvidadas.insert(addr);
-    if (!dicho && (masQueDevoluciones(t) || (espera && !quietos(t)))) dudosas[addr] = t;
+    const bool motivo = masQueDevoluciones(t) || bajaron.contains(addr) || espera;
+    if (!dicho && motivo && !quietos(t)) dudosas[addr] = t;
+    if (!dudosas.contains(addr)) TARVO_INTENTAR(olvidarBajas(db, grupo, addr));
   }
   TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, olvidadas, textos, avisos));
   if (dudosas.empty()) return cerrarDudas(db, grupo);
@@ -208,10 +214,12 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
     avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
     return dejarFuera(db, ajustes, grupo);
   }
-  TARVO_TOMAR(const auto s, sentenciar(db, lista, grupo, testimonios));
-  for (const int addr : s.guardan)  // the announced zeroing did not happen
+  TARVO_TOMAR(const auto s, sentenciar(db, ajustes, lista, grupo, testimonios));
+  for (const int addr : s.guardan) {  // the announced zeroing did not happen
     TARVO_INTENTAR(db.ejecutar(
         sobreCeros(u"DELETE FROM Ceros WHERE GRUPO=? AND ADDR=? AND {sinConfirmar}"), grupo, addr));
+    TARVO_INTENTAR(olvidarBajas(db, grupo, addr));
+  }
   TARVO_INTENTAR(darPorOlvidadas(db, ajustes, grupo, s.olvidadas, textos, avisos));
   if (s.dudosas.empty()) return cerrarDudas(db, grupo);
   if (s.todas) return abrirDudas(db, ajustes, textos, grupo, s.dudosas, avisos);

@@ -157,6 +157,7 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   propuestos_.clear();
   elegido_ = -1;
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
+  TARVO_INTENTAR(s_.soltarRetenidas(avisos));
   const size_t anteriores = avisos.size();
   TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), s_.textos(), avisos));
   for (size_t i = anteriores; i < avisos.size(); ++i)
@@ -341,6 +342,7 @@ Resultado<std::vector<qint64>> CerrSes::LaSesion(bool guardar, int nuevo,
     TARVO_INTENTAR(s_.anotarCierreFallido());
     return std::unexpected(r.error());
   }
+  s_.olvidarRetenidas();
   return links;
 }
 

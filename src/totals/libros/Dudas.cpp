@@ -125,13 +125,14 @@ Resultado<bool> hayDudas(Database& db, int grupo) {
   return n.entero() > 0;
 }
 
-Resultado<bool> esperaRespuesta(Database& db, int grupo, TipoTotal clase) {
-  bool espera = false;
+Resultado<std::set<TipoTotal>> clasesEnDuda(Database& db, int grupo) {
+  std::set<TipoTotal> clases;
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(u"SELECT CLASES FROM Dudas WHERE GRUPO=?", grupo), [&](const dao::Recordset& f) {
-        espera = espera || f.texto(0).split(u',').contains(QString::number(numeroDe(clase)));
+        for (const QString& numero : f.texto(0).split(u',', Qt::SkipEmptyParts))
+          if (const auto clase = deNumero<TipoTotal>(numero.toInt())) clases.insert(*clase);
       }));
-  return espera;
+  return clases;
 }
 
 Resultado<bool> anotarRespuesta(Database& db, const Textos& textos, DudaAbierta cual, bool olvido) {

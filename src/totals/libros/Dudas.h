@@ -35,8 +35,8 @@ Resultado<> cerrarDuda(dao::Database& db, int grupo, int addr);
 // to have forgotten.
 Resultado<> cerrarDudasSinBase(dao::Database& db);
 Resultado<bool> hayDudas(dao::Database& db, int grupo);
-// A reading of this kind waits in the inbox for the answer to a question about the group.
-Resultado<bool> esperaRespuesta(dao::Database& db, int grupo, TipoTotal clase);
+// The kinds read of the group that wait in the inbox for the answer to a question about it.
+Resultado<std::set<TipoTotal>> clasesEnDuda(dao::Database& db, int grupo);
 
 // Records a person's answer for one machine of the group. When none of the group is left in doubt,
 // its reading returns to the session. False while others wait. NoExiste when there was no such

@@ -8,8 +8,9 @@ using namespace Qt::StringLiterals;
 
 std::vector<TablaDeGrupo> tablasDeGrupo() {
   std::vector<TablaDeGrupo> tablas;
-  for (const QString& t : {u"Lecturas"_s, u"LectFilas"_s, u"BaseFilas"_s, u"CeroFilas"_s,
-                           u"Ceros"_s, u"CerosParte"_s, u"CerosClase"_s, u"Dudas"_s, u"Olvidos"_s})
+  for (const QString& t :
+       {u"Lecturas"_s, u"LectFilas"_s, u"BaseFilas"_s, u"CeroFilas"_s, u"Ceros"_s, u"CerosParte"_s,
+        u"CerosClase"_s, u"Dudas"_s, u"Olvidos"_s, u"Bajas"_s})
     tablas.push_back({t, {}});
   for (const ClaseTotal& c : todasLasClases())
     tablas.push_back({NombreTabla(c.tipo), u"LINK=0 AND "_s});

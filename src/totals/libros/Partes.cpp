@@ -71,7 +71,8 @@ Resultado<> anotarPartes(Database& db, int grupo, const ClaseTotal& c, const Lec
   for (const QStringView borrar :
        {u"DELETE FROM CerosParte WHERE GRUPO=? AND ADDR NOT IN ({addrs})",
         u"DELETE FROM CerosClase WHERE GRUPO=? AND ADDR NOT IN ({addrs})",
-        u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR NOT IN ({addrs})"})
+        u"DELETE FROM CeroFilas WHERE GRUPO=? AND ADDR NOT IN ({addrs})",
+        u"DELETE FROM Bajas WHERE GRUPO=? AND ADDR NOT IN ({addrs})"})
     if (!addrs.isEmpty())
       TARVO_INTENTAR(db.ejecutar(dao::conMarcas(borrar, {{u"addrs", addrs.join(u',')}}), grupo));
   TARVO_INTENTAR(db.ejecutar(

@@ -43,6 +43,7 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->ejecucion = numero;
   d->reanuda = reanuda;
   d->leidosAhora.clear();
+  d->retenidas.clear();
 }
 
 void Sesion::ponerEnProceso(bool si) {

@@ -103,6 +103,11 @@ class Sesion {
   // fails. `avisos` receives what a person must know about the comparison with an earlier reading.
   Resultado<> guardarLectura(int grupo, TipoTotal clase, const Lectura& leida,
                              std::vector<Aviso>& avisos);
+  // What was read of a group with an open question is only kept in memory until the session closes:
+  // in the current transaction it then replaces the reading that waits, if all its kinds were read
+  // again and none is lower.
+  Resultado<> soltarRetenidas(std::vector<Aviso>& avisos);
+  void olvidarRetenidas();
   // The reading was given up; the group is not zeroed until it is read whole.
   Resultado<> lecturaFallida(int grupo, TipoTotal clase);
 
@@ -141,6 +146,8 @@ class Sesion {
 
  private:
   struct Estado;
+  Resultado<> escribirLectura(int grupo, TipoTotal clase, const Lectura& lectura);
+  Resultado<> devolverNota(int grupo, TipoTotal clase);
   dao::Database& db_;
   Ajustes& ajustes_;
   AjustesSesion& reflejo_;

@@ -152,6 +152,7 @@ Resultado<> Sesion::cerrarSinMemorizar() {
     d->volver(antes);
     return std::unexpected(hecho.error());
   }
+  olvidarRetenidas();
   return {};
 }
 
@@ -210,6 +211,7 @@ Resultado<> Sesion::ceroHecho(int grupo, int addr, bool ultima, Visto visto) {
       u"HECHO=excluded.HECHO, SEC_HECHO=excluded.SEC_HECHO, VISTO=excluded.VISTO"_s,
       grupo, addr, d->ejecucion, ahora, sec, ahora, sec, visto == Visto::GranTotal));
   TARVO_INTENTAR(olvidarPartes(db_, grupo, addr));
+  TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM Bajas WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
   TARVO_TOMAR(const auto esperan, clasesQueEsperan(db_, ajustes_, grupo, d->abierta));
   if (ultima) {
     TARVO_INTENTAR(olvidarBase(db_, grupo, esperan));

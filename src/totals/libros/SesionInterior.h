@@ -34,6 +34,8 @@ struct Sesion::Estado {
   qint64 ejecucion = 0, de = 0;  // the current run, and the run that `hasta` belongs to
   bool reanuda = false, enProceso = false;
   std::set<int> leidosAhora;  // groups read since this process started the run
+  // Readings of groups with an open question, until the session closes.
+  std::map<int, std::map<TipoTotal, totals::Lectura>> retenidas;
 };
 
 // Condition on a row of Lecturas: read since the machine at an address (a parameter) last confirmed

@@ -1,5 +1,8 @@
 // Storing a task's reading: one transaction for its rows, its marks and its record.
+#include <algorithm>
+
 #include "totals/TextosTotals.h"
+#include "totals/libros/Bajas.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
@@ -82,8 +85,8 @@ Resultado<bool> haySinMemorizar(Database& db, const ClaseTotal& c, int grupo, bo
 Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
                               const Lectura::Filas& nuevas, bool entera, bool abierta) {
   TARVO_TOMAR(const bool viva, haySinMemorizar(db, c, grupo, false));
-  TARVO_TOMAR(const auto espera, esperaRespuesta(db, grupo, c.tipo));
-  if (!(abierta && viva) && !espera) return false;
+  TARVO_TOMAR(const auto esperan, clasesEnDuda(db, grupo));
+  if (!(abierta && viva) && !esperan.contains(c.tipo)) return false;
   bool pisa = false;
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(conMarcas(u"SELECT CODI, CON, {hora} FROM {tabla} WHERE LINK=0 AND GRUPO=?",
@@ -190,20 +193,55 @@ Resultado<bool> Sesion::conBase(int grupo) {
   return n.entero() > 0;
 }
 
+// In the current transaction.
+Resultado<> Sesion::escribirLectura(int grupo, TipoTotal tipo, const Lectura& lectura) {
+  const ClaseTotal& c = claseDe(tipo);
+  Lectura::Filas deVarias;
+  const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
+  TARVO_INTENTAR(apartarBase(db_, grupo, tipo));
+  TARVO_INTENTAR(escribirBandeja(db_, c, grupo, suma));
+  TARVO_INTENTAR(escribirPorMaquina(db_, grupo, tipo, lectura));
+  TARVO_INTENTAR(
+      db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
+                   u"Sesiones WHERE CODGPO=?)"_s,
+                   grupo, grupo));
+  TARVO_INTENTAR(db_.ejecutar(
+      sobreSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?",
+                  tipo),
+      d->hasta, grupo));
+  TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+  TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
+  const int maquinas = static_cast<int>(lectura.maquinas.size());
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
+      u"CLASE=?"_s,
+      sec, reloj_.ahora(), lectura.entera, maquinas,
+      maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numeroDe(tipo)));
+  TARVO_INTENTAR(anotarPartes(db_, grupo, c, lectura));
+  return anotarBajas(db_, grupo, tipo);
+}
+
+// What was read leaves the note of its kind as it was.
+Resultado<> Sesion::devolverNota(int grupo, TipoTotal tipo) {
+  TARVO_INTENTAR(db_.ejecutar(
+      u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s
+      u"GRUPO=? AND CLASE=?"_s,
+      grupo, numeroDe(tipo)));
+  return {};
+}
+
 Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& leida,
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal& c = claseDe(tipo);
   const Estado::Foto antes = d->foto();
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
+  TARVO_TOMAR(const bool enDuda, hayDudas(db_, grupo));
   std::optional<Lectura> unida;
-  if (!leida.entera && d->abierta > 0) {
+  if (!leida.entera && (enDuda || d->abierta > 0)) {
     TARVO_TOMAR(const auto sabeMas, haySinMemorizar(db_, c, grupo, true));
-    if (sabeMas) {
-      TARVO_INTENTAR(db_.ejecutar(
-          u"UPDATE Lecturas SET ESTADO=CASE WHEN ANTES IN (2, 4) THEN ANTES ELSE 3 END WHERE "_s
-          u"GRUPO=? AND CLASE=?"_s,
-          grupo, numeroDe(tipo)));
+    if (enDuda || sabeMas) {
+      TARVO_INTENTAR(devolverNota(grupo, tipo));
       avisos.push_back(
           {grupo, textos_(kTxParteNoSustituye, {grupo, textos_(kTxNombreTotal + numeroDe(tipo))}),
            true});
@@ -213,39 +251,28 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
   }
   const Lectura& lectura = unida ? *unida : leida;
   Lectura::Filas deVarias;
-  const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
+  TARVO_TOMAR(const auto pisa, pisariaVentas(db_, c, grupo, sumaDeMaquinas(lectura, deVarias),
+                                             lectura.entera, d->abierta > 0));
+  if (pisa) {
+    TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+    TARVO_INTENTAR(anotarRechazada(db_, grupo, tipo, lectura, sec));
+    TARVO_INTENTAR(tr.confirmar());
+    return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
+  }
   const auto guardar = [&]() -> Resultado<> {
-    TARVO_TOMAR(const auto pisa,
-                pisariaVentas(db_, c, grupo, suma, lectura.entera, d->abierta > 0));
-    if (pisa) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
     TARVO_TOMAR(const auto abierta, AbrirSesion());
     if (!abierta) d->renovar(reloj_.ahora());
-    TARVO_INTENTAR(apartarBase(db_, grupo, tipo));
-    TARVO_INTENTAR(escribirBandeja(db_, c, grupo, suma));
-    TARVO_INTENTAR(escribirPorMaquina(db_, grupo, tipo, lectura));
-    TARVO_INTENTAR(
-        db_.ejecutar(u"INSERT INTO Sesiones (CODGPO) SELECT ? WHERE NOT EXISTS (SELECT 1 FROM "_s
-                     u"Sesiones WHERE CODGPO=?)"_s,
-                     grupo, grupo));
-    TARVO_INTENTAR(db_.ejecutar(
-        sobreSesion(u"UPDATE Sesiones SET {desde}=PZERO, {hasta}=?, {enSesion}=TRUE WHERE CODGPO=?",
-                    tipo),
-        d->hasta, grupo));
-    TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
-    const int maquinas = static_cast<int>(lectura.maquinas.size());
-    TARVO_INTENTAR(db_.ejecutar(
-        u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
-        u"CLASE=?"_s,
-        sec, reloj_.ahora(), lectura.entera, maquinas,
-        maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numeroDe(tipo)));
-    TARVO_INTENTAR(anotarPartes(db_, grupo, c, lectura));
+    TARVO_INTENTAR(enDuda ? devolverNota(grupo, tipo) : escribirLectura(grupo, tipo, lectura));
     TARVO_INTENTAR(ponerEstado(2));
     return tr.confirmar();
   };
   if (auto r = guardar(); !r) {
     d->volver(antes);
     return std::unexpected(r.error());
+  }
+  if (enDuda) {
+    d->retenidas[grupo].insert_or_assign(tipo, lectura);
+    return {};
   }
   d->leidosAhora.insert(grupo);
   const auto tarde = db_.uno(
@@ -257,6 +284,24 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
   else if (tarde->entero() > 0)
     avisos.push_back({grupo, textos_(kTxCeroPosterior, {grupo}), true});
   return {};
+}
+
+Resultado<> Sesion::soltarRetenidas(std::vector<Aviso>& avisos) {
+  for (const auto& [grupo, lecturas] : d->retenidas) {
+    TARVO_TOMAR(const auto esperan, clasesEnDuda(db_, grupo));
+    const auto releida = [&](TipoTotal t) { return lecturas.contains(t); };
+    if (!std::ranges::all_of(esperan, releida)) {
+      avisos.push_back({grupo, textos_(kTxNoReleidoEntero, {grupo}), true});
+      continue;
+    }
+    for (const auto& [tipo, lectura] : lecturas)
+      TARVO_INTENTAR(escribirLectura(grupo, tipo, lectura));
+  }
+  return {};
+}
+
+void Sesion::olvidarRetenidas() {
+  d->retenidas.clear();
 }
 
 }  // namespace tarvo::totals

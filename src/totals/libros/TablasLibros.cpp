@@ -66,6 +66,13 @@ CREATE TABLE IF NOT EXISTS CeroFilas (
   PRIMARY KEY (GRUPO, CLASE, ADDR, CODI, HORA));
 )";
 
+constexpr QStringView kGuionBajas =
+    uR"(
+CREATE TABLE IF NOT EXISTS Bajas (
+  GRUPO INTEGER NOT NULL, ADDR INTEGER NOT NULL, CLASE INTEGER NOT NULL, SEC INTEGER DEFAULT 0,
+  PRIMARY KEY (GRUPO, ADDR, CLASE));
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasLibros() {
@@ -79,7 +86,8 @@ dao::TablasDeSala tablasLibros() {
                                  QStringLiteral("INTEGER DEFAULT 0")),
                     {6, kGuionConfirmados.toString()},
                     dao::columna(7, QStringLiteral("Ceros"), QStringLiteral("VISTO"),
-                                 QStringLiteral("INTEGER DEFAULT 0"))},
+                                 QStringLiteral("INTEGER DEFAULT 0")),
+                    {8, kGuionBajas.toString()}},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
                      {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}}};
 }
