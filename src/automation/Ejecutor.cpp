@@ -350,9 +350,20 @@ Hecho Ejecutor::crear(const PasoPeriodos& p) {
   return h;
 }
 
+// A sum that fails is owed: a later step of the same process may delete its parts.
+Hecho Ejecutor::sumar() {
+  const std::vector<qint64> elegidos = t_.verTot.LosSelec();
+  bool sumado = false;
+  Hecho h = sumar(sumado);
+  if (sumado || elegidos.size() < 2) return h;
+  const OrdenPeriodos orden{VerboPeriodos::Sumar, OrdenPeriodos::kEnSuma};
+  if (const auto r = Pendientes(t_.db).anotar(orden, elegidos); !r) h.decir(r.error().texto);
+  return h;
+}
+
 // What the target holds already isn't added again: a process runs every night. Periods that overlap
 // are added, as its author ordered, and reported.
-Hecho Ejecutor::sumar() {
+Hecho Ejecutor::sumar(bool& sumado) {
   Hecho h;
   const auto suma = t_.verTot.destinoDeSuma();
   if (!suma) return deFallo(suma.error());
@@ -372,6 +383,7 @@ Hecho Ejecutor::sumar() {
   for (const auto& p : (*suma)->enStock)
     h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(p).simplified(), destino}));
   const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
+  sumado = hecho.has_value();
   if (!hecho) h.decir(hecho.error().texto);
   if (hecho && !sumandos.isEmpty()) h.decir(t_.textos(kTxSumado, {sumandos, destino}), false);
   return h;

@@ -78,6 +78,18 @@ TEST_F(ConDebidos, UnProcesoNoBorraAquelloDeLoQueSeDebeAlgo) {
   EXPECT_EQ(p_->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
 }
 
+// The parts of a sum stay until it is made: its target was missing.
+TEST_F(ConDebidos, NiLasPartesDeUnaSumaQueNoSeHizo) {
+  hacer(kTodos + u"P:SUMAR\r\nP:BORRAR,5,01/01/2000,01/01/2100\r\n"_s);
+  EXPECT_EQ(p_->uno(u"SELECT group_concat(LINK) FROM COLUMNA"_s).texto(), u"7,8");
+  EXPECT_EQ(p_->fin, ResultadoProceso::Problemas);
+  ASSERT_EQ(debidos(), 2U);
+  EXPECT_EQ(libro_.todos()->front().que, Que::Sumar);
+  hacer(kTodos + u"P:CREAR,2,18/09/2017,,t\r\nP:SUMAR\r\n"_s);
+  EXPECT_EQ(p_->uno(u"SELECT sum(CON) FROM TOTPLU"_s).entero(), 4);
+  EXPECT_EQ(debidos(), 0U);
+}
+
 // A night between the deletion and its undoing forgets nothing, until the period is gone for good.
 TEST_F(ConDebidos, LoDebidoVuelveConElPeriodo) {
   for (const Que que : {Que::Exportar, Que::Acumular, Que::Descontar}) deber(que);

@@ -100,11 +100,12 @@ Pendientes::Debido debidoDe(const dao::Recordset& rs) {
   d.hasta = rs.fecha(3);
   d.descripcion = rs.texto(4).trimmed();
   const qint64 verbo = rs.entero(5);
-  const bool acumular = deNumero<VerboPeriodos>(verbo) == VerboPeriodos::Acumular;
-  d.que = verbo == kExportar          ? Debido::Que::Exportar
-          : verbo == kBorrarEntregado ? Debido::Que::Borrar
-          : acumular                  ? Debido::Que::Acumular
-                                      : Debido::Que::Descontar;
+  const auto deVerbo = deNumero<VerboPeriodos>(verbo);
+  d.que = verbo == kExportar                   ? Debido::Que::Exportar
+          : verbo == kBorrarEntregado          ? Debido::Que::Borrar
+          : deVerbo == VerboPeriodos::Acumular ? Debido::Que::Acumular
+          : deVerbo == VerboPeriodos::Sumar    ? Debido::Que::Sumar
+                                               : Debido::Que::Descontar;
   d.mayor = static_cast<int>(rs.entero(6));
   d.proceso = rs.texto(7);
   d.fichero = rs.texto(8);
@@ -145,11 +146,12 @@ Resultado<bool> Pendientes::olvidar(const Debido& d) {
                 db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE LINK=?", d.link));
     return filas > 0;
   }
-  TARVO_TOMAR(
-      const auto filas,
-      db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?", d.link,
-                   d.que == Debido::Que::Acumular ? VerboPeriodos::Acumular : VerboPeriodos::Stock,
-                   d.mayor));
+  const auto verbo = d.que == Debido::Que::Acumular ? VerboPeriodos::Acumular
+                     : d.que == Debido::Que::Sumar  ? VerboPeriodos::Sumar
+                                                    : VerboPeriodos::Stock;
+  TARVO_TOMAR(const auto filas,
+              db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND VERBO=? AND TIPO=?",
+                           d.link, verbo, d.mayor));
   return filas > 0;
 }
 

@@ -1,6 +1,6 @@
 // Operations on periods that a process should have done and couldn't: accumulate, take off the
-// stock, export. Each is owed until it is done, even nights later; nothing is owed for a deleted
-// period, unless it is restored.
+// stock, sum, export. Each is owed until it is done, even nights later; nothing is owed for a
+// deleted period, unless it is restored.
 #pragma once
 
 #include <QString>
@@ -13,7 +13,8 @@ namespace tarvo::automation {
 
 struct OrdenPeriodos {
   VerboPeriodos verbo = VerboPeriodos::Acumular;
-  qint64 tipo = 0;  // of the larger period, 0 for a verb without one
+  qint64 tipo = 0;  // of the larger period, 0 for the stock, kEnSuma for a sum
+  static constexpr qint64 kEnSuma = -1;
 };
 
 class Pendientes {
@@ -55,7 +56,7 @@ class Pendientes {
   // One debt, for display.
   struct Debido {
     // Borrar: it has been exported to be deleted, and goes once nothing else is owed of it.
-    enum class Que { Acumular, Descontar, Exportar, Borrar } que = Que::Exportar;
+    enum class Que { Acumular, Descontar, Sumar, Exportar, Borrar } que = Que::Exportar;
     qint64 link = 0;
     int clase = 0;  // kind of the period
     Fecha desde, hasta;

@@ -67,6 +67,8 @@ QString Debidos::loDebido(const Pendientes::Debido& d) const {
       return textos(kTxFaltaAcumular, {totals::NombreTipoPeriodo(d.mayor)});
     case Pendientes::Debido::Que::Descontar:
       return textos(kTxFaltaDescontar);
+    case Pendientes::Debido::Que::Sumar:
+      return textos(kTxFaltaSumar);
     case Pendientes::Debido::Que::Borrar:
       return textos(kTxFaltaBorrar);
   }

@@ -126,9 +126,10 @@ Resultado<QStringList> Periodos::debidosDe(qint64 link, const QStringList& salvo
       [&](const dao::Recordset& rs) {
         const auto mayor = static_cast<int>(rs.entero(0));
         // Done by hand since: the next step only takes it off the list.
-        if (mayor == 0 ? c->stkADO > 0 : c->acumulado(mayor)) return;
-        lineas += mayor == 0 ? textos_(kTxDebeDescontarse, {periodo})
-                             : textos_(kTxDebeAcumularse, {periodo, NombreTipoPeriodo(mayor)});
+        if (mayor >= 0 && (mayor == 0 ? c->stkADO > 0 : c->acumulado(mayor))) return;
+        lineas += mayor < 0    ? textos_(kTxDebeSumarse, {periodo})
+                  : mayor == 0 ? textos_(kTxDebeDescontarse, {periodo})
+                               : textos_(kTxDebeAcumularse, {periodo, NombreTipoPeriodo(mayor)});
       }));
   return lineas;
 }

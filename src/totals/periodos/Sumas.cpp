@@ -41,6 +41,9 @@ Resultado<> Sumas::sumar(qint64 destino, const std::vector<Columna>& cuales,
         u"INSERT INTO Sumados (LINK, LOTE, TIPO, FECHA1, FECHAF, SOLAPA) VALUES (?, ?, ?, ?, ?, ?)",
         destino, lote, c.periodo.tipo, c.periodo.desde, c.periodo.hasta,
         std::ranges::count(dobles, c.periodo) > 0));
+    if (db_.existeTabla(u"PeriodosPendientes"))
+      TARVO_INTENTAR(
+          db_.ejecutar(u"DELETE FROM PeriodosPendientes WHERE LINK=? AND TIPO=-1", c.LINK));
   }
   TARVO_INTENTAR(p_.ReacumularTodo(destino, marcas));
   return t.confirmar();
