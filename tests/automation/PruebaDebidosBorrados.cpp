@@ -107,10 +107,10 @@ TEST_F(ConDebidos, LoDebidoVuelveConElPeriodo) {
             u"PeriodosPendientes) + (SELECT count(*) FROM BorradosPendientes)"_s)
         .entero();
   };
-  for (const bool vuelve : {true, false}) {
+  for (const auto& [vaciado, vuelve] : {std::pair{true, true}, {false, true}, {false, false}}) {
     const qint64 lote = *papelera.nuevoLote();
-    ASSERT_TRUE(*papelera.tirar(lote, 7));
-    EXPECT_EQ(debidos(), 0U) << "nobody tries it meanwhile";
+    ASSERT_TRUE(*(vaciado ? papelera.vaciar(lote, 7) : papelera.tirar(lote, 7)));
+    EXPECT_EQ(debidos(), vaciado ? 4U : 0U) << "nobody tries it meanwhile";
     ASSERT_TRUE(xporTot.entregados().anotar(8, u"OTRO.EXP"_s));
     hacer(noche);
     EXPECT_FALSE(tienda_.texto(u"VENTAS.EXP"_s).contains(u"*uno"_s));

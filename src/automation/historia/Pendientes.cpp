@@ -1,12 +1,25 @@
 #include "automation/historia/Pendientes.h"
 
 #include "automation/historia/TablasHistoria.h"
+#include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 #include "totals/periodos/Periodos.h"
 
 namespace tarvo::automation {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// A condition on a note: the rows of its period aren't in the bin, from where they may come back.
+constexpr auto kSinVaciar =
+    u"NOT EXISTS (SELECT 1 FROM PapeleraPer v WHERE v.LINK=c.LINK AND v.SOLOFILAS<>0)";
+
+QString deLosNoVaciados(QStringView sentencia) {
+  return dao::conMarcas(sentencia, {{u"sinVaciar", QString::fromUtf16(kSinVaciar)}});
+}
+
+}  // namespace
 
 Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qint64>& links) {
   for (const qint64 link : links)
@@ -19,10 +32,12 @@ Resultado<> Pendientes::anotar(const OrdenPeriodos& orden, const std::vector<qin
 
 Resultado<std::vector<qint64>> Pendientes::de(const OrdenPeriodos& orden) {
   return dao::reunir(
-      db_.consultar(u"SELECT p.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c ON "
-                    u"c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF WHERE VERBO=? AND "
-                    u"p.TIPO=? ORDER BY p.LINK",
-                    orden.verbo, orden.tipo),
+      db_.consultar(
+          deLosNoVaciados(
+              u"SELECT p.LINK FROM PeriodosPendientes p INNER JOIN COLUMNA c "
+              u"ON c.LINK=p.LINK AND c.FECHA1=p.FECHA1 AND c.FECHAF=p.FECHAF WHERE VERBO=? AND "
+              u"p.TIPO=? AND {sinVaciar} ORDER BY p.LINK"),
+          orden.verbo, orden.tipo),
       [](const dao::Recordset& rs) { return rs.entero(0); });
 }
 
@@ -53,12 +68,13 @@ Resultado<> Pendientes::anotarExporte(const Destino& d, const Exporte& e) {
 
 Resultado<std::vector<Pendientes::Exporte>> Pendientes::exportes(const Destino& d) {
   return dao::reunir(
-      db_.consultar(
-          u"SELECT e.MARCA, e.RUTA, e.LINK, e.BORRAR, e.MOTIVO FROM ExportesPendientes e INNER "
-          u"JOIN COLUMNA c ON c.LINK=e.LINK AND c.FECHA1=e.FECHA1 AND c.FECHAF=e.FECHAF WHERE "
-          u"e.RUTA<>'' "
-          u"AND (e.RUTA IN (?, ?) OR e.NOMBRE=?) ORDER BY e.NUMERO",
-          d.ruta, d.absoluta, d.nombre),
+      db_.consultar(deLosNoVaciados(u"SELECT e.MARCA, e.RUTA, e.LINK, e.BORRAR, e.MOTIVO FROM "
+                                    u"ExportesPendientes e INNER JOIN COLUMNA c ON c.LINK=e.LINK "
+                                    u"AND c.FECHA1=e.FECHA1 AND "
+                                    u"c.FECHAF=e.FECHAF WHERE e.RUTA<>'' AND {sinVaciar} AND "
+                                    u"(e.RUTA IN (?, ?) OR e.NOMBRE=?) "
+                                    u"ORDER BY e.NUMERO"),
+                    d.ruta, d.absoluta, d.nombre),
       [](const dao::Recordset& rs) {
         return Exporte{rs.texto(0), rs.texto(1), rs.entero(2),
                        rs.nulo(3) ? std::nullopt : std::optional(rs.logico(3)), rs.texto(4)};

@@ -1,6 +1,6 @@
 // Operations on periods that a process should have done and couldn't: accumulate, take off the
 // stock, sum, export. Each is owed until it is done, even nights later; nothing is owed for a
-// deleted period, unless it is restored.
+// deleted period, unless it is restored, and what is owed of an emptied one waits while it may be.
 #pragma once
 
 #include <QString>
