@@ -133,6 +133,11 @@ Hecho Ejecutor::exportar(const PasoExportar& p, const Ejecucion& e) {
     ya.propios.push_back(
         {u"%1.%2.%3"_s.arg(e.numero).arg(e.paso).arg(link), x.destino.ruta, link, x.como.borrar});
   if (ya.propios.empty()) sinElegidos(kErrorExportar, e, h);
+  if (p.corto && p.borrar) {
+    const auto aviso = t_.xporTot.noVolverian(t_.verTot.LosSelec());
+    if (!aviso) return deFallo(aviso.error(), kErrorExportar);
+    if (!aviso->isEmpty()) h.decir(*aviso, false);
+  }
   exportarPendientes(*viejos, x, ya, h);
   exportarPropios(x, ya, h);
   h.anotar = [this, ya = std::move(ya), destino = x.destino](Hecho& hecho) {

@@ -361,6 +361,7 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
     return filas.join(u'\n');
   };
   const QString antes = todo();
+  EXPECT_EQ(bien(xporTot.noVolverian({dia})), QString());
   EXPECT_TRUE(exportar(dia, "x", true, "", true));
   importar(fichero(u"x.EXP"_s));
   EXPECT_EQ(todo(), antes);
@@ -396,6 +397,8 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
               QString::fromUtf8(c.clave))
         << c.cabeza;
   }
+  fila(u"TOTOPE", dia, 1, 209, {});
+  EXPECT_TRUE(bien(xporTot.noVolverian({dia})).contains(u"grupos, y los periodos se borran: 1."_s));
 }
 
 TEST_F(Exporta, DosBloquesDeUnDiaSeSumanOSeSustituyen) {

@@ -10,6 +10,7 @@
 #include "totals/intercambio/Exportado.h"
 #include "totals/intercambio/FinDeFichero.h"
 #include "totals/intercambio/Lector.h"
+#include "totals/intercambio/Vuelta.h"
 #include "totals/intercambio/XporTot.h"
 #include "totals/periodos/FilasTotales.h"
 
@@ -72,13 +73,6 @@ class Sumador {
   qint64 link_;
   std::map<TipoTotal, std::unique_ptr<dao::Sentencia>> sentencias_;
 };
-
-Resultado<Secciones> leerSecciones(dao::Database& db) {
-  Secciones s;
-  TARVO_INTENTAR(dao::recorrer(db.consultar(u"SELECT CODGPO, SECCION FROM GRUPOS"),
-                               [&](const dao::Recordset& rs) { s[rs.entero(0)] = rs.entero(1); }));
-  return s;
-}
 
 struct Detalle {
   int lineas = 0, supuestas = 0;

@@ -7,6 +7,7 @@
 #include "totals/TextosTotals.h"
 #include "totals/intercambio/Anadidura.h"
 #include "totals/intercambio/Exportado.h"
+#include "totals/intercambio/Vuelta.h"
 
 namespace tarvo::totals {
 
@@ -204,6 +205,17 @@ Resultado<> XporTot::exportarAMano(const std::vector<Columna>& periodos, const O
   TARVO_INTENTAR(escribir(ruta, periodos, como.corto, QString(), pagarlos));
   if (quedan.isEmpty()) return {};
   return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));
+}
+
+Resultado<QString> XporTot::noVolverian(const std::vector<qint64>& periodos) {
+  std::set<qint64> grupos;
+  for (const qint64 link : periodos) {
+    TARVO_TOMAR(auto suyos, ilegiblesEnCorto(db_, a_, link));
+    grupos.merge(suyos);
+  }
+  QStringList lista;
+  for (const qint64 g : grupos) lista += QString::number(g);
+  return lista.isEmpty() ? QString() : p_.textos()(kTxNoVolverian, {lista.join(u", ")});
 }
 
 Resultado<bool> XporTot::terminado(const QString& marca) {

@@ -50,6 +50,9 @@ class XporTot {
   QString fichero(const QString& anotada) const;
   // An export of this mark is in its file and in the database.
   Resultado<bool> terminado(const QString& marca);
+  // A sentence naming the groups whose sales in these periods this shop couldn't read back from the
+  // short layout; empty if there are none.
+  Resultado<QString> noVolverian(const std::vector<qint64>& periodos);
   Entregados entregados() { return Entregados(p_); }
 
  private:

@@ -113,6 +113,10 @@ bool XporTotVentana::fueraConformes(size_t cuantos) {
   }
   if (cuantos > kPeriodosNombrados)
     lineas << t(kTxYMas).arg(static_cast<int>(cuantos - kPeriodosNombrados));
+  const auto ilegibles =
+      motor_.noVolverian({cola_.begin(), std::next(cola_.begin(), static_cast<qint64>(cuantos))});
+  if (!haIdoBien(ilegibles)) return false;
+  if (ui_.fmtTVC->isChecked() && !ilegibles->isEmpty()) lineas << u"\n"_s + *ilegibles;
   const QString pregunta =
       t(kTxExportarYBorrar, static_cast<int>(cuantos)) + u'\n' + t(kTxSonValiosos) + u"\n\n"_s +
       lineas.join(u'\n') + u"\n\n"_s +
