@@ -157,14 +157,39 @@ TEST_F(ConDudas, LaDevolucionQueSumaCuentaTampoco) {
   cuadra();
 }
 
-// One article, one piece: a day without any movement raises no question.
-TEST_F(ConDudas, UnDiaCerradoNoPreguntaNada) {
-  noche({{11, 1}});
-  EXPECT_TRUE(t.ponerACero(1, false, false));
-  noche({});
-  EXPECT_FALSE(preguntado()) << t.textoAvisos().toStdString();
+// A day without any movement raises no question, unless so few pieces may have been sold again
+// after an order without an answer.
+TEST_F(ConDudas, UnDiaCerradoPreguntaSoloSiPudoRepetirse) {
+  struct Caso {
+    std::vector<Cuenta> lunes, martes;
+    bool orden, obedecida, pregunta;
+  };
+  for (const Caso& c : {Caso{{{11, 1}}, {}, true, false, true},
+                        {{{11, 1}}, {{11, 1}}, true, true, true},
+                        {{{11, 1}}, {}, false, false, false},
+                        {kLunes, {}, true, false, false}}) {
+    noche(c.lunes);
+    if (c.orden) {
+      EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
+    }
+    noche(c.martes);
+    EXPECT_EQ(preguntado(), c.pregunta) << t.textoAvisos().toStdString();
+    if (c.pregunta) t.responder(1, 0, c.obedecida);
+    cuadra();
+    EXPECT_TRUE(t.ponerACero(1));
+  }
+}
+
+// A question doesn't go away because the counters come back to where they were: they were lower.
+TEST_F(ConDudas, LoQueSeVioMenorNoSeRetira) {
+  noche({{11, 2}, {12, 4}});
+  m().ponerACero();
+  for (int n = 0; n < 2; ++n) {
+    noche({{11, 1}, {12, 2}});
+    EXPECT_TRUE(preguntado()) << t.textoAvisos().toStdString();
+  }
+  t.responder(1, 0, true);
   cuadra();
-  EXPECT_TRUE(t.ponerACero(1));
 }
 
 TEST_F(ConDudas, LaDudaEsperaCuantasNochesHagaFalta) {
@@ -284,6 +309,24 @@ TEST_F(ConDudas, LaSenalDeUnaPuestaACeroNoSePierde) {
     cuadra();
     EXPECT_TRUE(t.ponerACero(1));
   }
+}
+
+// A refused reading shows it too, once what waited is memorised.
+TEST_F(ConDudas, LoRechazadoTampocoSeOlvida) {
+  vender({{11, 1}});
+  t.leer(1);
+  m().ponerACero();
+  t.amanecer();
+  const totals::Lectura nada{{{0, {}}}};
+  for (const TipoTotal clase : {TipoTotal::GranTotal, TipoTotal::PLUs})
+    EXPECT_TRUE(!t.sesion().guardarLectura(1, clase, nada, t.avisos) &&
+                t.sesion().lecturaFallida(1, clase));
+  t.memorizar();
+  noche({{11, 1}, {12, 1}});
+  EXPECT_TRUE(preguntado()) << t.textoAvisos().toStdString();
+  t.responder(1, 0, true);
+  cuadra();
+  EXPECT_TRUE(t.ponerACero(1));
 }
 
 // Lost records look like a zeroing; matching sums show which kinds to believe.

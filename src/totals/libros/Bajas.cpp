@@ -49,6 +49,7 @@ Resultado<> anotarBajas(Database& db, int grupo, TipoTotal clase) {
 
 Resultado<> anotarRechazada(Database& db, int grupo, TipoTotal clase, const Lectura& lectura,
                             qint64 sec) {
+  if (lectura.maquinas.empty()) return anotar(db, grupo, 0, clase, sec);
   for (const auto& [addr, filas] : lectura.maquinas)
     TARVO_INTENTAR(anotar(db, grupo, addr, clase, sec));
   return {};

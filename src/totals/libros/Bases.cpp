@@ -114,8 +114,8 @@ Resultado<std::optional<std::set<TipoTotal>>> clasesFiables(Database& db, const 
   return fiables.empty() ? std::nullopt : std::optional(fiables);
 }
 
-// Machines of the group that may have forgotten although no count is lower: told to forget before
-// they were read, without an answer, or lower in an earlier reading that nobody judged.
+// Machines of the group that were told to forget before they were read and may not have heard it,
+// or were lower in an earlier reading that nobody judged.
 Resultado<std::set<int>> conSospecha(Database& db, const Ajustes& ajustes, int grupo) {
   TARVO_TOMAR(auto addrs, conBajas(db, ajustes, grupo));
   TARVO_INTENTAR(dao::recorrer(

@@ -283,6 +283,14 @@ Resultado<std::vector<qint64>> CerrSes::responder(int grupo, int addr, bool olvi
   contestado_ = grupo;
   auto hechos = LaSesion(true, 0, avisos);
   contestado_.reset();
+  for (const qint64 link : hechos.value_or(std::vector<qint64>{})) {
+    TARVO_TOMAR(const auto periodo, p_.columna(link));
+    if (periodo)
+      avisos.push_back(
+          {grupo,
+           s_.textos()(kTxContestadoEn, {grupo, TextoPeriodo(periodo->periodo).simplified()}),
+           false});
+  }
   return hechos;
 }
 

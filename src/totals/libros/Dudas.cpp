@@ -65,7 +65,8 @@ Resultado<> dejarFuera(Database& db, const Ajustes& ajustes, int grupo) {
 Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                        const std::map<int, Testimonios>& maquinas, std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto clases, clasesRecibidas(db, ajustes, grupo));
-  TARVO_INTENTAR(cerrarDudas(db, grupo));
+  // An answer about another machine holds as long as the same reading waits.
+  TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Dudas WHERE GRUPO=? AND RESPUESTA IS NULL"_s, grupo));
   TARVO_TOMAR(const auto desde,
               db.uno(u"SELECT COALESCE(MAX(BASE_HASTA), (SELECT PZERO FROM Sesiones WHERE "
                      u"CODGPO=GRUPO)) FROM Lecturas WHERE GRUPO=?",
@@ -76,7 +77,7 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
                          : t.empty()     ? Testimonio{}
                                          : t.begin()->second;
     TARVO_INTENTAR(db.ejecutar(
-        u"INSERT INTO Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) VALUES (?, ?, ?, ?, ?, ?)"_s,
+        u"INSERT OR REPLACE INTO Dudas (GRUPO, ADDR, CLASES, DESDE, IMP_SI, IMP_NO) VALUES (?, ?, ?, ?, ?, ?)"_s,
         grupo, addr, clases, desde.fecha(), g.impAhora, g.impAhora - g.impAntes));
     const QString cual = addr == 0 ? QString::number(grupo) : u"%1:%2"_s.arg(grupo).arg(addr);
     avisos.push_back(

@@ -125,6 +125,7 @@ std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
   const bool quietas = firmes(c.t) || quietos(c.t);
   if (c.confirmadas >= 2) return quietas ? std::nullopt : std::optional(masLarga(vias));
   if (c.anunciadas >= 2 && baja && !quietas && !c.desmentida) return masLarga(vias);
+  if (quietos(c.t)) return masCorta(vias);
   switch (juzgar(c.t, c.anunciadas >= 2, true)) {
     case Veredicto::Guarda:
       return masCorta(vias);
@@ -140,6 +141,7 @@ std::optional<Via> nadaOTodo(const Caja& c, const std::vector<Via>& vias) {
 std::optional<Via> claseAClase(const Caja& c, const std::vector<Via>& vias) {
   Via via;
   for (const auto& [k, t] : c.t) {
+    if (t.quieto()) continue;
     const Veredicto v = juzgar({{k, t}}, c.dudosas.contains(k), true);
     if (v == Veredicto::Duda) return std::nullopt;
     if (v == Veredicto::Olvido) via.insert(k);

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "totals/libros/AjustesSesion.h"
+#include "totals/libros/Bajas.h"
 #include "totals/libros/SesionInterior.h"
 
 namespace tarvo::totals {
@@ -44,6 +45,7 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->reanuda = reanuda;
   d->leidosAhora.clear();
   d->retenidas.clear();
+  d->rechazadas.clear();
 }
 
 void Sesion::ponerEnProceso(bool si) {
@@ -135,7 +137,16 @@ Resultado<> Sesion::PrepararRecepcion(int grupo, TipoTotal clase) {
 }
 
 Resultado<> Sesion::lecturaFallida(int grupo, TipoTotal clase) {
-  return d->anotarLectura(grupo, clase, Estado::kFallida, reloj_.ahora());
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+  TARVO_INTENTAR(d->anotarLectura(grupo, clase, Estado::kFallida, reloj_.ahora()));
+  const auto rechazada = d->rechazadas.find({grupo, clase});
+  if (rechazada != d->rechazadas.end()) {
+    TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
+    TARVO_INTENTAR(anotarRechazada(db_, grupo, clase, rechazada->second, sec));
+  }
+  TARVO_INTENTAR(tr.confirmar());
+  if (rechazada != d->rechazadas.end()) d->rechazadas.erase(rechazada);
+  return {};
 }
 
 }  // namespace tarvo::totals

@@ -15,6 +15,8 @@ namespace {
 using dao::conMarcas;
 using dao::Database;
 
+constexpr qint64 kVentasQueNoSeRepiten = 3;
+
 // The amount of a machine's articles, read whole since it last forgot; `sola`: of a later run than
 // its grand total.
 Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo, int addr, bool sola) {
@@ -254,7 +256,10 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
     return Comparacion::SinLectura;
   }
   const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
-  if (leido.CON == con && leido.IMP == imp && leido.PES == pes) return Comparacion::Igual;
+  const bool igual = leido.CON == con && leido.IMP == imp && leido.PES == pes;
+  // A piece or two may be sold again for the same amount after a zeroing that nobody recorded.
+  if (igual && con < kVentasQueNoSeRepiten && pes == 0 && con > 0) return Comparacion::Mas;
+  if (igual) return Comparacion::Igual;
   // A returned item may lower the count; it doesn't halve it.
   if (2 * leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
   return Comparacion::Mas;

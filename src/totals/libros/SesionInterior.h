@@ -36,6 +36,8 @@ struct Sesion::Estado {
   std::set<int> leidosAhora;  // groups read since this process started the run
   // Readings of groups with an open question, until the session closes.
   std::map<int, std::map<TipoTotal, totals::Lectura>> retenidas;
+  // Those refused, until they are noted as failed: the caller's transaction is taken back.
+  std::map<std::pair<int, TipoTotal>, totals::Lectura> rechazadas;
 };
 
 // Condition on a row of Lecturas: read since the machine at an address (a parameter) last confirmed

@@ -254,9 +254,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
   TARVO_TOMAR(const auto pisa, pisariaVentas(db_, c, grupo, sumaDeMaquinas(lectura, deVarias),
                                              lectura.entera, d->abierta > 0));
   if (pisa) {
-    TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(anotarRechazada(db_, grupo, tipo, lectura, sec));
-    TARVO_INTENTAR(tr.confirmar());
+    d->rechazadas[{grupo, tipo}] = lectura;
     return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
   }
   const auto guardar = [&]() -> Resultado<> {

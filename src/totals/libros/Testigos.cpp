@@ -182,17 +182,17 @@ bool firmes(const Testimonios& t) {
 }
 
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
-  if (quietos(t)) return Veredicto::Guarda;
   const Testimonio& f = masFino(t);
   const Testimonio& g = granTotalDe(t);
+  // The same few pieces may be sold again.
+  const bool porAzar = sospecha && puntos(f) + f.variasIguales < kNoEsAzarSinRespuesta;
+  if (quietos(t)) return f.claves > 0 && porAzar ? Veredicto::Duda : Veredicto::Guarda;
   const bool sinPesos = kPorPesoIgual * f.pesosIguales < kNoEsAzar;
   if (sospecha && cayo(g) && sinPesos && puedeSerOtroDia(f)) return Veredicto::Duda;
   const bool baja = algunaBaja(t);
   if (!baja && !sospecha) return Veredicto::Guarda;
   if (!baja && !todas) return Veredicto::Duda;
-  if (firmes(t))
-    return sospecha && puntos(f) + f.variasIguales < kNoEsAzarSinRespuesta ? Veredicto::Duda
-                                                                           : Veredicto::Guarda;
+  if (firmes(t)) return porAzar ? Veredicto::Duda : Veredicto::Guarda;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
   const bool bastan =
       muchasBajas(f) ||

@@ -43,8 +43,9 @@ Resultado<std::map<int, Testimonios>> testimoniosDeGrupo(dao::Database& db,
                                                          int grupo);
 
 enum class Veredicto { Guarda, Olvido, Duda };  // holds its memorised counters, forgot, either
-// `sospecha`: an order to forget was sent and may not have been heard. `todas`: every memorised
-// kind of the machine was reread.
+// `sospecha`: it may have forgotten although no counter is lower: an order to forget was sent and
+// may not have been heard, or an earlier reading that nobody judged was lower. `todas`: every
+// memorised kind of the machine was reread.
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas);
 // For a machine that confirmed that it forgot and wasn't seen at zero: it is believed if more of
 // its counters are lower than returns explain, and not if more are where they were than two days
