@@ -13,6 +13,7 @@
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Delegado.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
+#include "core/ventanas/parrilla/VistaParrilla.h"
 
 namespace tarvo::ventanas {
 
@@ -138,6 +139,9 @@ void Parrilla::Interior::montar() {
   connect(v, &QTableView::doubleClicked, &yo, [this](const QModelIndex& i) {
     if (!editar(i)) Q_EMIT yo.activada(i.row());
   });
+  static_cast<VistaParrilla*>(v)->alPulsar([this] {
+    if (std::exchange(actualPorDecir, false)) Q_EMIT yo.actualCambiada(yo.filaActual());
+  });
   connect(delegado, &Delegado::acabada, &yo, [this](int pasos) { seguirEditando(pasos); });
   connect(delegado, &Delegado::closeEditor, &yo, [this](QWidget*, Delegado::EndEditHint como) {
     if (como == Delegado::RevertModelCache) resolver();
@@ -250,8 +254,10 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
     QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);
   });
   auto* s = yo.vista_->selectionModel();
-  connect(s, &QItemSelectionModel::currentRowChanged, &yo,
-          [this](const QModelIndex& i) { Q_EMIT yo.actualCambiada(i.row()); });
+  connect(s, &QItemSelectionModel::currentRowChanged, &yo, [this](const QModelIndex& i) {
+    actualPorDecir = static_cast<VistaParrilla*>(yo.vista_)->pulsando();
+    if (!actualPorDecir) Q_EMIT yo.actualCambiada(i.row());
+  });
   connect(s, &QItemSelectionModel::currentChanged, &yo, [this] {
     if (tecleo == Tecleo::Perdido) tecleo = Tecleo::Nada;
   });

@@ -1,7 +1,10 @@
 #include "core/ventanas/parrilla/VistaParrilla.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
 
 namespace tarvo::ventanas {
 
@@ -42,6 +45,25 @@ QItemSelectionModel::SelectionFlags VistaParrilla::selectionCommand(const QModel
   if (extremo && !(e->modifiers() & Qt::ShiftModifier))
     return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
   return QTableView::selectionCommand(indice, evento);
+}
+
+void VistaParrilla::mousePressEvent(QMouseEvent* evento) {
+  const QPersistentModelIndex fila = indexAt(evento->pos());
+  const int antes = visualRect(fila).top();
+  donde_ = evento->globalPosition().toPoint();
+  {
+    const QScopedValueRollback en(pulsando_, true);
+    QTableView::mousePressEvent(evento);
+  }
+  if (pulsada_) pulsada_();
+  corridas_ = fila.isValid() && visualRect(fila).top() != antes;
+}
+
+// A hand that trembles drags no selection to the row that has come under the pointer.
+void VistaParrilla::mouseMoveEvent(QMouseEvent* evento) {
+  const int lejos = (evento->globalPosition().toPoint() - donde_).manhattanLength();
+  if (corridas_ && evento->buttons() && lejos < QApplication::startDragDistance()) return;
+  QTableView::mouseMoveEvent(evento);
 }
 
 // A strip that appears above the table makes it smaller.
