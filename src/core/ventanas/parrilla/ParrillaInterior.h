@@ -47,6 +47,7 @@ struct Parrilla::Interior {
   void estirar();
   void holgar(int sobra);
   QString nombreMemoria() const;
+  void relevar(const std::function<bool(int)>& seVa);
   void guardar();
   void reponer();
   void contar();
