@@ -114,7 +114,10 @@ void CalcPreVentana::avisarDelGuardado() {
 // Changes made to the article by another window meanwhile are kept.
 bool CalcPreVentana::guardar() {
   dudaGuardada_.clear();
-  if (articulo_.clave.deSistema()) return true;
+  if (articulo_.clave.deSistema()) {
+    if (tocado_) dudaGuardada_ = t(kTxCalculoDeSistema).arg(articulo_.nombre);
+    return true;
+  }
   if (const auto impide = impedimento()) {
     decirFallo(*impide);
     return false;
