@@ -63,7 +63,7 @@ void BrowPLUs::montarMenus() {
     b->setPopupMode(QToolButton::InstantPopup);
     // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this,
-            [m, b] { ventanas::desplegar(*m, b->mapToGlobal(QPoint(0, b->height()))); });
+            [m, a, barra] { ventanas::desplegar(*m, ventanas::bajo(*barra, *a)); });
     return m;
   };
   const auto entrada = [this](QMenu* m, const QString& objeto, int texto, auto hacer) {
