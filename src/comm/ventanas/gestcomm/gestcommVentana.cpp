@@ -98,16 +98,32 @@ void gestcommVentana::resizeEvent(QResizeEvent* evento) {
   ponerPalabras();
 }
 
-// The two least used commands of the bar show their words only where those of all have room.
+// Where the words of the bar don't fit beside the icons they go below them; then the least used
+// commands show none, one after the other, so that none of them is out of reach. The same for the
+// buttons beside the menu.
 void gestcommVentana::ponerPalabras() {
-  const auto poner = [this](Qt::ToolButtonStyle como) {
-    for (QAction* a : {ui_.TodoP, ui_.ReponP})
-      qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))->setToolButtonStyle(como);
+  QAction* const orden[] = {ui_.ReponP, ui_.TodoP, ui_.StopP, ui_.PauseP, ui_.Diagn,
+                            ui_.TrashP, ui_.ManuP, ui_.AutoP, ui_.RunP};
+  const auto boton = [this](QAction* a) {
+    return qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a));
   };
-  poner(Qt::ToolButtonTextBesideIcon);
   const QMargins m = ui_.todo->contentsMargins();
-  if (ui_.barra->sizeHint().width() > cuerpo()->width() - m.left() - m.right())
-    poner(Qt::ToolButtonIconOnly);
+  const int ancho = cuerpo()->width() - m.left() - m.right();
+  const auto caben = [&](Qt::ToolButtonStyle como) {
+    for (QAction* a : orden) boton(a)->setToolButtonStyle(como);
+    return ui_.barra->sizeHint().width() <= ancho;
+  };
+  if (!caben(Qt::ToolButtonTextBesideIcon) && !caben(Qt::ToolButtonTextUnderIcon))
+    for (QAction* a : orden) {
+      boton(a)->setToolButtonStyle(Qt::ToolButtonIconOnly);
+      if (ui_.barra->sizeHint().width() <= ancho) break;
+    }
+  // Its sentence alone would make the window wider than the screen.
+  if (minimumSizeHint().width() > screen()->availableSize().width()) ui_.LblModo->setWordWrap(true);
+  for (const auto como : {Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly}) {
+    for (QToolButton* b : {ui_.btEstado, ui_.btTramas}) b->setToolButtonStyle(como);
+    if (ui_.lineaMenu->sizeHint().width() <= ancho) break;
+  }
 }
 
 // --- notifications from the engine
