@@ -59,7 +59,7 @@ TEST_F(Gestcomm, SeguirDiceQuienEsperaYQuePasaConLoParado) {
   pasar(150);
   QTest::keyClick(cola()->vista(), Qt::Key_A, Qt::ControlModifier);
   QTest::keyClick(v, Qt::Key_F6);
-  EXPECT_TRUE(v->tira().texto().startsWith(u"Hecho con 1 tarea. 3 tareas esperan a que"))
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Hecho con 1 tarea. 3 tareas esperan un canal libre"))
       << v->tira().texto().toStdString();
   cola()->irA(0);
   ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Transfiriendo datos"; }));
