@@ -87,14 +87,39 @@ Resultado<> LectorResumen::leerEjecuciones() {
     if (i <= r_.noche || f_.ahora - ultimas[i].inicio < kNoche)
       r_.ejecuciones.push_back(std::move(ultimas[i]));
   TARVO_INTENTAR(leerLoHechoAMano());
+  if (!r_.ejecuciones.empty()) TARVO_INTENTAR(leerMemorizadoAMano(r_.ejecuciones[r_.noche]));
   // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
+  for (const auto& [grupo, memorizado] : aMano_)
+    anadir([this, p = PeriodoHecho{memorizado.link, {}}, n = r_.ejecuciones[r_.noche].numero] {
+      return leerPeriodo(p, n);
+    });
   for (const auto& e : r_.ejecuciones)
     for (const PeriodoHecho& p : e.periodos)
       anadir([this, p, n = e.numero] { return leerPeriodo(p, n); });
   return {};
+}
+
+// What was read since a night that was stopped or cut off began is in periods that its own record
+// lacks.
+Resultado<> LectorResumen::leerMemorizadoAMano(const EjecucionHecha& noche) {
+  const bool cortada =
+      noche.fin == FinEjecucion::Abortada || noche.fin == FinEjecucion::Interrumpida;
+  if (!cortada || !f_.db.existeTabla(u"Origenes")) return {};
+  return dao::recorrer(
+      f_.db.consultar(
+          u"SELECT DISTINCT o.GRUPO, o.LINK, c.TIPO, c.FECHA1, c.FECHAF FROM Origenes o "
+          u"INNER JOIN COLUMNA c ON c.LINK=o.LINK WHERE o.LEIDO>=? ORDER BY o.LINK",
+          noche.inicio),
+      [&](const dao::Recordset& rs) {
+        const qint64 link = rs.entero(1);
+        if (std::ranges::find(noche.periodos, link, &PeriodoHecho::link) == noche.periodos.end())
+          aMano_[static_cast<int>(rs.entero(0))] = {
+              link, totals::DecirPeriodo({static_cast<int>(rs.entero(2)), rs.fecha(3), rs.fecha(4)},
+                                         f_.textos)};
+      });
 }
 
 // The latest run that asks more than half as many groups for their totals as any of them: a small
@@ -201,7 +226,7 @@ void LectorResumen::arreglarAMano(int grupo, DeGrupo& d) {
     asunto.vez = ++veces_;
     d.aMano = std::max(d.aMano.value_or(cuando), cuando);
   }
-  if (d.aMano) d.arreglado = true;
+  if (d.aMano || aMano_.contains(grupo)) d.arreglado = true;
   if (d.aMano) d.avisos.clear();  // they are of what was read again
   const auto cero = d.clases.find(TipoTarea::TxZero);
   const auto hecho = ceros_.find(grupo);

@@ -117,13 +117,14 @@ Renglon Redactor::comoFue() const {
   };
   const bool cortada = fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada;
   const bool tropezo = cortada || (fin == FinEjecucion::Problemas && r_.sinQueHacer.isEmpty());
-  const bool faltan = hay([&](const auto& g) {
-    return (mal(g) && !g.posterior) ||
-           (cortada && g.comunica && g.estado == EstadoGrupo::SinIntentar);
-  });
-  const bool arreglada = !faltan && hay([](const auto& g) { return g.arreglado; });
+  const bool sinPedir = cortada && hay([](const auto& g) {
+                          return g.comunica && g.estado == EstadoGrupo::SinIntentar;
+                        });
+  const bool faltan = sinPedir || hay([&](const auto& g) { return mal(g) && !g.posterior; });
+  const bool algo = hay([](const auto& g) { return g.arreglado; });
+  const bool arreglada = !faltan && algo;
   if (hay([](const auto& g) { return g.estado == EstadoGrupo::Fallido && !g.posterior; }) ||
-      (cortada && !arreglada)) {
+      (cortada && (sinPedir || !algo))) {
     r.estado = Estado::Mal;
     r.titulo = t_(kTxNocheMal);
   } else if (faltan || !r_.avisos.empty() || (tropezo && !arreglada)) {
