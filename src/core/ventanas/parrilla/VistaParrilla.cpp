@@ -71,7 +71,7 @@ void VistaParrilla::resizeEvent(QResizeEvent* evento) {
   const int faltan = evento->oldSize().height() - evento->size().height();
   const QRect fila = visualRect(currentIndex());
   const bool visible =
-      fila.isValid() && fila.top() >= 0 && fila.bottom() < evento->oldSize().height();
+      fila.isValid() && fila.bottom() >= 0 && fila.top() < evento->oldSize().height();
   QTableView::resizeEvent(evento);
   if (faltan > 0 && visible) scrollTo(currentIndex());
 }
