@@ -95,6 +95,12 @@ void gestcommVentana::changeEvent(QEvent* evento) {
 
 void gestcommVentana::resizeEvent(QResizeEvent* evento) {
   Ventana::resizeEvent(evento);
+  if (isVisible()) ponerPalabras();
+}
+
+// Not before its parts are shown: the bar would lose track of its overflow button.
+void gestcommVentana::showEvent(QShowEvent* evento) {
+  Ventana::showEvent(evento);
   ponerPalabras();
 }
 
@@ -109,14 +115,16 @@ void gestcommVentana::ponerPalabras() {
   };
   const QMargins m = ui_.todo->contentsMargins();
   const int ancho = cuerpo()->width() - m.left() - m.right();
+  // A bar that is just wide enough has an overflow button with nothing in it.
+  const int suyo = ancho - style()->pixelMetric(QStyle::PM_ToolBarExtensionExtent);
   const auto caben = [&](Qt::ToolButtonStyle como) {
     for (QAction* a : orden) boton(a)->setToolButtonStyle(como);
-    return ui_.barra->sizeHint().width() <= ancho;
+    return ui_.barra->sizeHint().width() <= suyo;
   };
   if (!caben(Qt::ToolButtonTextBesideIcon) && !caben(Qt::ToolButtonTextUnderIcon))
     for (QAction* a : orden) {
       boton(a)->setToolButtonStyle(Qt::ToolButtonIconOnly);
-      if (ui_.barra->sizeHint().width() <= ancho) break;
+      if (ui_.barra->sizeHint().width() <= suyo) break;
     }
   // Its sentence alone would make the window wider than the screen.
   if (minimumSizeHint().width() > screen()->availableSize().width()) ui_.LblModo->setWordWrap(true);
