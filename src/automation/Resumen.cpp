@@ -13,6 +13,7 @@
 #include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
+#include "totals/libros/SinArticulos.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/Calendario.h"
 
@@ -358,15 +359,29 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
   }
   TARVO_TOMAR(const auto lista, totals::compararTotales(f_.db, f_.ajustes, link, g.grupo));
   for (const auto& c : lista) ++(c.cuadra() ? g.cuadran : g.difieren);
+  TARVO_TOMAR(const auto sinArticulos, loQueNoTieneArticulos(g, link));
   if (g.difieren > 0) g.motivos << Plural(f_.textos(kTxNoCuadran), g.difieren);
   if (g.difieren > 0 && g.estado == EstadoGrupo::Bien) {
     g.estado = EstadoGrupo::Dudoso;
     g.motivo = g.motivos.last();
   } else if (g.estado == EstadoGrupo::Bien && g.cuadran > 0) {
     g.motivos << Plural(f_.textos(kTxCuadran), g.cuadran);
-    g.motivo = g.motivos.join(u' ');
   }
+  if (!sinArticulos.isEmpty()) g.motivos << sinArticulos;
+  if (g.estado == EstadoGrupo::Bien) g.motivo = g.motivos.join(u' ');
   return {};
+}
+
+// Of its part of the period, or of what was read last.
+Resultado<QString> LectorResumen::loQueNoTieneArticulos(const GrupoResumen& g, qint64 link) const {
+  std::vector<int> sin;
+  if (link != 0) {
+    TARVO_TOMAR(sin, totals::gruposSinArticulos(f_.db, f_.ajustes, link, g.grupo));
+  } else {
+    TARVO_TOMAR(const auto falta, totals::leidoSinArticulos(f_.db, f_.ajustes, g.grupo));
+    if (falta) sin.push_back(g.grupo);
+  }
+  return totals::decirSinArticulos(f_.db, f_.textos, sin);
 }
 
 // --- what waits and what comes ------------------------------------------------------------------

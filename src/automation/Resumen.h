@@ -122,6 +122,7 @@ class LectorResumen {
   DeGrupo& tomarlo(int grupo);
   Resultado<> leerGrupos();
   Resultado<> cuadrar(size_t grupo);
+  Resultado<QString> loQueNoTieneArticulos(const GrupoResumen& g, qint64 link) const;
   Resultado<> leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion);
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();

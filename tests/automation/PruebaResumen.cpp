@@ -239,6 +239,15 @@ TEST(Resumen, LoMemorizadoAManoTrasPararLaNocheCuenta) {
   }
 }
 
+TEST(Resumen, LoRecogidoSinArticulosSeDice) {
+  TiendaDeProcesos tienda;
+  const auto p = tienda.programa();
+  correr(*p, u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s);
+  EXPECT_EQ(leer(*p).grupos[1].motivo,
+            u"Recogido. Sin totales por artículos: 0002 Tienda. No consta "
+            u"qué artículos se vendieron.");
+}
+
 // The next night is under way: nothing from the previous one is reported for a group that it reads.
 TEST(Resumen, UnaNocheEnMarchaNoHablaDeLaAnterior) {
   TiendaDeProcesos tienda;

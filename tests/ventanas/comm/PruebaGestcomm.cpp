@@ -330,6 +330,7 @@ TEST_F(Gestcomm, LoQueSePierdeSePregunta) {
   const QString alBorrar = responder({}, borrar);
   EXPECT_TRUE(alBorrar.contains(u"0001 G: 1 artículo;")) << alBorrar.toStdString();
   EXPECT_TRUE(alBorrar.contains(u"15,00")) << alBorrar.toStdString();
+  EXPECT_TRUE(alBorrar.contains(u"Sin totales por artículos: 0001 G.")) << alBorrar.toStdString();
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   // Once memorised in a period, the same reading is only the base of the next one.
   sql(u"UPDATE Lecturas SET LINK=7"_s);
