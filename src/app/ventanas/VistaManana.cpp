@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "automation/Ejecutor.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -158,6 +160,13 @@ std::vector<Renglon> Redactor::deArranque() const {
                      .palabra = t_(kTxVerAjustes),
                      .titulo = {},
                      .texto = duda,
+                     .valor = {},
+                     .lleva = PuertaPortalCnf()});
+  for (const Ajustes::Pisada& p : a_.pisadas | std::views::take(kAvisosVistos))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = {},
+                     .texto = automation::decirPisada(p, t_),
                      .valor = {},
                      .lleva = PuertaPortalCnf()});
   return lista;
