@@ -24,6 +24,7 @@ namespace {
 constexpr int kRefrescoMs = 100;
 constexpr int kMirarSesionMs = 500;
 constexpr int kParpadeoMs = 500;
+constexpr int kAnchoConFrase = 860;   // with the sentence of the mode in one line
 constexpr size_t kAcabadasMax = 500;  // ended tasks that remain visible
 
 }  // namespace
@@ -47,6 +48,8 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   ui_.zonaCanales->setFrameShape(QFrame::NoFrame);
   ui_.zonaCanales->setMinimumWidth(PanelCanal::anchoPreferido() + escalar(kSeparacion));
   ponerLetra(*ui_.LblModo, Letra::Secundaria);
+  // Its sentence alone would make the window wider than the screen.
+  ui_.LblModo->setWordWrap(screen()->availableSize().width() < escalar(kAnchoConFrase));
   enlazar();
   ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
   ui_.s_espe->vivas();
@@ -126,8 +129,6 @@ void gestcommVentana::ponerPalabras() {
       boton(a)->setToolButtonStyle(Qt::ToolButtonIconOnly);
       if (ui_.barra->sizeHint().width() <= suyo) break;
     }
-  // Its sentence alone would make the window wider than the screen.
-  if (minimumSizeHint().width() > screen()->availableSize().width()) ui_.LblModo->setWordWrap(true);
   for (const auto como : {Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly}) {
     for (QToolButton* b : {ui_.btEstado, ui_.btTramas}) b->setToolButtonStyle(como);
     if (ui_.lineaMenu->sizeHint().width() <= ancho) break;
