@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <random>
+#include <ranges>
 
 #include "app/Consola.h"
 #include "app/Ordenes.h"
 #include "app/TextosApp.h"
+#include "automation/Ejecutor.h"
 #include "comm/cables/FabricaReal.h"
 #include "comm/tareas/Repertorio.h"
 
@@ -142,8 +144,11 @@ void Noche::acabar() {
   alAcabar(estado_);
 }
 
-int guardarAjustes(const Fondo& fondo, int estado) {
+int guardarAjustes(Fondo& fondo, int estado) {
+  const size_t antes = fondo.ajustes.pisadas.size();
   const auto guardado = fondo.ajustes.GuardarConfig();
+  for (const auto& p : fondo.ajustes.pisadas | std::views::drop(antes))
+    avisar(automation::decirPisada(p, fondo.textos));
   if (guardado) return estado;
   avisar(fondo.textos(kTxAjustesNoGuardados).arg(guardado.error().texto));
   return std::max<int>(estado, kProblemas);

@@ -64,6 +64,6 @@ class Noche {
 };
 
 // Writes the settings; a failure is reported, and makes the status at least "problems".
-int guardarAjustes(const Fondo& fondo, int estado);
+int guardarAjustes(Fondo& fondo, int estado);
 
 }  // namespace tarvo::app

@@ -75,6 +75,17 @@ std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& aj
                 {ver(antes), ver(ahora), veces(mayor, menor)});
 }
 
+std::optional<QString> avisoCambio(const QString& articulo, const QString& precio, qint64 antes,
+                                   qint64 ahora, const Ajustes& ajustes, const Textos& textos) {
+  const auto aviso = avisoCambio(antes, ahora, ajustes, textos);
+  if (!aviso) return std::nullopt;
+  return textos(kTxAvisoDePrecio, {articulo, precio, *aviso});
+}
+
+QString nombrePrecio(int nivel, int tarifa, const Textos& textos) {
+  return textos(kTxPrecioDeTarifa + nivel, {tarifa + 1});
+}
+
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos) {
   if (nombre.size() <= kNombreMayor) return std::nullopt;
   return textos(kTxLimiteNombre, {nombre.size(), kNombreMayor});

@@ -41,6 +41,12 @@ std::optional<QString> avisoPrecio(qint64 precio, const Ajustes& ajustes, const 
 // than half.
 std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& ajustes,
                                    const Textos& textos);
+// The same, which names whose price it is and which one, for a person who may look elsewhere by
+// then.
+std::optional<QString> avisoCambio(const QString& articulo, const QString& precio, qint64 antes,
+                                   qint64 ahora, const Ajustes& ajustes, const Textos& textos);
+// A price by its level and its tarifa, from 0.
+QString nombrePrecio(int nivel, int tarifa, const Textos& textos);
 
 // The fault in a name, a department or a label format, in words; nothing for a good one.
 std::optional<QString> malNombre(const QString& nombre, const Textos& textos);

@@ -93,7 +93,8 @@ struct Automat::Interior final : motor::Observador {
   ResultadoProceso resultado = ResultadoProceso::Bien;
   qint64 indice = -1;
   bool pendiente = false;
-  qint64 conCabecera = -1;  // the step whose header was written last
+  size_t pisadasDichas = 0;  // of those of the settings file
+  qint64 conCabecera = -1;   // the step whose header was written last
   Ejecucion e;
   std::vector<qint64> ultimos;  // periods of the last memorisation; outlives a run
   Vigilancia vigilancia;

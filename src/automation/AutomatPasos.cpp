@@ -128,10 +128,11 @@ void Automat::Interior::soltarMotor() {
 
 void Automat::Interior::sesionAlFichero() {
   const auto r = t.sesion.reflejar();
-  if (r) return;
   Hecho h;
-  h.decir(t.textos(kTxConfiguracionSinGuardar, {r.error().texto}));
-  informar(h);
+  for (; pisadasDichas < t.ajustes.pisadas.size(); ++pisadasDichas)
+    h.decir(decirPisada(t.ajustes.pisadas[pisadasDichas], t.textos), false);
+  if (!r) h.decir(t.textos(kTxConfiguracionSinGuardar, {r.error().texto}));
+  if (!h.detalles.empty()) informar(h);
 }
 
 // The record of the run can't be kept, so nothing more may happen under it.

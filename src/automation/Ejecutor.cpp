@@ -90,6 +90,10 @@ Hecho deFallo(const Error& error, int codigo) {
   return h;
 }
 
+QString decirPisada(const Ajustes::Pisada& p, const Textos& textos) {
+  return textos(kTxPisada, {p.clave, p.vale, p.perdido});
+}
+
 QString mensajePaso(int codigo, const Textos& textos) {
   return codigo > 0 && codigo <= kUltimoMensaje ? textos(kTxMensajePaso + codigo) : QString();
 }

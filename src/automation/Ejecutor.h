@@ -34,6 +34,8 @@ struct Hecho {
 };
 
 QString mensajePaso(int codigo, const Textos& textos);
+// What was lost of the settings file when it was written.
+QString decirPisada(const Ajustes::Pisada& pisada, const Textos& textos);
 // The result of a step refused by the store, with its message of failure.
 Hecho deFallo(const Error& error, int codigo = 0);
 

@@ -13,6 +13,7 @@
 #include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
+#include "totals/libros/SinArticulos.h"
 #include "totals/libros/TablasLibros.h"
 #include "totals/periodos/Calendario.h"
 
@@ -87,14 +88,39 @@ Resultado<> LectorResumen::leerEjecuciones() {
     if (i <= r_.noche || f_.ahora - ultimas[i].inicio < kNoche)
       r_.ejecuciones.push_back(std::move(ultimas[i]));
   TARVO_INTENTAR(leerLoHechoAMano());
+  if (!r_.ejecuciones.empty()) TARVO_INTENTAR(leerMemorizadoAMano(r_.ejecuciones[r_.noche]));
   // The earliest first, so that the latest prevails.
   for (size_t i = r_.ejecuciones.size(); i > 0; --i)
     anadir([this, i] { return leerEjecucion(r_.ejecuciones[i - 1]); });
   anadir([this] { return leerGrupos(); });
+  for (const auto& [grupo, memorizado] : aMano_)
+    anadir([this, p = PeriodoHecho{memorizado.link, {}}, n = r_.ejecuciones[r_.noche].numero] {
+      return leerPeriodo(p, n);
+    });
   for (const auto& e : r_.ejecuciones)
     for (const PeriodoHecho& p : e.periodos)
       anadir([this, p, n = e.numero] { return leerPeriodo(p, n); });
   return {};
+}
+
+// What was read since a night that was stopped or cut off began is in periods that its own record
+// lacks.
+Resultado<> LectorResumen::leerMemorizadoAMano(const EjecucionHecha& noche) {
+  const bool cortada =
+      noche.fin == FinEjecucion::Abortada || noche.fin == FinEjecucion::Interrumpida;
+  if (!cortada || !f_.db.existeTabla(u"Origenes")) return {};
+  return dao::recorrer(
+      f_.db.consultar(
+          u"SELECT DISTINCT o.GRUPO, o.LINK, c.TIPO, c.FECHA1, c.FECHAF FROM Origenes o "
+          u"INNER JOIN COLUMNA c ON c.LINK=o.LINK WHERE o.LEIDO>=? ORDER BY o.LINK",
+          noche.inicio),
+      [&](const dao::Recordset& rs) {
+        const qint64 link = rs.entero(1);
+        if (std::ranges::find(noche.periodos, link, &PeriodoHecho::link) == noche.periodos.end())
+          aMano_[static_cast<int>(rs.entero(0))] = {
+              link, totals::DecirPeriodo({static_cast<int>(rs.entero(2)), rs.fecha(3), rs.fecha(4)},
+                                         f_.textos)};
+      });
 }
 
 // The latest run that asks more than half as many groups for their totals as any of them: a small
@@ -201,7 +227,7 @@ void LectorResumen::arreglarAMano(int grupo, DeGrupo& d) {
     asunto.vez = ++veces_;
     d.aMano = std::max(d.aMano.value_or(cuando), cuando);
   }
-  if (d.aMano) d.arreglado = true;
+  if (d.aMano || aMano_.contains(grupo)) d.arreglado = true;
   if (d.aMano) d.avisos.clear();  // they are of what was read again
   const auto cero = d.clases.find(TipoTarea::TxZero);
   const auto hecho = ceros_.find(grupo);
@@ -333,15 +359,29 @@ Resultado<> LectorResumen::cuadrar(size_t cual) {
   }
   TARVO_TOMAR(const auto lista, totals::compararTotales(f_.db, f_.ajustes, link, g.grupo));
   for (const auto& c : lista) ++(c.cuadra() ? g.cuadran : g.difieren);
+  TARVO_TOMAR(const auto sinArticulos, loQueNoTieneArticulos(g, link));
   if (g.difieren > 0) g.motivos << Plural(f_.textos(kTxNoCuadran), g.difieren);
   if (g.difieren > 0 && g.estado == EstadoGrupo::Bien) {
     g.estado = EstadoGrupo::Dudoso;
     g.motivo = g.motivos.last();
   } else if (g.estado == EstadoGrupo::Bien && g.cuadran > 0) {
     g.motivos << Plural(f_.textos(kTxCuadran), g.cuadran);
-    g.motivo = g.motivos.join(u' ');
   }
+  if (!sinArticulos.isEmpty()) g.motivos << sinArticulos;
+  if (g.estado == EstadoGrupo::Bien) g.motivo = g.motivos.join(u' ');
   return {};
+}
+
+// Of its part of the period, or of what was read last.
+Resultado<QString> LectorResumen::loQueNoTieneArticulos(const GrupoResumen& g, qint64 link) const {
+  std::vector<int> sin;
+  if (link != 0) {
+    TARVO_TOMAR(sin, totals::gruposSinArticulos(f_.db, f_.ajustes, link, g.grupo));
+  } else {
+    TARVO_TOMAR(const auto falta, totals::leidoSinArticulos(f_.db, f_.ajustes, g.grupo));
+    if (falta) sin.push_back(g.grupo);
+  }
+  return totals::decirSinArticulos(f_.db, f_.textos, sin);
 }
 
 // --- what waits and what comes ------------------------------------------------------------------

@@ -115,12 +115,14 @@ class LectorResumen {
   Resultado<size_t> cualEsLaNoche(const std::vector<EjecucionHecha>& ultimas) const;
   Resultado<> leerEjecucion(const EjecucionHecha& e);
   Resultado<> leerLoHechoAMano();
+  Resultado<> leerMemorizadoAMano(const EjecucionHecha& noche);
   bool leidoEntero(int grupo, TipoTarea clase, Fecha desde) const;
   void arreglarAMano(int grupo, DeGrupo& d);
   Resultado<> leerMemorizado(qint64 ejecucion);
   DeGrupo& tomarlo(int grupo);
   Resultado<> leerGrupos();
   Resultado<> cuadrar(size_t grupo);
+  Resultado<QString> loQueNoTieneArticulos(const GrupoResumen& g, qint64 link) const;
   Resultado<> leerPeriodo(const PeriodoHecho& hecho, qint64 ejecucion);
   Resultado<> leerAnteriores(PeriodoResumen& p, Fecha desde);
   Resultado<> leerBandeja();
@@ -152,6 +154,11 @@ class LectorResumen {
   std::map<QString, Fecha> ultimas_;                     // the last start of each process
   std::map<std::pair<int, TipoTarea>, Fecha> lecturas_;  // the last whole ones
   std::map<int, Fecha> ceros_;                           // when all machines of a group confirmed
+  struct Memorizado {
+    qint64 link = 0;
+    QString periodo;  // its days
+  };
+  std::map<int, Memorizado> aMano_;  // the groups that a window memorised after a cut night
   int veces_ = 0;
 };
 

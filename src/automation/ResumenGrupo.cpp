@@ -98,13 +98,16 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   const qint64 noche = r_.ejecuciones.empty() ? 0 : r_.ejecuciones[r_.noche].numero;
   const FinEjecucion fin = noche > 0 ? r_.ejecuciones[r_.noche].fin : FinEjecucion::Bien;
   const bool cortada = fin == FinEjecucion::Abortada || fin == FinEjecucion::Interrumpida;
+  const auto suyo = aMano_.find(g.grupo);
+  const Memorizado* memo = suyo == aMano_.end() || d.enCurso ? nullptr : &suyo->second;
   if (comunica && d.clases.empty() && !d.enCurso && cortada &&
       leidoEntero(g.grupo, TipoTarea::RxGrTot, r_.ejecuciones[r_.noche].inicio)) {
     const Fecha cuando = lecturas_.at({g.grupo, TipoTarea::RxGrTot});
     g.estado = EstadoGrupo::Bien;
     g.arreglado = true;
     g.motivos << t(kTxRecogidoAMano, {cuando.general()});
-    g.motivo = g.motivos.first();
+    if (memo) g.motivos << t(kTxMemorizadoAMano, {memo->periodo});
+    g.motivo = g.motivos.join(u' ');
     return;
   }
   if ((d.clases.empty() && !d.enCurso) || !comunica) {
@@ -115,7 +118,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     return;
   }
   std::map<QString, std::vector<TipoTarea>> sinLeer;  // by reason
-  std::vector<TipoTarea> cortadas;
+  std::vector<TipoTarea> cortadas, sinHacer;  // what can wait, once its sales are in a period
   QStringList fallos, dudas;
   bool leido = false, porLeer = false, deLaNoche = false;
   for (const auto& [clase, asunto] : d.clases) {
@@ -125,7 +128,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
       deLaNoche = true;
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
       porLeer = porLeer || lectura;
-      if (!d.enCurso) cortadas.push_back(clase);
+      if (!d.enCurso) (memo && !lectura ? sinHacer : cortadas).push_back(clase);
     } else if (asunto.tarea.estado == TareaHecha::Estado::Hecha) {
       leido = leido || lectura;
     } else if (lectura) {
@@ -140,6 +143,7 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
                    ? t(kTxNoRecogido, {nombresDe(clases), motivo})
                    : t(kTxNadaRecogido, {motivo}));
   if (!cortadas.empty()) fallos << t(kTxCortado, {nombresDe(cortadas)});
+  if (!sinHacer.empty()) dudas << t(kTxCortado, {nombresDe(sinHacer)});
   dudas = d.avisos + dudas;  // the reports explain what wasn't done
   const Avance avance = d.enCurso ? avanceDe(g.grupo, d) : Avance{};
   const QStringList marcha =
@@ -157,6 +161,9 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   if (g.motivos.isEmpty() && d.aMano) g.motivos << t(kTxRecogidoAMano, {d.aMano->general()});
   if (g.motivos.isEmpty()) g.motivos << loRecogido(d);
   g.motivo = g.motivos.first();
+  if (!memo) return;
+  g.motivos << t(kTxMemorizadoAMano, {memo->periodo});
+  if (g.estado == EstadoGrupo::Bien) g.motivo = g.motivos.join(u' ');
 }
 
 }  // namespace tarvo::automation

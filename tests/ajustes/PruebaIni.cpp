@@ -312,6 +312,39 @@ TEST(Ini, DeCadaClaveLoMaloSeNombraYSigueEscrito) {
   EXPECT_EQ(sinFila.join(u' '), QString());
 }
 
+// Another editor writes in the file meanwhile: what this program hasn't changed stays as it is
+// there.
+TEST(Ini, AlGuardarQuedaLoCambiadoDesdeFuera) {
+  const QTemporaryDir carpeta;
+  const QString ruta = carpeta.filePath(u"TARVO.INI"_s);
+  const auto escribir = [&](const QByteArray& texto) {
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(texto);
+  };
+  Ajustes a(carpeta.path(), Idioma::Espanol, app::ajustesDeLasSalas());
+  escribir("WhoAmI= 1\r\nTimeOut= 500\r\nEuro= 2\r\nRutaPuerto(2)= /dev/x\r\n");
+  ASSERT_TRUE(a.LeerConfig());
+  ASSERT_TRUE(a.GuardarConfig());
+  escribir("WhoAmI= 9\r\nTimeOut= 700\r\nEuro= 3\r\nTimeACK= cinco\r\n");
+  a.MonedaPreferente = 0;
+  a.Euro = 4;
+  for (int vez = 0; vez < 2; ++vez) {
+    ASSERT_TRUE(a.GuardarConfig());
+    QFile f(ruta);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    const QByteArray queda = f.readAll();
+    for (const char* linea : {"WhoAmI= 9\r", "TimeOut= 700\r", "TimeACK= cinco\r",
+                              "MonedaPreferente= 0\r", "Euro= 4.000000\r"})
+      EXPECT_TRUE(queda.contains(linea)) << linea << '\n' << queda.toStdString();
+    EXPECT_TRUE(queda.contains("RutaPuerto(2)= /dev/x\r")) << "the file may be half written";
+  }
+  EXPECT_EQ(a.WhoAmI, 1) << "in use until the next start";
+  ASSERT_EQ(a.pisadas.size(), 1U);
+  EXPECT_EQ(a.pisadas[0].clave, u"Euro");
+  EXPECT_EQ(a.pisadas[0].perdido, u"3.000000");
+}
+
 TEST(Ini, CualquierFinDeLineaVale) {
   for (const QString& fin : {u"\r\n"_s, u"\n"_s, u"\r"_s}) {
     const Ajustes a = leidos(QStringList{u"HomeDir= Datos"_s, u"TimeOut= 500"_s, {}}.join(fin));

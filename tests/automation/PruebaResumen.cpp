@@ -5,6 +5,7 @@
 #include "automation/Resumen.h"
 #include "automation/TiendaDeProcesos.h"
 #include "automation/historia/TablasHistoria.h"
+#include "stock/Almacenes.h"
 #include "textos/TextosDePrueba.h"
 
 namespace tarvo::automation {
@@ -206,6 +207,45 @@ TEST(Resumen, LoRecogidoAManoCuenta) {
   EXPECT_EQ(g.estado, EstadoGrupo::Bien) << g.motivos.join(u' ').toStdString();
   EXPECT_TRUE(g.motivo.startsWith(u"Se recogió después, el 05/03/2026 08:0"))
       << g.motivo.toStdString();
+}
+
+// A night that was stopped after it had read, and memorised by a person since: it is told.
+TEST(Resumen, LoMemorizadoAManoTrasPararLaNocheCuenta) {
+  TiendaDeProcesos tienda;
+  const auto p = tienda.programa();
+  maquinasDePrueba().alPreguntar = [&] { p->automat().retener(); };  // at the end of the wait
+  p->correr(kNoche);
+  tienda.reloj.avanzar(60'000);
+  maquinasDePrueba().alPreguntar = nullptr;
+  p->automat().abortar();
+  ASSERT_TRUE(p->hastaElFin());
+  tienda.reloj.avanzar(10 * 3600 * 1000);
+  EXPECT_FALSE(leer(*p).grupos[0].arreglado);
+  stock::Almacenes almacenes(p->db(), p->reloj(), textosDePrueba());
+  totals::Periodos periodos(p->db(), p->ajustes(), almacenes, textosDePrueba());
+  totals::CerrSes cerrar(p->sesion(), periodos);
+  std::vector<totals::Aviso> avisos;
+  prueba::bien(cerrar.AnalizarScratch(avisos));
+  ASSERT_EQ(prueba::bien(cerrar.LaSesion(true, 0, avisos)).size(), 1U);
+  const Resumen r = leer(*p);
+  EXPECT_EQ(r.ejecuciones[r.noche].fin, FinEjecucion::Abortada);
+  ASSERT_EQ(r.periodos.size(), 1U) << "it is the night's";
+  for (const GrupoResumen& g : r.grupos) {
+    EXPECT_TRUE(g.arreglado);
+    EXPECT_EQ(g.estado, EstadoGrupo::Bien) << g.motivos.join(u' ').toStdString();
+    EXPECT_TRUE(g.motivo.startsWith(u"Recogido. Después se memorizó, en 4 de marzo de 2026."))
+        << g.motivo.toStdString();
+    EXPECT_TRUE(g.importe);
+  }
+}
+
+TEST(Resumen, LoRecogidoSinArticulosSeDice) {
+  TiendaDeProcesos tienda;
+  const auto p = tienda.programa();
+  correr(*p, u"T:RXGRTOT,ALL\r\nC:ESPERA,1,No\r\nS:CERRAR,x,Sí,Sí\r\n"_s);
+  EXPECT_EQ(leer(*p).grupos[1].motivo,
+            u"Recogido. Sin totales por artículos: 0002 Tienda. No consta "
+            u"qué artículos se vendieron.");
 }
 
 // The next night is under way: nothing from the previous one is reported for a group that it reads.

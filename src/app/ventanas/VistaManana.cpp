@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 #include "app/Aplicacion.h"
 #include "app/ventanas/TextosPrincipal.h"
+#include "automation/Ejecutor.h"
 #include "comm/motor/TextosMotor.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/TextosVentanas.h"
@@ -117,13 +119,14 @@ Renglon Redactor::comoFue() const {
   };
   const bool cortada = fin == FinEjecucion::Interrumpida || fin == FinEjecucion::Abortada;
   const bool tropezo = cortada || (fin == FinEjecucion::Problemas && r_.sinQueHacer.isEmpty());
-  const bool faltan = hay([&](const auto& g) {
-    return (mal(g) && !g.posterior) ||
-           (cortada && g.comunica && g.estado == EstadoGrupo::SinIntentar);
-  });
-  const bool arreglada = !faltan && hay([](const auto& g) { return g.arreglado; });
+  const bool sinPedir = cortada && hay([](const auto& g) {
+                          return g.comunica && g.estado == EstadoGrupo::SinIntentar;
+                        });
+  const bool faltan = sinPedir || hay([&](const auto& g) { return mal(g) && !g.posterior; });
+  const bool algo = hay([](const auto& g) { return g.arreglado; });
+  const bool arreglada = !faltan && algo;
   if (hay([](const auto& g) { return g.estado == EstadoGrupo::Fallido && !g.posterior; }) ||
-      (cortada && !arreglada)) {
+      (cortada && (sinPedir || !algo))) {
     r.estado = Estado::Mal;
     r.titulo = t_(kTxNocheMal);
   } else if (faltan || !r_.avisos.empty() || (tropezo && !arreglada)) {
@@ -157,6 +160,13 @@ std::vector<Renglon> Redactor::deArranque() const {
                      .palabra = t_(kTxVerAjustes),
                      .titulo = {},
                      .texto = duda,
+                     .valor = {},
+                     .lleva = PuertaPortalCnf()});
+  for (const Ajustes::Pisada& p : a_.pisadas | std::views::take(kAvisosVistos))
+    lista.push_back({.estado = Estado::Duda,
+                     .palabra = t_(kTxVerAjustes),
+                     .titulo = {},
+                     .texto = automation::decirPisada(p, t_),
                      .valor = {},
                      .lleva = PuertaPortalCnf()});
   return lista;

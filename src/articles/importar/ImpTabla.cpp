@@ -119,7 +119,10 @@ QStringList ImpTabla::preciosRaros(const std::optional<Articulo>& antes,
       const qint64 nuevo = ahora.precios[nivel][tarifa];
       const qint64 viejo = antes ? antes->precios[nivel][tarifa] : 0;
       if (nuevo == viejo) continue;
-      if (const auto aviso = articles::avisoCambio(viejo, nuevo, ajustes_, catalogo_.textos()))
+      const QString cual = articles::nombrePrecio(static_cast<int>(nivel), static_cast<int>(tarifa),
+                                                  catalogo_.textos());
+      if (const auto aviso =
+              articles::avisoCambio(ahora.nombre, cual, viejo, nuevo, ajustes_, catalogo_.textos()))
         avisos << *aviso;
     }
   return avisos;

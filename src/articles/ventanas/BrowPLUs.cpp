@@ -31,7 +31,8 @@ BrowPLUs::BrowPLUs(ventanas::Contexto& contexto, const QString& nombre, Catalogo
   ui_.setupUi(cuerpo());
   enlazar();
   precios_ = std::make_unique<ParrillaPrecios>(
-      *this, *ui_.GrdPre, [this](const Precios& p) { return CambioPrecios(p); });
+      *this, *ui_.GrdPre, [this](const Precios& p) { return CambioPrecios(p); },
+      [this] { return ui_.Grid->texto(ui_.Grid->filaActual(), u"NOMPLU"); });
   montar();
 }
 
@@ -165,7 +166,10 @@ std::function<Resultado<>(qint64, const QString&)> BrowPLUs::ponerPrecio(size_t 
     const QString columna = columnaPrecio(static_cast<int>(nivel), static_cast<int>(tarifa));
     const auto poner = [&](Articulo& a) -> Resultado<> {
       TARVO_TOMAR(const auto precio, leerPrecio(*this, texto, contexto().ajustes.MonedaNativa));
-      aviso = avisoCambio(a.precios[nivel][tarifa], precio, contexto().ajustes, contexto().textos);
+      const Textos& textos = contexto().textos;
+      const QString cual = nombrePrecio(static_cast<int>(nivel), static_cast<int>(tarifa), textos);
+      aviso =
+          avisoCambio(a.nombre, cual, a.precios[nivel][tarifa], precio, contexto().ajustes, textos);
       a.precios[nivel][tarifa] = precio;
       return {};
     };

@@ -97,8 +97,10 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   Resultado<QString> nombrar(std::span<const ClaveArticulo> claves) const;
   void borrar();
   void trasladar(bool mover);
+  // `parado`: how many stay because it was stopped; empty if it wasn't.
+  using AlFinal = std::function<void(qint64 hechos, const QString& parado)>;
   void porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
-                const std::function<void(qint64 hechos)>& alFinal);
+                const AlFinal& alFinal);
   void anotarDeshacer(const QString& que, qint64 lote);
   Resultado<bool> conformeConVolver(qint64 lote);
   Resultado<Vuelto> volverDe(const std::shared_ptr<LoteGuardado>& lote, const QString& que,

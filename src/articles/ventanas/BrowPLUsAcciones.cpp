@@ -63,7 +63,7 @@ void BrowPLUs::montarMenus() {
     b->setPopupMode(QToolButton::InstantPopup);
     // The shortcut opens the menu below its button.
     connect(a, &QAction::triggered, this,
-            [m, b] { ventanas::desplegar(*m, b->mapToGlobal(QPoint(0, b->height()))); });
+            [m, a, barra] { ventanas::desplegar(*m, ventanas::bajo(*barra, *a)); });
     return m;
   };
   const auto entrada = [this](QMenu* m, const QString& objeto, int texto, auto hacer) {
@@ -170,7 +170,7 @@ std::vector<ClaveArticulo> BrowPLUs::elegidos() {
 
 // Processes a number of articles per step.
 void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, const Paso& paso,
-                        const std::function<void(qint64)>& alFinal) {
+                        const AlFinal& alFinal) {
   const auto todas = std::make_shared<std::vector<ClaveArticulo>>(std::move(claves));
   const auto hechos = std::make_shared<qint64>(0);
   const auto uno = [=, this](Trabajo::Avance& a) -> Resultado<bool> {
@@ -190,7 +190,9 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
     ui_.Grid->limpiarSeleccion();
     refrescar();
     ui_.Grid->setFocus();
-    alFinal(*hechos);
+    const auto quedan = static_cast<int>(todas->size()) - static_cast<int>(*hechos);
+    const bool parado = fin && *fin == Trabajo::Fin::Parado && quedan > 0;
+    alFinal(*hechos, parado ? t(kTxSePararon, quedan) : QString());
     habilitar();
     if (!fin) decirFallo(informe(*this, fin.error()));
   });
@@ -228,12 +230,14 @@ void BrowPLUs::borrar() {
   const auto paso = [this, lote = *lote](std::span<const ClaveArticulo> tanda) {
     return lotes_.borrar(lote, tanda);
   };
-  porPasos(t(kTxBorrando), claves, paso, [=, this, lote = *lote](qint64 hechos) {
+  const auto fin = [=, this, lote = *lote](qint64 hechos, const QString& parado) {
     const QString que = t(kTxBorrados, static_cast<int>(hechos));
-    anotarDeshacer(que, lote);
+    hechos > 0 ? anotarDeshacer(que, lote) : void(haIdoBien(lotes_.acabar(lote)));
     ui_.Grid->irA(std::clamp(sitio, 0, std::max(0, ui_.Grid->filas() - 1)));
-    decirBien(t(kTxSePuedeDeshacer).arg(que));
-  });
+    const QString dicho = hechos > 0 ? t(kTxSePuedeDeshacer).arg(que) : que + u'.';
+    parado.isEmpty() ? decirBien(dicho) : decirDuda(dicho + u' ' + parado);
+  };
+  porPasos(t(kTxBorrando), claves, paso, fin);
 }
 
 void BrowPLUs::trasladar(bool mover) {
@@ -255,10 +259,13 @@ void BrowPLUs::trasladar(bool mover) {
     return {};
   };
   porPasos(t(mover ? kTxMoviendo : kTxCopiandoPLUs), claves, paso,
-           [=, this, lote = *lote](qint64 hechos) {
+           [=, this, lote = *lote](qint64 hechos, const QString& parado) {
              const int bien = static_cast<int>(hechos - fuera->size());
              const QString que = t(mover ? kTxMovidos : kTxCopiados, bien);
              if (bien > 0) anotarDeshacer(que, lote);
+             if (!parado.isEmpty())
+               return decirDuda((bien > 0 ? t(kTxSePuedeDeshacer).arg(que) : que + u'.') + u' ' +
+                                parado);
              if (fuera->isEmpty()) return decirBien(t(kTxSePuedeDeshacer).arg(que));
              decirDuda((bien > 0 ? que + u". "_s : QString()) + t(kTxDuplicado),
                        t(kTxNoTrasladados) + fuera->join(u", "_s));

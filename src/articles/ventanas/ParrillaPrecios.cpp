@@ -20,8 +20,13 @@ constexpr int kFilasALaVista = 5;  // including the heading, if there is little 
 
 }  // namespace
 
-ParrillaPrecios::ParrillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar)
-    : v_(v), p_(p), alCambiar_(std::move(alCambiar)), moneda_(v.contexto().ajustes.MonedaNativa) {
+ParrillaPrecios::ParrillaPrecios(ventanas::Ventana& v, ventanas::Parrilla& p, AlCambiar alCambiar,
+                                 std::function<QString()> deQuien)
+    : v_(v),
+      p_(p),
+      alCambiar_(std::move(alCambiar)),
+      deQuien_(std::move(deQuien)),
+      moneda_(v.contexto().ajustes.MonedaNativa) {
   std::vector<ventanas::Columna> columnas{{.titulo = kTxTarifa,
                                            .campo = u"lbTfa"_s,
                                            .clase = Clase::Codigo,
@@ -87,11 +92,13 @@ QString ParrillaPrecios::queCambia(const Precios& antes, const Precios& ahora) c
 Resultado<> ParrillaPrecios::escribir(int nivel, qint64 fila, const QString& texto) {
   TARVO_TOMAR(const auto importe, leerPrecio(v_, texto, moneda_));
   Precios nuevos = precios_;
+  const Textos& textos = v_.contexto().textos;
+  const QString deQuien = deQuien_(), cual = nombrePrecio(nivel, static_cast<int>(fila), textos);
   const qint64 antes =
       std::exchange(nuevos[static_cast<size_t>(nivel)][static_cast<size_t>(fila)], importe);
   TARVO_INTENTAR(alCambiar_(nuevos));
   poner(nuevos);
-  if (const auto aviso = avisoCambio(antes, importe, v_.contexto().ajustes, v_.contexto().textos))
+  if (const auto aviso = avisoCambio(deQuien, cual, antes, importe, v_.contexto().ajustes, textos))
     v_.decirDuda(*aviso);
   return {};
 }

@@ -13,7 +13,9 @@ class ParrillaPrecios {
   using AlCambiar = std::function<Resultado<>(const Precios& nuevos)>;
 
   // REQUIRES that window and list outlive it.
-  ParrillaPrecios(ventanas::Ventana& ventana, ventanas::Parrilla& parrilla, AlCambiar alCambiar);
+  // `deQuien`: the article's name, for messages.
+  ParrillaPrecios(ventanas::Ventana& ventana, ventanas::Parrilla& parrilla, AlCambiar alCambiar,
+                  std::function<QString()> deQuien);
 
   void poner(const Precios& precios);
   void vaciar();
@@ -28,6 +30,7 @@ class ParrillaPrecios {
   ventanas::Ventana& v_;
   ventanas::Parrilla& p_;
   AlCambiar alCambiar_;
+  std::function<QString()> deQuien_;
   Precios precios_{};
   int moneda_;
 };

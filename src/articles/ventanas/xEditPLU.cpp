@@ -78,7 +78,7 @@ void XEditPLU::montar() {
 // Cells are written at once, to the copy: Ctrl+Z takes them back until the form is closed.
 void XEditPLU::montarDeshacer() {
   deshacer_ = new ventanas::Deshacer(*this);
-  precios_ = std::make_unique<ParrillaPrecios>(*this, *listaPrecios_, [this](const Precios& p) {
+  const auto alCambiar = [this](const Precios& p) {
     const Precios era = std::exchange(r.articulo.precios, p);
     if (era == p) return Resultado<>();
     deshacer_->apuntar(precios_->queCambia(era, p), [this, era]() -> Resultado<Vuelto> {
@@ -87,7 +87,9 @@ void XEditPLU::montarDeshacer() {
       return Vuelto();
     });
     return Resultado<>();
-  });
+  };
+  precios_ = std::make_unique<ParrillaPrecios>(*this, *listaPrecios_, alCambiar,
+                                               [this] { return r.articulo.nombre; });
   for (ventanas::Parrilla* p : {listaPrecios_, listaStock_}) deshacer_->seguirTandas(*p);
 }
 

@@ -293,7 +293,7 @@ void EdiCron::elegirOtro() {
       menu->addAction(QFileInfo(fichero).completeBaseName().toUpper(), this,
                       [this, fichero] { abrirOtro(fichero); });
   ponerLetras(*menu);
-  desplegar(*menu, ui_.barra->mapToGlobal(ui_.barra->rect().bottomLeft()));
+  desplegar(*menu, bajo(*ui_.barra, *ui_.otro));
 }
 
 void EdiCron::abrirOtro(const QString& fichero) {

@@ -97,15 +97,22 @@ Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
   return {};
 }
 
+// A task that wasn't sent waits like any other, and is not all right.
 void Diagnostico::decir(int estado, int error, const QString& textoError) {
   const bool normal = esNormal(estado), incompleta = normal && !textoError.isEmpty();
+  const bool denegada = estado == motor::kEnEspera && error == motor::kErrorSuprimido;
   const Estado tono = incompleta ? Estado::Duda : normal ? Estado::Bien : Estado::Mal;
   const int lado = escalar(kIconoGrande);
   ui_.Imagen->setPixmap(iconoEstado(tono).pixmap(lado, lado));
-  ui_.LblTitular->setText(t(normal ? kTxSinAnomalia : kTxConAnomalia));
+  const bool acabada = estado == motor::kTerminado && incompleta;
+  ui_.LblTitular->setText(t(denegada  ? kTxDenegada
+                            : acabada ? kTxTerminadoIncompleto
+                            : normal  ? kTxSinAnomalia
+                                      : kTxConAnomalia));
   ui_.TxtDetalle->setVisible(!normal || incompleta);
   ui_.TxtDetalle->setPlainText(textoError);
-  ui_.LblRemedio->setVisible(!normal);
+  ui_.LblRemedio->setVisible(!normal || denegada);
+  if (denegada) ui_.LblRemedio->setText(t(kTxRemedioDenegada));
   if (normal) return;
   const auto e = motor::textosError(error, contexto().textos);
   QStringList lineas{motor::TextoEstado(estado, contexto().textos),

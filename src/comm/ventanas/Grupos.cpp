@@ -5,6 +5,7 @@
 #include "comm/ventanas/TextosCommVentanas.h"
 #include "core/dinero/Dinero.h"
 #include "core/ventanas/marco/MyMsgBox.h"
+#include "totals/libros/SinArticulos.h"
 
 namespace tarvo::comm {
 
@@ -46,6 +47,9 @@ bool consientePerder(ventanas::Ventana& quien, const envios::Grupos& losGrupos,
   }
   if (perdidas->size() > kGruposNombrados)
     lineas << quien.t(kTxPerdidaYMas, static_cast<int>(perdidas->size() - kGruposNombrados));
+  const auto sinArticulos = totals::decirSinArticulos(sesion, grupos);
+  if (!quien.haIdoBien(sinArticulos)) return false;
+  if (!sinArticulos->isEmpty()) lineas << *sinArticulos;
   using namespace ventanas;
   return MyMsgBox::Decide(&quien, quien.contexto().textos, lineas.join(u'\n'),
                           kAceptoCancelo | kExclamacion | kPrudente);

@@ -61,17 +61,28 @@ QString Ajustes::rutaConfig() const {
 
 Resultado<> Ajustes::LeerConfig() {
   const auto bytes = ficheros::leerBytes(rutaConfig(), kMayorIni);
-  if (!bytes && bytes.error().clase == Fallo::NoExiste) return {};
-  if (!bytes) return std::unexpected(bytes.error());
-  leer(ficheros::descodificar(*bytes));
+  if (!bytes && bytes.error().clase != Fallo::NoExiste) return std::unexpected(bytes.error());
+  const QString texto = bytes ? ficheros::descodificar(*bytes) : QString();
+  if (bytes) leer(texto);
+  tomarPorEscrito(renglonesDe(texto));
   return {};
 }
 
-Resultado<> Ajustes::GuardarConfig() const {
-  const QByteArray nuevo = ficheros::codificar(escribir());
-  if (const auto viejo = ficheros::leerBytes(rutaConfig(), kMayorIni); viejo && *viejo == nuevo)
-    return {};
-  return ficheros::escribirEntero(rutaConfig(), nuevo);
+Resultado<> Ajustes::GuardarConfig() {
+  const auto viejo = ficheros::leerBytes(rutaConfig(), kMayorIni);
+  std::vector<Pisada> perdidas;
+  Renglones todos =
+      viejo && nuestros_ ? juntar(ficheros::descodificar(*viejo), perdidas) : renglones();
+  const QByteArray nuevo = ficheros::codificar(componer(todos));
+  if (!viejo || *viejo != nuevo) TARVO_INTENTAR(ficheros::escribirEntero(rutaConfig(), nuevo));
+  pisadas.insert(pisadas.end(), perdidas.begin(), perdidas.end());
+  tomarPorEscrito(std::move(todos));
+  return {};
+}
+
+void Ajustes::tomarPorEscrito(Renglones delFichero) {
+  delFichero_ = std::move(delFichero);
+  nuestros_ = renglones();
 }
 
 }  // namespace tarvo

@@ -8,6 +8,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <optional>
 #include <set>
 #include <utility>
 #include <vector>
@@ -91,8 +92,10 @@ class Ajustes {
   // unreadable one (no rights, a folder, too large) changes nothing either, and its error is
   // returned for the caller to report.
   Resultado<> LeerConfig();
-  // Writes the file whole beside its place and renames it.
-  Resultado<> GuardarConfig() const;
+  // Writes the file whole beside its place and renames it. Of keys that this program hasn't changed
+  // since it read or wrote the file the file as it is now counts, whoever has changed it; the
+  // settings in memory stay.
+  Resultado<> GuardarConfig();
   QString rutaConfig() const;
   // The same for a text: LeerConfig and GuardarConfig without the file.
   void leer(const QString& texto);
@@ -131,6 +134,11 @@ class Ajustes {
     QString linea, vale, clave;
   };
   std::vector<Duda> dudas;
+  // A key that another program had changed as well: what it had written is lost.
+  struct Pisada {
+    QString clave, perdido, vale;
+  };
+  std::vector<Pisada> pisadas;
   // A value that wasn't understood whole stays in the file as it was written, and is a doubt at
   // each start, until the setting has another value or a person saves it as it is: then this
   // forgets it, by its key.
@@ -148,6 +156,16 @@ class Ajustes {
   QString escrito(const ClaveIni& clave, int indice) const;
   const QString* rechazado(const ClaveIni& clave, int indice) const;
 
+  // The values of the lines, by key in capitals and index.
+  using Renglones = std::map<std::pair<QString, int>, QString>;
+  Renglones renglones() const;
+  Renglones renglonesDe(const QString& texto) const;
+  QString componer(const Renglones& renglones) const;
+  Renglones juntar(const QString& texto, std::vector<Pisada>& perdidas) const;
+  void tomarPorEscrito(Renglones delFichero);
+
+  // When the file was last read or written: what it had, and what this program would have written.
+  std::optional<Renglones> delFichero_, nuestros_;
   struct Rechazado {
     QString escrito, vale;  // what the file says, and the value in its place
   };

@@ -17,6 +17,10 @@ QString renglon(const QString& nombre, const QString& valor) {
   return nombre + QStringLiteral("= ") + ini::enUnaLinea(valor) + QStringLiteral("\r\n");
 }
 
+QString nombreDe(const ClaveIni& clave, int indice) {
+  return indice < 0 ? clave.nombre : QStringLiteral("%1(%2)").arg(clave.nombre).arg(indice);
+}
+
 }  // namespace
 
 void Ajustes::faltaSala(const char* tipo) {
@@ -106,19 +110,65 @@ void Ajustes::ponerMonedaNativa(int moneda) {
 }
 
 QString Ajustes::escribir() const {
+  return componer(renglones());
+}
+
+Ajustes::Renglones Ajustes::renglones() const {
+  Renglones todos;
+  for (const ClaveIni& c : claves_)
+    for (int i = c.indices.menor; i <= c.indices.mayor; ++i) {
+      const QString* suyo = rechazado(c, i);
+      if (!suyo && c.seEscribe && !c.seEscribe(*this, i)) continue;
+      todos[{c.nombre.toUpper(), i}] = suyo ? *suyo : c.escribir(*this, i);
+    }
+  return todos;
+}
+
+// As this program would write the lines of the text.
+Ajustes::Renglones Ajustes::renglonesDe(const QString& texto) const {
+  Ajustes leidos(*this);
+  leidos.leer(texto);
+  std::set<std::pair<QString, int>> estan;
+  ini::recorrer(texto, [&](const ini::Linea& l) { estan.emplace(l.clave, l.indice); });
+  Renglones todos = leidos.renglones();
+  std::erase_if(todos, [&](const auto& r) { return !estan.contains(r.first); });
+  return todos;
+}
+
+QString Ajustes::componer(const Renglones& renglones) const {
   QString texto;
   int parrafo = claves_.front().sitio / kParrafo;
   for (const ClaveIni& c : claves_) {
     if (c.sitio / kParrafo != parrafo) texto += QStringLiteral("\r\n");
     parrafo = c.sitio / kParrafo;
     for (int i = c.indices.menor; i <= c.indices.mayor; ++i) {
-      const QString* suyo = rechazado(c, i);
-      if (!suyo && c.seEscribe && !c.seEscribe(*this, i)) continue;
-      const QString nombre = i < 0 ? c.nombre : QStringLiteral("%1(%2)").arg(c.nombre).arg(i);
-      texto += renglon(nombre, suyo ? *suyo : c.escribir(*this, i));
+      const auto suyo = renglones.find({c.nombre.toUpper(), i});
+      if (suyo != renglones.end()) texto += renglon(nombreDe(c, i), suyo->second);
     }
   }
   return texto;
+}
+
+// Ours of the keys that this program has changed, those of the text of the keys that only others
+// have; a key that it lacks stays, as another program may be writing the file right now. REQUIRES
+// that the file has been read or written.
+Ajustes::Renglones Ajustes::juntar(const QString& texto, std::vector<Pisada>& perdidas) const {
+  const Renglones ahora = renglones(), suyos = renglonesDe(texto);
+  const auto en = [](const Renglones& r, const Renglones::key_type& clave) {
+    const auto hallado = r.find(clave);
+    return hallado == r.end() ? std::nullopt : std::optional(hallado->second);
+  };
+  Renglones todos;
+  for (const ClaveIni& c : claves_)
+    for (int i = c.indices.menor; i <= c.indices.mayor; ++i) {
+      const Renglones::key_type clave{c.nombre.toUpper(), i};
+      const auto nuestro = en(ahora, clave), suyo = en(suyos, clave);
+      const bool cambiado = nuestro != en(*nuestros_, clave);
+      if (cambiado && suyo && suyo != en(*delFichero_, clave) && suyo != nuestro)
+        perdidas.push_back({nombreDe(c, i), *suyo, nuestro.value_or(QString())});
+      if (const auto& vale = suyo && !cambiado ? suyo : nuestro) todos[clave] = *vale;
+    }
+  return todos;
 }
 
 }  // namespace tarvo

@@ -9,6 +9,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Tira.h"
+#include "totals/libros/SinArticulos.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/FormDetallesVentana.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
@@ -120,7 +121,11 @@ void CerrSesVentana::pintarPeriodo() {
   if (motor_.propuestos().size() > 1)
     texto += u' ' + t(kTxPeriodosPosibles).arg(motor_.propuestos().size());
   ui_.resumen->setText(texto);
-  ui_.faltan->setText(bandeja ? textoFaltan(bandeja->faltan) : QString());
+  const auto sinArticulos = decirSinArticulos(s_, std::vector(grupos.begin(), grupos.end()));
+  QStringList faltas{bandeja ? textoFaltan(bandeja->faltan) : QString()};
+  if (haIdoBien(sinArticulos)) faltas << *sinArticulos;
+  faltas.removeAll(QString());
+  ui_.faltan->setText(faltas.join(u'\n'));
   ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
 }
 

@@ -75,10 +75,8 @@ void VerTotVentana::montarMenus() {
     auto* b = qobject_cast<QToolButton*>(barra->widgetForAction(a));
     if (b) b->setPopupMode(QToolButton::InstantPopup);
     // The shortcut opens the menu below its button.
-    connect(a, &QAction::triggered, this, [this, a, b] {
-      ventanas::desplegar(*a->menu(), b && b->isVisible() ? b->mapToGlobal(QPoint(0, b->height()))
-                                                          : ui_.Grid->mapToGlobal(QPoint(0, 0)));
-    });
+    connect(a, &QAction::triggered, this,
+            [a, barra] { ventanas::desplegar(*a->menu(), ventanas::bajo(*barra, *a)); });
   }
 }
 

@@ -8,6 +8,7 @@
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/libros/Cuadre.h"
+#include "totals/libros/SinArticulos.h"
 #include "totals/periodos/Listas.h"
 #include "totals/periodos/Sumas.h"
 #include "totals/ventanas/LadoGrafica.h"
@@ -207,7 +208,11 @@ QString VerTotVentana::textoCuadre(const Columna& c) {
     return t(cuadre->granTotal ? kTxSoloGranTotal : cuadre->leido ? kTxSinCuadre : kTxSinGranTotal);
   QStringList malos;
   for (const int grupo : cuadre->malos) malos << QString::number(grupo);
-  return malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s));
+  const auto sinArticulos = decirSinArticulos(p_, c.LINK);
+  if (!haIdoBien(sinArticulos)) return {};
+  return ((malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s))) + u' ' +
+          *sinArticulos)
+      .trimmed();
 }
 
 void VerTotVentana::VerIntervalo(TipoTotal clase) {

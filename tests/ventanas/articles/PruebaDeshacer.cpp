@@ -341,7 +341,8 @@ TEST(DeshacerCeldas, UnPrecioRaroSeDice) {
       t.tecla(Qt::Key_Return);
       EXPECT_EQ(v->tira().isHidden(), *c.dice == 0) << texto.toStdString();
       if (*c.dice) {
-        EXPECT_TRUE(v->tira().texto().startsWith(QString::fromUtf16(c.dice)))
+        EXPECT_TRUE(v->tira().texto().startsWith(u"Artículo 10, P. Base, tarifa 1: "_s +
+                                                 QString::fromUtf16(c.dice)))
             << v->tira().texto().toStdString();
       }
     }

@@ -215,6 +215,23 @@ TEST(Trabajos, BorrarYDeshacer) {
   EXPECT_EQ(t.textoModal, u"Va a borrar 1 registro/s de PLU: ¿SEGURO?\n0000020  Artículo 20");
 }
 
+TEST(Trabajos, ElBorradoQueSeParaDiceCuantosQuedan) {
+  MesaDeArticulos t;
+  for (int c = 1001; c <= 2000; ++c) t.articulo(1, c, u"Artículo %1"_s.arg(c));
+  auto* v = t.abrir(u"BrowPLUs"_s);
+  auto& grid = t.lista(v);
+  grid.vista()->selectAll();
+  t.responder(u"Acepto"_s);
+  t.tecla(Qt::Key_Delete);
+  v->trabajo().parar();
+  const int quedan = t.leer(u"select count(*) from PLUSES where SECCION=1 and CODPLU>2"_s).toInt();
+  ASSERT_GT(quedan, 0);
+  EXPECT_TRUE(v->tira().texto().endsWith(
+      u"Se paró antes de acabar: %1 artículos de los elegidos se quedan como estaban."_s.arg(
+          quedan)))
+      << v->tira().texto().toStdString();
+}
+
 TEST(Trabajos, CopiarMoverYDeshacer) {
   MesaDeArticulos t;
   auto* v = t.abrir(u"BrowPLUs"_s);

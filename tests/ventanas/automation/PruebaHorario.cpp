@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
+#include <QToolBar>
 
 #include "MesaDeProcesos.h"
 #include "app/ventanas/Puertas.h"
@@ -297,7 +298,11 @@ TEST(Horarios, HayOtrosYSeBorran) {
     pieza<QAction>(e, u"otro"_s)->trigger();
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
   };
-  ASSERT_TRUE(menu());
+  const QMenu* desplegado = menu();
+  ASSERT_TRUE(desplegado);
+  const QWidget* boton =
+      pieza<QToolBar>(e, u"barra"_s)->widgetForAction(pieza<QAction>(e, u"otro"_s));
+  EXPECT_NEAR(desplegado->x(), boton->mapToGlobal(QPoint()).x(), boton->width() / 2);
   QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
   QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
   EXPECT_EQ(pieza<QLabel>(e, u"lblNom"_s)->text(), u"Preparar un horario: OTRO");

@@ -10,6 +10,68 @@ using namespace Qt::StringLiterals;
 
 using simulador::Averia;
 
+// The row pressed is the one that the keys act on, though the line of its problem moves the list;
+// once it is removed, the row that takes its place is.
+TEST_F(Gestcomm, LaFilaPulsadaEsLaDeLaOrden) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->CambioAModo(false);
+  gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxGrTot);
+  constexpr int kCeros = 30;
+  for (int i = 0; i < kCeros; ++i) gestor->NuevaTarea(2, true, 0, 9999999, TipoTarea::TxZero);
+  gestor->anadirGrupoFallido(2);
+  for (int id = 2; id < kCeros + 2; ++id) gestor->AvanzarTarea(id);  // refused
+  pasar(150);
+  v->resize(1000, 500);
+  cola()->irA(0);
+  pasar(150);
+  QTableView* vista = cola()->vista();
+  ASSERT_FALSE(control<QLabel>(u"LblProblema"_s)->isVisible());
+  const QPoint filo(20, vista->viewport()->height() - 2);
+  const int pulsada = vista->indexAt(filo).row();
+  QTest::mousePress(vista->viewport(), Qt::LeftButton, {}, filo);
+  QTest::mouseMove(vista->viewport(), filo - QPoint(0, 1));
+  QTest::mouseRelease(vista->viewport(), Qt::LeftButton, {}, filo);
+  EXPECT_TRUE(control<QLabel>(u"LblProblema"_s)->isVisible());
+  EXPECT_EQ(cola()->filaActual(), pulsada);
+  EXPECT_EQ(cola()->filasElegidas(), std::vector{pulsada});
+  QString dicho;
+  luego([&](QWidget* d) {
+    dicho = d->findChild<QLabel*>(u"LblTitular"_s)->text();
+    QTest::keyClick(d, Qt::Key_Escape);
+  });
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_TRUE(dicho.startsWith(u"No se ha hecho")) << dicho.toStdString();
+  QTest::keyClick(v, Qt::Key_Delete);
+  pasar(150);
+  EXPECT_EQ(cola()->filas(), kCeros);
+  EXPECT_EQ(cola()->filaActual(), pulsada);
+  EXPECT_EQ(cola()->filasElegidas(), std::vector{pulsada});
+}
+
+// Those told to go on that can't yet are counted apart; a stopped one says how it starts again.
+TEST_F(Gestcomm, SeguirDiceQuienEsperaYQuePasaConLoParado) {
+  dosGrupos();
+  lenta(1, 1);
+  auto* v = abrir(u"gestcomm"_s);
+  gestor->CambioAModo(false);
+  for (int i = 0; i < 4; ++i) gestor->NuevaTarea(1, true, 0, 9999999, TipoTarea::RxGrTot);
+  pasar(150);
+  QTest::keyClick(cola()->vista(), Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Hecho con 1 tarea. 3 tareas esperan un canal libre"))
+      << v->tira().texto().toStdString();
+  cola()->irA(0);
+  ASSERT_TRUE(hasta([&] { return celda(0, u"Estado") == u"Transfiriendo datos"; }));
+  QTest::keyClick(v, Qt::Key_F8);
+  QTest::keyClick(v, Qt::Key_F6);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"La tarea está parada"))
+      << v->tira().texto().toStdString();
+  for (const QKeySequence& k : {QKeySequence(Qt::Key_Delete), QKeySequence(QKeySequence::Undo)})
+    QTest::keySequence(v, k), pasar(150);
+  EXPECT_EQ(celda(0, u"Estado"), u"En espera de ser procesado");
+}
+
 // Ctrl+A chooses all; a command goes to each chosen one, and those removed together come back
 // together.
 TEST_F(Gestcomm, LasOrdenesVanATodasLasElegidas) {

@@ -327,6 +327,21 @@ TEST(MyMsgBox, RespuestasPorTeclas) {
   }
 }
 
+// The letter of the command that asked, pressed again, loses nothing.
+TEST(MyMsgBox, LoQueSePierdeNoTieneLaLetraDeQuienPregunta) {
+  const Mesa m;
+  QWidget quien;
+  QPushButton vaciar(u"V&aciar"_s, &quien);
+  for (const int estilo : {int{kAceptoCancelo}, kAceptoCancelo | kExclamacion}) {
+    cuandoHayaCaja([&](QWidget& caja) {
+      ASSERT_TRUE(QTest::qWaitForWindowActive(&caja));
+      QTest::keyClick(&caja, Qt::Key_A, Qt::AltModifier);
+      QTimer::singleShot(300, &caja, &QWidget::close);  // a button pressed so takes a moment
+    });
+    EXPECT_EQ(MyMsgBox::Decide(&quien, m.textos, u"¿Vacía?"_s, estilo), estilo == kAceptoCancelo);
+  }
+}
+
 TEST(MyMsgBox, ElFalloSeDetallaYSeCopia) {
   const Mesa m;
   cuandoHayaCaja([](QWidget& caja) {

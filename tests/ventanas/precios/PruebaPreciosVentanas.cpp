@@ -37,6 +37,20 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   EXPECT_EQ(m.suyos.calculoPrecios.d, 50);
 }
 
+// A system article keeps its prices, and whoever types one is told, also after moving on.
+TEST(VentanaCalculo, LoDeUnArticuloDelSistemaNoSeGuardaYSeDice) {
+  MesaDePrecios m;
+  auto* v = m.abrir(precios::PuertaCalcPre{.seccion = 1, .codigo = 1});
+  MesaDePrecios::escribir(v, u"precio00"_s, u"7"_s);
+  m.pulsar(Qt::Key_Return);
+  const auto dicho = [&] {
+    return v->tira().texto().startsWith(u"VENTA LIBRE A PESO es un artículo del sistema");
+  };
+  EXPECT_TRUE(dicho()) << v->tira().texto().toStdString();
+  QTest::keyClick(v, Qt::Key_PageDown);
+  EXPECT_TRUE(dicho()) << v->tira().texto().toStdString();
+}
+
 TEST(VentanaCalculo, SinTocarNadaNoSeEscribeNada) {
   MesaDePrecios m;
   m.sql(u"update PLUSES set COSTE=333"_s);

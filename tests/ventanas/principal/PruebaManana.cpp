@@ -69,6 +69,20 @@ TEST(Manana, CuentaLoDeDespues) {
   EXPECT_TRUE(pieza(*v, u"Bien. 0002 PESCADERIA. Se recogió después"_s));
 }
 
+// A night that was stopped isn't red any more once a person has memorised what it had read.
+TEST(Manana, LaNocheParadaYMemorizadaSeResuelve) {
+  MesaPrincipal t;
+  t.nocheMala();
+  const Fecha ahora = t.reloj.ahora();
+  t.sql(u"UPDATE ProcesoTareas SET HECHA=1"_s);
+  t.sql(u"UPDATE Ejecuciones SET RESULTADO=2, PERIODOS=''"_s);
+  auto* v = t.conManana();
+  EXPECT_TRUE(pieza(*v, u"La noche tuvo problemas"_s));
+  t.sql(u"INSERT INTO Origenes (LINK, GRUPO, CLASE, LEIDO) VALUES (7, 1, 17, ?)"_s, ahora - 0.2);
+  EXPECT_TRUE(
+      esperar([&] { return pieza(*v, u"La noche tuvo problemas, ya resueltos"_s) != nullptr; }));
+}
+
 // Tab follows the eye, and begins at what can be used.
 TEST(Manana, ElTabuladorVaComoSeLee) {
   MesaPrincipal t;
@@ -160,7 +174,7 @@ TEST(Manana, NoMezcla) {
   auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
   ASSERT_TRUE(otro);
   EXPECT_TRUE(
-      otro->accessibleName().contains(u"y 2 motivos más. Tiene 43,21 en otro periodo (del "))
+      otro->accessibleName().contains(u"y 3 motivos más. Tiene 43,21 en otro periodo (del "))
       << otro->accessibleName().toStdString();
   EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));

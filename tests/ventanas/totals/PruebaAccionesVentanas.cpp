@@ -373,6 +373,18 @@ TEST(VentanaAcciones, UnPeriodoHechoAManoDiceLoQueTiene) {
   }
 }
 
+TEST(VentanaAcciones, LoQueCuadraSinArticulosSeDice) {
+  Lista t;
+  t.dia("04/06/2018");
+  t.sql(u"delete from TOTPLU where GRUPO=2"_s);
+  const auto* detalle = t.abrirLista()->findChild<QLabel*>(u"detalle"_s);
+  EXPECT_TRUE(esperar([&] {
+    return detalle->text().endsWith(
+        u"cuadran entre sí. Sin totales por artículos: 0002 Mostrador "
+        u"2. No consta qué artículos se vendieron.");
+  })) << detalle->text().toStdString();
+}
+
 TEST(VentanaAcciones, OperadorYHora) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");

@@ -31,10 +31,11 @@ Resultado<> BrowOfer::precioEscrito(qint64 fila, std::size_t nivel, const QStrin
   const qint64 antes = std::exchange(precios[nivel], *precio);
   TARVO_TOMAR(auto cambio, motor_.ponerPrecios(*clave, precios, ui_.Sincro->isChecked()));
   if (ui_.Sincro->isChecked()) decirBien(t(kTxPreciosCopiados, cambio.otras()));
-  if (const auto aviso = avisoCambio(antes, *precio, contexto().ajustes, textos)) decirDuda(*aviso);
-  const QString que =
-      t(ventanas::kTxCeldaDe)
-          .arg(t(kTxNivel + static_cast<int>(nivel)), precioEnTexto(contexto(), antes));
+  const QString cual = t(kTxNivel + static_cast<int>(nivel)).trimmed();
+  const QString deQuien = ui_.Grid->texto(ui_.Grid->filaDe(fila), u"NOMPLU");
+  if (const auto aviso = avisoCambio(deQuien, cual, antes, *precio, contexto().ajustes, textos))
+    decirDuda(*aviso);
+  const QString que = t(ventanas::kTxCeldaDe).arg(cual, precioEnTexto(contexto(), antes));
   deshacer_->apuntar(que, [this, c = std::move(cambio)]() -> Resultado<ventanas::Deshacer::Vuelto> {
     TARVO_TOMAR(const auto fuera, motor_.deshacer(c));
     RefrescoRemoto();

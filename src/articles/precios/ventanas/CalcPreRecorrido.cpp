@@ -95,7 +95,11 @@ QString CalcPreVentana::dudaDePrecios(const articles::Precios& antes,
     for (std::size_t tarifa = 0; tarifa < articles::kTarifas; ++tarifa) {
       const qint64 viejo = antes[nivel][tarifa], nuevo = ahora[nivel][tarifa];
       if (viejo == nuevo) continue;
-      if (const auto aviso = avisoCambio(viejo, nuevo, contexto().ajustes, contexto().textos))
+      const Textos& textos = contexto().textos;
+      const QString cual =
+          articles::nombrePrecio(static_cast<int>(nivel), static_cast<int>(tarifa), textos);
+      if (const auto aviso =
+              avisoCambio(articulo_.nombre, cual, viejo, nuevo, contexto().ajustes, textos))
         return *aviso;
     }
   return {};
@@ -110,7 +114,10 @@ void CalcPreVentana::avisarDelGuardado() {
 // Changes made to the article by another window meanwhile are kept.
 bool CalcPreVentana::guardar() {
   dudaGuardada_.clear();
-  if (articulo_.clave.deSistema()) return true;
+  if (articulo_.clave.deSistema()) {
+    if (tocado_) dudaGuardada_ = t(kTxCalculoDeSistema).arg(articulo_.nombre);
+    return true;
+  }
   if (const auto impide = impedimento()) {
     decirFallo(*impide);
     return false;
@@ -132,7 +139,7 @@ bool CalcPreVentana::guardar() {
   tocado_ = false;
   if (nuevo == **ahora) return true;
   if (const QString duda = dudaDePrecios((*ahora)->precios, nuevo.precios); !duda.isEmpty())
-    dudaGuardada_ = nuevo.nombre + u": "_s + duda;
+    dudaGuardada_ = duda;
   if (alGuardar_) alGuardar_(**ahora, nuevo);
   articulo_ = nuevo;
   precios_ = nuevo.precios;

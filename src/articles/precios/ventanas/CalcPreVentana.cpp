@@ -64,7 +64,7 @@ void CalcPreVentana::montar() {
   decirLoDe(*ui_.grdpre, *this);
   ui_.grdpre->alEscribir([this](Celda celda, qint64 nuevo) -> Resultado<> {
     precio(celda) = nuevo;
-    tocado_ = true;
+    tocar();
     if (celda == ui_.grdpre->actual()) entrarEn(celda);
     return {};
   });
@@ -96,6 +96,12 @@ void CalcPreVentana::alinear() {
   ui_.lado->setContentsMargins(0, titulo ? titulo->sizeHint().height() + hueco : 0, 0, 0);
 }
 
+// What is typed for a system article is calculated, and stored nowhere.
+void CalcPreVentana::tocar() {
+  tocado_ = true;
+  if (articulo_.clave.deSistema()) decirDuda(t(kTxCalculoDeSistema).arg(articulo_.nombre));
+}
+
 // Only a typed value counts: leaving the field doesn't replace an exact value by its rounded
 // display.
 void CalcPreVentana::unirCaja(QLineEdit& caja, const Hacer& hacer) {
@@ -109,7 +115,7 @@ bool CalcPreVentana::tomar(QLineEdit& caja, const Hacer& hacer) {
   if (const auto mal = malTexto(caja, dicho)) return retener(caja, *mal);
   ventanas::marcarFalta(caja, false);
   hacer();
-  tocado_ = true;
+  tocar();
   pintar();
   const auto escrito = numero(caja, dicho), queda = numero(caja, caja.text());
   const bool igual =

@@ -33,6 +33,7 @@ class CalcPreVentana final : public ventanas::Ventana {
   // Applies the value typed in the field; false, after reporting it, if the field then shows a
   // different value.
   bool tomar(QLineEdit& caja, const Hacer& hacer);
+  void tocar();
   std::optional<QString> malTexto(const QLineEdit& caja, const QString& texto) const;
   bool retener(QLineEdit& caja, const QString& motivo);
   bool renunciar();

@@ -190,7 +190,8 @@ Resultado<> FastModf::escribir(qint64 fila, ColumnaRapida columna, const QString
               .arg(t(kTxColumnas + static_cast<int>(columna)), ui_.Grd->texto(i, campo)),
           *antes, nuevo);
   for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
-    avisar(antes->precios[nivel][0], nuevo.precios[nivel][0]);
+    avisar(nuevo.nombre, {static_cast<int>(nivel), 0}, antes->precios[nivel][0],
+           nuevo.precios[nivel][0]);
   if (nuevo.depto != antes->depto) avisarDepartamento(clave.seccion, nuevo.depto);
   return {};
 }
@@ -213,7 +214,7 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
       t(kTxNivel + celda.nivel).trimmed() + u", "_s + t(kTxTarifaN).arg(celda.tarifa + 1);
   apuntar(t(ventanas::kTxCeldaDe).arg(cual, precioEnTexto(contexto(), antes)), articulo_, ahora);
   articulo_.precios = ahora.precios;
-  avisar(antes, precio);
+  avisar(articulo_.nombre, celda, antes, precio);
   haIdoBien(ui_.Grd->refrescar());
   return {};
 }
@@ -236,9 +237,11 @@ void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
                                    }});
 }
 
-void FastModf::avisar(qint64 antes, qint64 ahora) {
+void FastModf::avisar(const QString& articulo, Celda celda, qint64 antes, qint64 ahora) {
   if (antes == ahora) return;
-  if (const auto aviso = avisoCambio(antes, ahora, contexto().ajustes, contexto().textos))
+  const Textos& textos = contexto().textos;
+  const QString cual = articles::nombrePrecio(celda.nivel, celda.tarifa, textos);
+  if (const auto aviso = avisoCambio(articulo, cual, antes, ahora, contexto().ajustes, textos))
     decirDuda(*aviso);
 }
 

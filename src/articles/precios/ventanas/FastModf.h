@@ -38,7 +38,7 @@ class FastModf final : public ventanas::Ventana {
   Resultado<> escribirPrecio(Celda celda, qint64 precio);
   void apuntar(const QString& que, const articles::Articulo& antes,
                const articles::Articulo& ahora);
-  void avisar(qint64 antes, qint64 ahora);
+  void avisar(const QString& articulo, Celda celda, qint64 antes, qint64 ahora);
   void avisarDepartamento(int seccion, int departamento);
   void intro(Celda celda);
   // False at the ends of the list, or if a price couldn't be stored.

@@ -203,6 +203,14 @@ Resultado<std::vector<int>> NvaOfr::preguntarPorLas(std::vector<int> grupos) {
   return grupos;
 }
 
+// Given away, if that is meant.
+bool NvaOfr::conforme() {
+  if (std::ranges::find(r.precios, std::optional<qint64>(0)) == r.precios.end()) return true;
+  return ventanas::MyMsgBox::Decide(this, contexto().textos,
+                                    t(kTxOfertaACero).arg(articulo_->nombre),
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
+}
+
 Resultado<> NvaOfr::aplicar() {
   std::vector grupos{de_.grupo};
   if (todos_->isChecked()) {
@@ -225,14 +233,15 @@ void NvaOfr::aplicada() {
   aviso_.isEmpty() ? decirBien(bien) : decirDuda(bien + u' ' + aviso_);
 }
 
-// A price of 0, or far from the normal one. Without a normal price none is far from it.
+// A price far from the normal one. Without a normal price none is far from it; 0 has been asked
+// about.
 Resultado<QString> NvaOfr::dudaDePrecios() {
   TARVO_TOMAR(const auto normales, motor_.normales(de_.grupo, de_.seccion, articulo_->codigo));
   for (std::size_t n = 0; n < precios_.size(); ++n) {
-    if (!r.precios[n]) continue;
-    if (*r.precios[n] == 0) return t(kTxOfertaACero);
-    if (const auto aviso = avisoCambio(normales ? (*normales)[n] : 0, *r.precios[n],
-                                       contexto().ajustes, contexto().textos))
+    if (r.precios[n].value_or(0) == 0) continue;
+    if (const auto aviso = avisoCambio(
+            articulo_->nombre, t(kTxNivel + static_cast<int>(n)).trimmed(),
+            normales ? (*normales)[n] : 0, *r.precios[n], contexto().ajustes, contexto().textos))
       return *aviso;
   }
   return QString();

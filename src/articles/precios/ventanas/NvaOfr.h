@@ -34,6 +34,7 @@ class NvaOfr final : public ventanas::FichaDe<OfertaEscrita> {
   void buscar();
   QString preciosNormales(qint64 codigo);
   std::vector<FaltaCampo> comprobar() override;
+  bool conforme() override;
   Resultado<QString> dudaDePrecios();
   Resultado<> aplicar() override;
   void aplicada() override;

@@ -101,38 +101,74 @@ std::vector<int> gestcommVentana::tareasElegidas() {
   return ids;
 }
 
+// What became of a command to some tasks.
+struct gestcommVentana::Balance {
+  int pedidas = 0;
+  std::vector<int> fuera = {};     // states of those that don't admit it
+  std::vector<int> quitadas = {};  // taken out of the queue
+  int esperan = 0;                 // told to go on, and waiting for a channel or for another task
+  int noVan = 0;                   // told to go on, and failed at once
+  bool paradas = false;  // of those told to go on some are stopped, and still in the queue
+  bool idas = false;     // or have left it
+};
+
 void gestcommVentana::ordenar(const std::set<int>& estados, void (gestcomm::*orden)(int)) {
   const auto ids = tareasElegidas();
-  std::vector<int> fuera;  // states of those that don't admit it
-  std::vector<int> quitadas;
+  Balance b{.pedidas = static_cast<int>(ids.size())};
   for (const int id : ids) {
-    const auto tarea = s_.motor.tarea(id);
-    const int estado = tarea ? tarea->Estado : int{motor::kTerminado};  // that is still displayed
-    if (!estados.contains(estado)) fuera.push_back(estado);
+    const auto enCola = s_.motor.tarea(id);
+    const auto tarea = enCola ? enCola : tareaVista(id);
+    const int estado = tarea ? tarea->Estado : int{motor::kTerminado};
+    const bool vale = enCola ? estados.contains(estado) : orden == &gestcomm::EliminarTarea;
+    if (!vale) b.fuera.push_back(estado);
     (s_.motor.*orden)(id);
+    if (orden == &gestcomm::AvanzarTarea) {
+      if (vale) contarSeguida(id, b);
+      if (estado == motor::kDetenido) (enCola ? b.paradas : b.idas) = true;
+    }
     if (orden != &gestcomm::EliminarTarea || s_.motor.tarea(id)) continue;
     // A task that had ended was only still displayed.
-    if (acabadas_.erase(id) == 0) quitadas.push_back(id);
+    acabadas_.erase(id);
+    if (enCola && estado != motor::kTerminado) b.quitadas.push_back(id);
     colaCambiada();
   }
-  if (!quitadas.empty()) tandas_.push_back(quitadas.size());
-  decirOrden(static_cast<int>(ids.size()), fuera, quitadas);
+  if (!b.quitadas.empty()) tandas_.push_back(b.quitadas.size());
+  decirOrden(b);
 }
 
-void gestcommVentana::decirOrden(int cuantas, const std::vector<int>& fuera,
-                                 const std::vector<int>& quitadas) {
+void gestcommVentana::contarSeguida(int id, Balance& b) const {
+  const auto tarea = s_.motor.tarea(id);
+  if (!tarea) return;
+  if (tarea->Estado == motor::kEnEspera && tarea->Error == 0) ++b.esperan;
+  if ((tarea->Estado == motor::kEnEspera && tarea->Error != 0) ||
+      tarea->Estado == motor::kAperturaFallida || tarea->Estado == motor::kRechazado)
+    ++b.noVan;
+}
+
+// Of those that don't admit the command; a stopped one is started again in another way.
+QString gestcommVentana::porQueNo(const Balance& b) const {
+  const QString consejo = b.paradas ? t(kTxParadaEnCola) : b.idas ? t(kTxParadaFuera) : QString();
+  if (b.pedidas == 1)
+    return !consejo.isEmpty()
+               ? consejo
+               : t(kTxNoSePuede).arg(motor::TextoEstado(b.fuera.front(), contexto().textos));
+  const QString varias = Plural(t(kTxNoSePuedeVarias), static_cast<int>(b.fuera.size()));
+  return consejo.isEmpty() ? varias : varias + u' ' + consejo;
+}
+
+void gestcommVentana::decirOrden(const Balance& b) {
   QStringList dicho;
-  if (!quitadas.empty())
-    dicho << (quitadas.size() == 1 ? t(kTxTareaQuitada).arg(Ceros(quitadas.front(), 3))
-                                   : t(kTxTareasQuitadas).arg(quitadas.size()));
-  const int hechas = cuantas - static_cast<int>(fuera.size());
-  if (!fuera.empty() && hechas > 0 && quitadas.empty()) dicho << Plural(t(kTxOrdenDada), hechas);
-  if (!fuera.empty())
-    dicho << (cuantas == 1
-                  ? t(kTxNoSePuede).arg(motor::TextoEstado(fuera.front(), contexto().textos))
-                  : Plural(t(kTxNoSePuedeVarias), static_cast<int>(fuera.size())));
+  if (!b.quitadas.empty())
+    dicho << (b.quitadas.size() == 1 ? t(kTxTareaQuitada).arg(Ceros(b.quitadas.front(), 3))
+                                     : t(kTxTareasQuitadas).arg(b.quitadas.size()));
+  const bool faltan = !b.fuera.empty() || b.esperan + b.noVan > 0;
+  const int hechas = b.pedidas - static_cast<int>(b.fuera.size()) - b.esperan - b.noVan;
+  if (faltan && hechas > 0 && b.quitadas.empty()) dicho << Plural(t(kTxOrdenDada), hechas);
+  if (b.esperan > 0) dicho << Plural(t(kTxSiguenEsperando), b.esperan);
+  if (b.noVan > 0) dicho << Plural(t(kTxNoHanEmpezado), b.noVan);
+  if (!b.fuera.empty()) dicho << porQueNo(b);
   if (dicho.isEmpty()) return;
-  fuera.empty() ? decirBien(dicho.join(u' ')) : decirPista(dicho.join(u' '));
+  faltan ? decirPista(dicho.join(u' ')) : decirBien(dicho.join(u' '));
 }
 
 void gestcommVentana::reintentarTodo() {

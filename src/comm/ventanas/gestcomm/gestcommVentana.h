@@ -46,7 +46,10 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
   void ordenar(const std::set<int>& estados, void (motor::gestcomm::*orden)(int));
   int tareaElegida();
   std::vector<int> tareasElegidas();
-  void decirOrden(int cuantas, const std::vector<int>& fuera, const std::vector<int>& quitadas);
+  struct Balance;
+  void contarSeguida(int id, Balance& balance) const;
+  QString porQueNo(const Balance& balance) const;
+  void decirOrden(const Balance& balance);
   void cambiarModo(bool automatico);
   void reintentarTodo();
   void reponer();
@@ -68,6 +71,7 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
 
   void changeEvent(QEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
+  void showEvent(QShowEvent* evento) override;
   void ponerPalabras();
   void keyPressEvent(QKeyEvent* evento) override;
 

@@ -128,6 +128,12 @@ void desplegar(QMenu& menu, const QPoint& donde) {
   if (primera != entradas.end()) menu.setActiveAction(*primera);
 }
 
+QPoint bajo(QToolBar& barra, QAction& accion) {
+  const QWidget* boton = barra.widgetForAction(&accion);
+  const QWidget& sobre = boton && boton->isVisible() ? *boton : barra;
+  return sobre.mapToGlobal(QPoint(0, sobre.height()));
+}
+
 void seguirAccion(QToolButton& boton, QAction& accion) {
   const auto seguir = [&boton, &accion] {
     boton.setText(accion.text().remove(u'&'));

@@ -7,6 +7,7 @@
 
 class QAction;
 class QMenu;
+class QToolBar;
 class QToolButton;
 
 namespace tarvo::ventanas {
@@ -26,6 +27,9 @@ void seguirAccion(QToolButton& boton, QAction& accion);
 void ponerLetras(QMenu& menu);
 // Opens it at a point of the screen with its first entry highlighted, so that Return chooses it.
 void desplegar(QMenu& menu, const QPoint& donde);
+// Where the menu of an action of the bar opens: below its button, or below the bar if the button
+// isn't seen.
+QPoint bajo(QToolBar& barra, QAction& accion);
 
 // The letters that reach the controls below it, in capitals.
 QSet<QChar> letrasUsadas(const QWidget& cuerpo);

@@ -12,6 +12,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/Retenida.h"
 
 namespace tarvo::ventanas {
@@ -42,6 +43,12 @@ int preguntarSobre(QWidget* dueno, MyMsgBox& caja) {
   return dicho;
 }
 
+// A letter that the asking window doesn't use: the one that asked, pressed twice, would answer too.
+QString conOtraLetra(const QString& acepto, const QString& cancelo, QSet<QChar> usadas) {
+  conLetra(cancelo, usadas);
+  return conLetra(acepto, usadas);
+}
+
 QLabel* parrafo(const QString& texto, QWidget* padre) {
   auto* l = new QLabel(texto, padre);
   l->setTextFormat(Qt::PlainText);
@@ -55,6 +62,7 @@ QLabel* parrafo(const QString& texto, QWidget* padre) {
 
 MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, int estilo)
     : QDialog(dueno), todo_(texto) {
+  const QSet<QChar> deQuien = dueno ? letrasUsadas(*dueno->window()) : QSet<QChar>();
   setObjectName(u"MyMsgBox"_s);
   setWindowTitle(textos(kTxTitulo));
   auto* imagen = new QLabel(this);
@@ -80,11 +88,13 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
   botones->addWidget(acepto);
   if ((estilo & 0x0F) == kAceptoCancelo) {
     auto* cancelo = new QPushButton(textos(kTxCancelar), this);
+    const bool prudente = estilo & (kPrudente | kExclamacion);
+    if (prudente) acepto->setText(conOtraLetra(acepto->text(), cancelo->text(), deQuien));
     cancelo->setObjectName(u"Cancelo"_s);
     cancelo->setAutoDefault(false);
     connect(cancelo, &QPushButton::clicked, this, &QDialog::reject);
     botones->addWidget(cancelo);
-    if (estilo & (kPrudente | kExclamacion)) intro = cancelo;
+    if (prudente) intro = cancelo;
   } else {
     botones->addStretch();
   }

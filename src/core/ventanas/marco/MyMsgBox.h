@@ -15,8 +15,8 @@ inline constexpr int kSoloAcepto = 0;
 inline constexpr int kAceptoCancelo = 1;
 inline constexpr int kCritico = 16;
 inline constexpr int kExclamacion = 48;
-// Makes `Cancelo` the default button, for an `Acepto` that loses something; implied by
-// kExclamacion.
+// Makes `Cancelo` the default button, for an `Acepto` that loses something, and gives `Acepto` no
+// letter of the asking window; implied by kExclamacion.
 inline constexpr int kPrudente = 256;
 
 class MyMsgBox final : public QDialog {

@@ -127,6 +127,7 @@ bool ModeloVivo::quitarLasDemas(const std::unordered_map<Clave, int>& quedan) {
   const auto queda = [&](const FilaViva& f) { return quedan.contains(f.clave); };
   const auto cuantas = std::ranges::count_if(filas_, queda);
   if (cuantas == std::ssize(filas_)) return false;
+  Q_EMIT vanAQuitarse([&](int fila) { return !queda(filas_[static_cast<size_t>(fila)]); });
   if (!std::ranges::is_partitioned(filas_, queda))
     permutar([&] { std::ranges::stable_partition(filas_, queda); });
   const auto primera = static_cast<int>(cuantas);

@@ -34,6 +34,10 @@ class ModeloVivo final : public ModeloParrilla {
   int filaDe(Clave clave) const override;
   void pedirSumas(std::function<void(Resultado<Sumas>)> respuesta) override;
 
+ Q_SIGNALS:
+  // Rows are about to be removed, perhaps from a place that they are moved to first.
+  void vanAQuitarse(const std::function<bool(int fila)>& seVa);
+
  private:
   // The range of columns in which a row differs.
   struct Columnas {

@@ -47,6 +47,7 @@ struct Parrilla::Interior {
   void estirar();
   void holgar(int sobra);
   QString nombreMemoria() const;
+  void relevar(const std::function<bool(int)>& seVa);
   void guardar();
   void reponer();
   void contar();
@@ -119,6 +120,7 @@ struct Parrilla::Interior {
   Tecleo tecleo = Tecleo::Nada;
   bool abreAlHallar = false;
   qint64 ultimaTecla = 0;
+  bool actualPorDecir = false;  // the current row has changed during a press
   bool conPie = true, conBusca = true, colocando = false;
   bool exportando = false, presentada = false;
   bool elasticas = true;                 // the user has set no width, order or column yet

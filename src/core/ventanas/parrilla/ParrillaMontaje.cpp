@@ -13,6 +13,7 @@
 #include "core/ventanas/marco/Ventana.h"
 #include "core/ventanas/parrilla/Delegado.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
+#include "core/ventanas/parrilla/VistaParrilla.h"
 
 namespace tarvo::ventanas {
 
@@ -138,6 +139,9 @@ void Parrilla::Interior::montar() {
   connect(v, &QTableView::doubleClicked, &yo, [this](const QModelIndex& i) {
     if (!editar(i)) Q_EMIT yo.activada(i.row());
   });
+  static_cast<VistaParrilla*>(v)->alPulsar([this] {
+    if (std::exchange(actualPorDecir, false)) Q_EMIT yo.actualCambiada(yo.filaActual());
+  });
   connect(delegado, &Delegado::acabada, &yo, [this](int pasos) { seguirEditando(pasos); });
   connect(delegado, &Delegado::closeEditor, &yo, [this](QWidget*, Delegado::EndEditHint como) {
     if (como == Delegado::RevertModelCache) resolver();
@@ -229,6 +233,8 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
   });
   connect(m, &ModeloParrilla::renovado, &yo, [this] { reponer(); });
   connect(m, &ModeloParrilla::recuento, &yo, [this] { contar(); });
+  if (auto* vivo = qobject_cast<ModeloVivo*>(m))
+    connect(vivo, &ModeloVivo::vanAQuitarse, &yo, [this](const auto& seVa) { relevar(seVa); });
   // The neighbour of a removed row is highlighted as it becomes the current one.
   connect(m, &QAbstractItemModel::rowsRemoved, &yo, [this] {
     auto* s = yo.vista_->selectionModel();
@@ -250,8 +256,10 @@ void Parrilla::Interior::ponerModelo(ModeloParrilla* m) {
     QMetaObject::invokeMethod(&yo, [this, error] { avisar(error); }, Qt::QueuedConnection);
   });
   auto* s = yo.vista_->selectionModel();
-  connect(s, &QItemSelectionModel::currentRowChanged, &yo,
-          [this](const QModelIndex& i) { Q_EMIT yo.actualCambiada(i.row()); });
+  connect(s, &QItemSelectionModel::currentRowChanged, &yo, [this](const QModelIndex& i) {
+    actualPorDecir = static_cast<VistaParrilla*>(yo.vista_)->pulsando();
+    if (!actualPorDecir) Q_EMIT yo.actualCambiada(i.row());
+  });
   connect(s, &QItemSelectionModel::currentChanged, &yo, [this] {
     if (tecleo == Tecleo::Perdido) tecleo = Tecleo::Nada;
   });
@@ -426,6 +434,23 @@ void Parrilla::Interior::leerColumnas() {
     if (escalar(ancho) >= h->minimumSectionSize()) h->resizeSection(i, escalar(ancho));
     h->setSectionHidden(i, n[2] == u"1");
   }
+}
+
+// The current row is to be removed: a selected one that stays becomes the current one, else the one
+// that takes its place, else the last that stays.
+void Parrilla::Interior::relevar(const std::function<bool(int)>& seVa) {
+  const int actual = yo.filaActual();
+  if (actual < 0 || !seVa(actual)) return;
+  const auto elegidas = yo.filasElegidas();
+  const auto elegida = std::ranges::find_if_not(elegidas, seVa);
+  int otra = elegida != elegidas.end() ? *elegida : actual;
+  while (otra < yo.filas() && seVa(otra)) ++otra;
+  if (otra == yo.filas())
+    while (otra >= 0 && (otra == yo.filas() || seVa(otra))) --otra;
+  if (otra < 0) return;
+  const QModelIndex i = yo.modelo()->index(otra, yo.vista_->currentIndex().column());
+  yo.vista_->selectionModel()->setCurrentIndex(i, QItemSelectionModel::NoUpdate);
+  yo.vista_->scrollTo(i);
 }
 
 void Parrilla::Interior::guardar() {

@@ -1,7 +1,10 @@
 #include "core/ventanas/parrilla/VistaParrilla.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
 
 namespace tarvo::ventanas {
 
@@ -44,12 +47,31 @@ QItemSelectionModel::SelectionFlags VistaParrilla::selectionCommand(const QModel
   return QTableView::selectionCommand(indice, evento);
 }
 
+void VistaParrilla::mousePressEvent(QMouseEvent* evento) {
+  const QPersistentModelIndex fila = indexAt(evento->pos());
+  const int antes = visualRect(fila).top();
+  donde_ = evento->globalPosition().toPoint();
+  {
+    const QScopedValueRollback en(pulsando_, true);
+    QTableView::mousePressEvent(evento);
+  }
+  if (pulsada_) pulsada_();
+  corridas_ = fila.isValid() && visualRect(fila).top() != antes;
+}
+
+// A hand that trembles drags no selection to the row that has come under the pointer.
+void VistaParrilla::mouseMoveEvent(QMouseEvent* evento) {
+  const int lejos = (evento->globalPosition().toPoint() - donde_).manhattanLength();
+  if (corridas_ && evento->buttons() && lejos < QApplication::startDragDistance()) return;
+  QTableView::mouseMoveEvent(evento);
+}
+
 // A strip that appears above the table makes it smaller.
 void VistaParrilla::resizeEvent(QResizeEvent* evento) {
   const int faltan = evento->oldSize().height() - evento->size().height();
   const QRect fila = visualRect(currentIndex());
   const bool visible =
-      fila.isValid() && fila.top() >= 0 && fila.bottom() < evento->oldSize().height();
+      fila.isValid() && fila.bottom() >= 0 && fila.top() < evento->oldSize().height();
   QTableView::resizeEvent(evento);
   if (faltan > 0 && visible) scrollTo(currentIndex());
 }
