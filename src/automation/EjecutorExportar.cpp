@@ -70,8 +70,10 @@ void Ejecutor::exportarPropios(const Exportacion& x, Exportados& ya, Hecho& h) {
       h.decir(t_.textos(kTxYaEntregado, {NombreFichero(uno.ruta), nombrePeriodo(uno.link)}));
       continue;
     }
+    const auto otro = t_.xporTot.otroBloque(uno.link, x.destino.absoluta);
     const auto r = antes ? exportarUno(uno, x.como.corto) : antes;
     if (r && *r) {
+      if (!otro || !otro->isEmpty()) h.decir(otro ? *otro : otro.error().texto);
       ya.saldados.push_back(uno);
       continue;
     }

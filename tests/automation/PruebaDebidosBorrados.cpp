@@ -176,6 +176,18 @@ TEST_F(ConDebidos, ElMotivoDeLoQueSeDebeSeDiceUnaVez) {
 }
 
 // One that can't be done holds the others back for one night.
+// A period made anew with the dates of one that left with its block: both blocks count.
+TEST_F(ConDebidos, OtroBloqueDeLasMismasFechasSeDice) {
+  const QString exportar = kTodos + u"E:TOTALIZA,No,Sí,VENTAS\r\n"_s;
+  EXPECT_TRUE(hacer(exportar).filter(u"de un periodo que se borró"_s).isEmpty());
+  ASSERT_EQ(p_->uno(u"SELECT count(*) FROM COLUMNA"_s).entero(), 0);
+  p_->periodo({.link = 9, .tipo = 5, .desde = 43000, .hasta = 43001});
+  const auto lineas = hacer(exportar);
+  ASSERT_EQ(lineas.filter(u"de un periodo que se borró"_s).size(), 1)
+      << lineas.join(u'\n').toStdString();
+  EXPECT_EQ(p_->fin, ResultadoProceso::Problemas);
+}
+
 TEST_F(ConDebidos, UnoMaloNoRetieneALosDemas) {
   p_->sql(u"UPDATE GRUPOS SET SECCION=NULL WHERE CODGPO=2"_s);
   EXPECT_EQ(hacer(kTodos + u"P:STOCK\r\n"_s).filter(u"Queda pendiente"_s).size(), 2);

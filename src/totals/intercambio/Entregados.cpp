@@ -44,18 +44,35 @@ Resultado<bool> Entregados::espera(qint64 link) {
   return n.entero() > 0;
 }
 
+Resultado<> Entregados::borrar(const Columna& c, const QStringList& rutas) {
+  for (const QString& ruta : rutas)
+    TARVO_INTENTAR(
+        db_.ejecutar(u"INSERT OR IGNORE INTO IdosConSuBloque (TIPO, FECHA1, FECHAF, RUTA) VALUES "
+                     u"(?, ?, ?, ?)",
+                     c.periodo.tipo, c.periodo.desde, c.periodo.hasta, ruta));
+  return p_.BorrarEntregado(c.LINK);
+}
+
+Resultado<bool> Entregados::hayOtroBloque(const Columna& c, const QString& ruta) {
+  TARVO_TOMAR(const auto n, db_.uno(u"SELECT count(*) FROM IdosConSuBloque WHERE TIPO=? AND "
+                                    u"FECHA1=? AND FECHAF=? AND RUTA=?",
+                                    c.periodo.tipo, c.periodo.desde, c.periodo.hasta, ruta));
+  return n.entero() > 0;
+}
+
 Resultado<std::vector<Entregados::Libre>> Entregados::borrarLibres() {
   struct Nota {
     qint64 link;
-    QString ventas;
+    QString ventas, rutas;
   };
   TARVO_TOMAR(auto t, dao::Transaccion::empezar(db_));
   TARVO_TOMAR(
       const auto notas,
-      dao::reunir(db_.consultar(u"SELECT b.LINK, b.VENTAS FROM BorradosPendientes b INNER "
-                                u"JOIN COLUMNA c ON c.LINK=b.LINK AND c.FECHA1=b.FECHA1 "
-                                u"AND c.FECHAF=b.FECHAF ORDER BY c.FECHA1, b.LINK"),
-                  [](const dao::Recordset& rs) { return Nota{rs.entero(0), rs.texto(1)}; }));
+      dao::reunir(
+          db_.consultar(u"SELECT b.LINK, b.VENTAS, b.RUTAS FROM BorradosPendientes b INNER "
+                        u"JOIN COLUMNA c ON c.LINK=b.LINK AND c.FECHA1=b.FECHA1 "
+                        u"AND c.FECHAF=b.FECHAF ORDER BY c.FECHA1, b.LINK"),
+          [](const dao::Recordset& rs) { return Nota{rs.entero(0), rs.texto(1), rs.texto(2)}; }));
   std::vector<Libre> libres;
   for (const Nota& nota : notas) {
     TARVO_TOMAR(const auto debidos, p_.debidosDe(nota.link));
@@ -63,7 +80,7 @@ Resultado<std::vector<Entregados::Libre>> Entregados::borrarLibres() {
     TARVO_TOMAR(const auto c, p_.columna(nota.link));
     TARVO_TOMAR(const auto suyas, p_.sumasDe(nota.link));
     const bool igual = suyas == nota.ventas;
-    if (igual) TARVO_INTENTAR(p_.BorrarEntregado(nota.link));
+    if (igual) TARVO_INTENTAR(borrar(*c, nota.rutas.split(kEntreRutas, Qt::SkipEmptyParts)));
     TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM BorradosPendientes WHERE LINK=?", nota.link));
     libres.push_back({c->periodo, igual});
   }

@@ -24,6 +24,12 @@ class Entregados {
   };
   Resultado<std::vector<Libre>> borrarLibres();
 
+  // Deletes the period, whose sales are in these files.
+  Resultado<> borrar(const Columna& periodo, const QStringList& rutas);
+  // The file has a block of a deleted period with the same dates: this one's has other sales, which
+  // its reader must add to them.
+  Resultado<bool> hayOtroBloque(const Columna& periodo, const QString& ruta);
+
  private:
   dao::Database& db_;
   Periodos& p_;

@@ -172,9 +172,10 @@ Resultado<> XporTot::pagar(qint64 link, const QStringList& rutas) {
 // What the period stays for; it goes when that is done.
 Resultado<QStringList> XporTot::borrarEntregado(qint64 link, const QStringList& salvo) {
   TARVO_TOMAR(const auto debidos, p_.debidosDe(link, salvo));
-  if (debidos.isEmpty())
-    TARVO_INTENTAR(p_.BorrarEntregado(link));
-  else
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (debidos.isEmpty() && c)
+    TARVO_INTENTAR(entregados().borrar(*c, {salvo.last()}));
+  else if (c)
     TARVO_INTENTAR(entregados().anotar(link, salvo.last()));
   return debidos;
 }
@@ -205,6 +206,14 @@ Resultado<> XporTot::exportarAMano(const std::vector<Columna>& periodos, const O
   TARVO_INTENTAR(escribir(ruta, periodos, como.corto, QString(), pagarlos));
   if (quedan.isEmpty()) return {};
   return fallo(Fallo::Restriccion, p_.textos()(kTxExportadoSinBorrar, {quedan.join(u"; ")}));
+}
+
+Resultado<QString> XporTot::otroBloque(qint64 link, const QString& ruta) {
+  TARVO_TOMAR(const auto c, p_.columna(link));
+  if (!c) return QString();
+  TARVO_TOMAR(const bool hay, entregados().hayOtroBloque(*c, anotada(ruta)));
+  if (!hay) return QString();
+  return p_.textos()(kTxOtroBloque, {NombreFichero(ruta), TextoPeriodo(c->periodo).simplified()});
 }
 
 Resultado<QString> XporTot::noVolverian(const std::vector<qint64>& periodos) {

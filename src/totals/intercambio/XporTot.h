@@ -50,6 +50,9 @@ class XporTot {
   QString fichero(const QString& anotada) const;
   // An export of this mark is in its file and in the database.
   Resultado<bool> terminado(const QString& marca);
+  // A sentence where the file has a block of a deleted period with the dates of this one, else
+  // empty.
+  Resultado<QString> otroBloque(qint64 link, const QString& ruta);
   // A sentence naming the groups whose sales in these periods this shop couldn't read back from the
   // short layout; empty if there are none.
   Resultado<QString> noVolverian(const std::vector<qint64>& periodos);

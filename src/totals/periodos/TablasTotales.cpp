@@ -72,6 +72,13 @@ CREATE TABLE IF NOT EXISTS PapeleraSumados (
   FECHAF DOUBLE PRECISION, SOLAPA INTEGER);
 )");
 
+// Periods deleted after their export: what is made anew with their dates is other sales.
+const QString kIdosConSuBloque = QStringLiteral(R"(
+CREATE TABLE IF NOT EXISTS IdosConSuBloque (
+  TIPO INTEGER NOT NULL, FECHA1 DOUBLE PRECISION NOT NULL, FECHAF DOUBLE PRECISION NOT NULL,
+  RUTA TEXT NOT NULL, PRIMARY KEY (TIPO, FECHA1, FECHAF, RUTA));
+)");
+
 }  // namespace
 
 dao::TablasDeSala tablasTotales() {
@@ -86,7 +93,8 @@ dao::TablasDeSala tablasTotales() {
                     {7, kBorradosPendientes},
                     dao::columna(8, QStringLiteral("BorradosPendientes"), QStringLiteral("RUTAS"),
                                  QStringLiteral("TEXT DEFAULT ''")),
-                    {9, kSumasTiradas}},
+                    {9, kSumasTiradas},
+                    {10, kIdosConSuBloque}},
           .copias = {}};
 }
 

@@ -129,10 +129,13 @@ bool XporTotVentana::fueraConformes(size_t cuantos) {
 Resultado<> XporTotVentana::exportarUno() {
   const OpcionesExport como{ui_.fmtTVC->isChecked(), ui_.borrar->isChecked()};
   TARVO_TOMAR(const auto c, p_.columna(cola_.front()));
+  TARVO_TOMAR(const auto otro,
+              motor_.otroBloque(cola_.front(), motor_.rutaDestino(ui_.destino->currentText())));
   TARVO_TOMAR(const auto hecho,
               motor_.XportRemoto({cola_.front()}, como, ui_.destino->currentText(), {}));
   cola_.erase(cola_.begin());
   hechos_ += hecho ? 1 : 0;
+  if (hecho && !otro.isEmpty()) otrosBloques_ << otro;
   if (hecho && como.borrar && c) borrados_.push_back(c->periodo);
   mostrarPrimero();
   return {};
@@ -172,9 +175,13 @@ void XporTotVentana::acabar(const ventanas::Faena::Fin& fin) {
   if (fin.error) return ui_.destino->setFocus();
   if (fin.parado) return;
   const QString fuera = textoBorrados();
-  decirBien(t(kTxExportacionRealizada) + u": "_s + t(kTxNPeriodos, hechos_) + u", "_s +
-            motor_.rutaDestino(ui_.destino->currentText()) +
-            (fuera.isEmpty() ? fuera : u". "_s + fuera));
+  if (!otrosBloques_.isEmpty())
+    decirDuda(t(kTxExportacionRealizada) + u". "_s + otrosBloques_.takeFirst(),
+              otrosBloques_.join(u'\n'));
+  else
+    decirBien(t(kTxExportacionRealizada) + u": "_s + t(kTxNPeriodos, hechos_) + u", "_s +
+              motor_.rutaDestino(ui_.destino->currentText()) +
+              (fuera.isEmpty() ? fuera : u". "_s + fuera));
   (cola_.empty() ? ui_.Cancelar : ui_.XporYA)->setFocus();
 }
 
