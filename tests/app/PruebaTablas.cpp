@@ -108,7 +108,8 @@ TEST_F(Esquema, UnaBaseAnteriorAcabaComoUnaNueva) {
 TEST_F(Esquema, LoQueNombraUnPeriodoPorSusFechasLoSigue) {
   const auto db = abrir(u"T"_s);
   // The periods themselves, and deleted ones.
-  QStringList saben{u"COLUMNA"_s, u"PapeleraPer"_s, u"PapeleraSusti"_s}, tienen;
+  QStringList saben{u"COLUMNA"_s, u"PapeleraPer"_s, u"PapeleraSusti"_s, u"IdosConSuBloque"_s},
+      tienen;
   for (const auto& nota : totals::notasDePeriodo()) saben << nota.tabla;
   const auto r = dao::recorrer(
       db->consultar(u"select m.name from sqlite_master m where m.type='table' and exists (select 1 "

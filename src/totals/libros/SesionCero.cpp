@@ -257,8 +257,15 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   }
   const qint64 con = base->CON, imp = base->IMP, pes = base->PES;
   const bool igual = leido.CON == con && leido.IMP == imp && leido.PES == pes;
-  // A piece or two may be sold again for the same amount after a zeroing that nobody recorded.
-  if (igual && con < kVentasQueNoSeRepiten && pes == 0 && con > 0) return Comparacion::Mas;
+  // After an order that may have been obeyed a piece or two may be sold again for the same amount.
+  if (igual && con > 0 && con < kVentasQueNoSeRepiten && pes == 0) {
+    TARVO_TOMAR(const auto orden,
+                db_.uno(u"SELECT count(*) FROM Ceros WHERE GRUPO=? AND ADDR=? AND "
+                        u"SEC_INTENCION>SEC_HECHO AND SEC_INTENCION>(SELECT COALESCE(MAX(SEC), 0) "
+                        u"FROM Lecturas WHERE Lecturas.GRUPO=Ceros.GRUPO)",
+                        grupo, addr));
+    if (orden.entero() > 0) return Comparacion::Mas;
+  }
   if (igual) return Comparacion::Igual;
   // A returned item may lower the count; it doesn't halve it.
   if (2 * leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;

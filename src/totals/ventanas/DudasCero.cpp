@@ -69,8 +69,10 @@ void DudasCero::responder(bool olvido) {
   if (!haIdoBien(links) || !haIdoBien(refrescar())) return;
   QStringList dichos;
   for (const Aviso& a : avisos) dichos << a.texto;
-  if (!dichos.isEmpty()) return decirDuda(dichos.takeFirst(), dichos.join(u'\n'));
-  decirBien(textos(links->empty() ? kTxDudaAnotada : kTxDudaMemorizada, {nombreDe(d)}));
+  const QString anotada =
+      textos(links->empty() ? kTxDudaAnotada : kTxDudaMemorizada, {nombreDe(d)});
+  if (dichos.isEmpty()) return decirBien(anotada);
+  decirDuda(anotada, dichos.join(u'\n'));
 }
 
 QString DudasCero::nombreDe(const DudaAbierta& duda) const {
