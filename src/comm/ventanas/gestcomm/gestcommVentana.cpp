@@ -24,7 +24,6 @@ namespace {
 constexpr int kRefrescoMs = 100;
 constexpr int kMirarSesionMs = 500;
 constexpr int kParpadeoMs = 500;
-constexpr int kAnchoConFrase = 860;   // with the sentence of the mode in one line
 constexpr size_t kAcabadasMax = 500;  // ended tasks that remain visible
 
 }  // namespace
@@ -48,8 +47,6 @@ gestcommVentana::gestcommVentana(Contexto& c, const QString& nombre, const Servi
   ui_.zonaCanales->setFrameShape(QFrame::NoFrame);
   ui_.zonaCanales->setMinimumWidth(PanelCanal::anchoPreferido() + escalar(kSeparacion));
   ponerLetra(*ui_.LblModo, Letra::Secundaria);
-  // Its sentence alone would make the window wider than the screen.
-  ui_.LblModo->setWordWrap(screen()->availableSize().width() < escalar(kAnchoConFrase));
   enlazar();
   ui_.s_espe->preparar(c, nombre, columnasTareas(c.textos));
   ui_.s_espe->vivas();
@@ -98,41 +95,19 @@ void gestcommVentana::changeEvent(QEvent* evento) {
 
 void gestcommVentana::resizeEvent(QResizeEvent* evento) {
   Ventana::resizeEvent(evento);
-  if (isVisible()) ponerPalabras();
-}
-
-// Not before its parts are shown: the bar would lose track of its overflow button.
-void gestcommVentana::showEvent(QShowEvent* evento) {
-  Ventana::showEvent(evento);
   ponerPalabras();
 }
 
-// Where the words of the bar don't fit beside the icons they go below them; then the least used
-// commands show none, one after the other, so that none of them is out of reach. The same for the
-// buttons beside the menu.
+// The two least used commands of the bar show their words only where those of all have room.
 void gestcommVentana::ponerPalabras() {
-  QAction* const orden[] = {ui_.ReponP, ui_.TodoP, ui_.StopP, ui_.PauseP, ui_.Diagn,
-                            ui_.TrashP, ui_.ManuP, ui_.AutoP, ui_.RunP};
-  const auto boton = [this](QAction* a) {
-    return qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a));
+  const auto poner = [this](Qt::ToolButtonStyle como) {
+    for (QAction* a : {ui_.TodoP, ui_.ReponP})
+      qobject_cast<QToolButton*>(ui_.barra->widgetForAction(a))->setToolButtonStyle(como);
   };
+  poner(Qt::ToolButtonTextBesideIcon);
   const QMargins m = ui_.todo->contentsMargins();
-  const int ancho = cuerpo()->width() - m.left() - m.right();
-  // A bar that is just wide enough has an overflow button with nothing in it.
-  const int suyo = ancho - style()->pixelMetric(QStyle::PM_ToolBarExtensionExtent);
-  const auto caben = [&](Qt::ToolButtonStyle como) {
-    for (QAction* a : orden) boton(a)->setToolButtonStyle(como);
-    return ui_.barra->sizeHint().width() <= suyo;
-  };
-  if (!caben(Qt::ToolButtonTextBesideIcon) && !caben(Qt::ToolButtonTextUnderIcon))
-    for (QAction* a : orden) {
-      boton(a)->setToolButtonStyle(Qt::ToolButtonIconOnly);
-      if (ui_.barra->sizeHint().width() <= suyo) break;
-    }
-  for (const auto como : {Qt::ToolButtonTextBesideIcon, Qt::ToolButtonIconOnly}) {
-    for (QToolButton* b : {ui_.btEstado, ui_.btTramas}) b->setToolButtonStyle(como);
-    if (ui_.lineaMenu->sizeHint().width() <= ancho) break;
-  }
+  if (ui_.barra->sizeHint().width() > cuerpo()->width() - m.left() - m.right())
+    poner(Qt::ToolButtonIconOnly);
 }
 
 // --- notifications from the engine
