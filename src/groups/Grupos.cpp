@@ -200,6 +200,31 @@ Resultado<Grupos::LoQueSeVa> Grupos::loQueSeVa(int codigo) {
   return v;
 }
 
+Resultado<bool> Grupos::conRastro(int codigo) {
+  TARVO_TOMAR(const auto leida,
+              db_.uno(u"SELECT PZERO FROM Sesiones WHERE CODGPO=? AND PZERO IS NOT NULL", codigo));
+  if (!leida.nulo()) return true;
+  const auto hay = [&](const QString& tabla, const QString& donde) -> Resultado<bool> {
+    TARVO_TOMAR(const auto fila,
+                db_.uno(conMarcas(u"SELECT 1 FROM [{tabla}] WHERE {donde}GRUPO=? LIMIT 1",
+                                  {{u"tabla", tabla}, {u"donde", donde}}),
+                        codigo));
+    return !fila.nulo();
+  };
+  for (const QString& tabla : {u"OFERTAS"_s, u"Cross"_s}) {
+    TARVO_TOMAR(const bool suya, hay(tabla, {}));
+    if (suya) return true;
+  }
+  for (const auto& sala : cambios_.salas()) {
+    if (sala.tareas && sala.tareas(codigo) > 0) return true;
+    for (const auto& t : sala.tablas) {
+      TARVO_TOMAR(const bool suya, hay(t.tabla, t.donde));
+      if (suya) return true;
+    }
+  }
+  return false;
+}
+
 Resultado<> Grupos::borrar(int codigo) {
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   TARVO_INTENTAR(puedeCambiar(codigo));

@@ -54,6 +54,9 @@ class Grupos {
         {};  // read, and in no period yet; minor units of the stored money
   };
   Resultado<LoQueSeVa> loQueSeVa(int codigo);
+  // Whether anything but its row and its machines is kept by that code, in any room, whether there
+  // is such a group or not.
+  Resultado<bool> conRastro(int codigo);
   // Nothing that a later group with its code could inherit stays. Ocupado when a machine is being
   // talked to.
   Resultado<> borrar(int codigo);
