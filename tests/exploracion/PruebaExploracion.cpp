@@ -1,8 +1,15 @@
 // What is said of each sort of line, with the simulated machines and with machines that answer
 // nonsense at the far end.
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
 #include <QRegularExpression>
+#include <QSocketNotifier>
 
 #include "comm/cables/AjustesCables.h"
+#include "comm/cables/FabricaReal.h"
 #include "comm/exploracion/Accesos.h"
 #include "comm/exploracion/Exploracion.h"
 #include "comm/exploracion/Resumen.h"
@@ -216,6 +223,38 @@ TEST(Exploracion, VaDeUnAccesoAOtroHastaQueSePara) {
     EXPECT_TRUE(acabada && w.fabrica.cable().destruido) << ms;
     EXPECT_EQ(w.e.hallazgos().size(), ms > 60000 ? 1U : 0U) << ms;
   }
+}
+
+// A device by its name, on the real clock.
+TEST(Exploracion, EncuentraUnModemEnUnPseudoterminal) {
+  int maestro = -1, esclavo = -1;
+  char ruta[128] = {};
+  ASSERT_EQ(openpty(&maestro, &esclavo, ruta, nullptr, nullptr), 0);
+  termios t{};
+  tcgetattr(esclavo, &t);
+  cfmakeraw(&t);
+  tcsetattr(esclavo, TCSANOW, &t);
+  int argc = 1;
+  char* argv[] = {ruta, nullptr};
+  QCoreApplication app(argc, argv);
+  QSocketNotifier oido(maestro, QSocketNotifier::Read);
+  QObject::connect(&oido, &QSocketNotifier::activated, &oido, [maestro] {
+    char orden[256];
+    const auto n = read(maestro, orden, sizeof orden);
+    const bool entera = n > 0 && orden[n - 1] == '\r';
+    EXPECT_TRUE(!entera || write(maestro, "0\r", 2) == 2);
+  });
+  RelojReal reloj;
+  Azar azar(1);
+  Ajustes ajustes(u"/tienda"_s, Idioma::Espanol, {enlace::ajustesCables()});
+  enlace::FabricaReal fabrica(reloj, ajustes);
+  Exploracion e(reloj, azar, fabrica, 0);
+  e.alAcabar = [] { QCoreApplication::exit(); };
+  e.empezar(leidos({QString::fromLatin1(ruta)}));
+  QCoreApplication::exec();
+  EXPECT_EQ(dicho(e.hallazgos().at(0)), u"3");
+  close(maestro);
+  close(esclavo);
 }
 
 TEST(Exploracion, LeeAccesosYReconoceLosDeUnCanal) {
