@@ -5,6 +5,7 @@
 
 #include <QSysInfo>
 
+#include "comm/configuracion/Aceptado.h"
 #include "comm/envios/TablasEnvios.h"
 #include "comm/tareas/Repertorio.h"
 #include "totals/libros/Grupos.h"
@@ -71,7 +72,9 @@ struct Aplicacion::Interior {
     catalogo.cambios().guardaPorGrupo(std::move(listas));
     // Its rows go by their foreign key.
     articles::Cambios::DeOtraSala enviado{[](int) { return Resultado<>(); }, {}};
-    for (const QString& tabla : envios::tablasDeGrupo()) enviado.tablas.push_back({tabla, {}});
+    for (const auto& suyas : {envios::tablasDeGrupo(), configuracion::tablasDeGrupo()})
+      for (const QString& tabla : suyas) enviado.tablas.push_back({tabla, {}});
+    enviado.conClave = true;
     catalogo.cambios().guardaPorGrupo(std::move(enviado));
   }
 

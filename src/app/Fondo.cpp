@@ -5,6 +5,7 @@
 #include "app/Aplicacion.h"
 #include "app/Tablas.h"
 #include "app/TextosApp.h"
+#include "comm/configuracion/Aceptado.h"
 #include "comm/envios/TablasEnvios.h"
 #include "comm/tareas/Repertorio.h"
 #include "core/esquema/Esquema.h"
@@ -36,7 +37,8 @@ QString motivoCerrojo(const Error& error, const QString& base, const Textos& t) 
 // The lowest code of a group that no room keeps rows of.
 Resultado<int> codigoLibre(dao::Database& db) {
   std::vector<totals::TablaDeGrupo> tablas = totals::tablasDeGrupo();
-  for (const auto& suyas : {envios::tablasDeGrupo(), tareas::tablasDeGrupo()})
+  for (const auto& suyas :
+       {envios::tablasDeGrupo(), configuracion::tablasDeGrupo(), tareas::tablasDeGrupo()})
     for (const QString& t : suyas) tablas.push_back({t, {}});
   tablas.push_back({QStringLiteral("[Cross]"), {}});
   const auto usado = [&](int codigo) -> Resultado<bool> {

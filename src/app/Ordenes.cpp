@@ -3,6 +3,7 @@
 #include <QFileInfo>
 
 #include "app/TextosApp.h"
+#include "comm/exploracion/Accesos.h"
 
 namespace tarvo::app {
 
@@ -61,6 +62,10 @@ class Lector {
       cuadre();
     else if (a == u"--puesta-a-cero")
       puestaACero(a);
+    else if (a == u"--explorar")
+      o_.que = Ordenes::Que::Explorar;
+    else if (a == u"--aplicar")
+      o_.aplicar = true;
     else if (a == u"--ventana")
       o_.ventana = valor(a);
     else if (a == u"--espera")
@@ -134,13 +139,26 @@ class Lector {
   }
 
   void proceso(const QString& a) {
+    if (o_.que == Ordenes::Que::Explorar) {
+      accesos_ << a;
+      return;
+    }
     if (conProceso_) fallo_ = t_(kTxSobraArgumento).arg(a);
     conProceso_ = true;
     o_.proceso = a;
   }
 
+  void explorar() {
+    auto accesos = exploracion::leerAccesos(accesos_);
+    const bool sola =
+        o_.que == Ordenes::Que::Explorar && !sinVentana_ && !conProceso_ && o_.ventana.isEmpty();
+    if (!accesos || !sola) fallo_ = t_(kTxExplorarMal, {exploracion::kMaxAccesos});
+    if (accesos) o_.accesos = std::move(*accesos);
+  }
+
   void comprobar() {
     if (o_.que == Ordenes::Que::Ayuda || o_.que == Ordenes::Que::Version) return;
+    if (o_.que == Ordenes::Que::Explorar || o_.aplicar) return explorar();
     if (o_.que == Ordenes::Que::Cuadre) {
       if (sinVentana_ || conProceso_) fallo_ = t_(kTxCuadreSolo);
       return;
@@ -159,6 +177,7 @@ class Lector {
   const Textos& t_;
   Ordenes o_;
   QString fallo_;
+  QStringList accesos_;
   bool sinVentana_ = false, conProceso_ = false;
 };
 

@@ -6,6 +6,7 @@
 #include <map>
 #include <optional>
 
+#include "comm/exploracion/Hallazgo.h"
 #include "core/ajustes/Ajustes.h"
 #include "core/textos/Textos.h"
 
@@ -22,7 +23,15 @@ enum Salida : int {
 };
 
 struct Ordenes {
-  enum class Que { Ventanas, Ayuda, Version, Cuadre, PuestaACero, Proceso } que = Que::Ventanas;
+  enum class Que {
+    Ventanas,
+    Ayuda,
+    Version,
+    Cuadre,
+    PuestaACero,
+    Explorar,
+    Proceso
+  } que = Que::Ventanas;
   QString carpeta;  // empty when none was given
   Idioma idioma = Idioma::Espanol;
   std::map<QString, QString> datos;  // "%1" to its value
@@ -31,6 +40,9 @@ struct Ordenes {
   // Of --puesta-a-cero: the machine, and whether it was zeroed.
   int grupo = 0, direccion = 0;
   bool seBorro = false;
+  // Of --explorar; without accesses, those of the settings.
+  std::vector<exploracion::Acceso> accesos;
+  bool aplicar = false;
   QString ventana;   // the one to open alone; empty for the main window
   int espera = 120;  // minutes for another program without a screen to end
   QString tema;      // "claro", "oscuro", or empty for the one that is set

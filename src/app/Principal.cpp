@@ -11,6 +11,7 @@
 #include "app/Consola.h"
 #include "app/Datos.h"
 #include "app/Ejecucion.h"
+#include "app/Explorar.h"
 #include "app/TextosApp.h"
 #include "comm/cables/FabricaReal.h"
 #include "totals/libros/Cuadre.h"
@@ -105,6 +106,8 @@ int sinVentanas(const Ordenes& o, const Textos& t) {
     case Ordenes::Que::Version:
       decir(t(kTxVersion).arg(QStringLiteral(TARVO_VERSION)));
       return kBien;
+    case Ordenes::Que::Explorar:
+      return explorar(o, t);
     default:
       if (o.que == Ordenes::Que::Proceso) return correrProceso(o, t);
       return conFondo(

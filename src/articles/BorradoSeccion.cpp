@@ -7,59 +7,43 @@
 namespace tarvo::articles {
 
 using namespace Qt::StringLiterals;
-using dao::conMarcas;
 using dao::Transaccion;
 
 namespace {
 
-struct Parte {
-  const char16_t* tabla;
-  const char16_t* donde;     // with one parameter, the section's number
-  const char16_t* columnas;  // to restore
-};
 // In the order in which they can be restored: referenced tables first. A row of the history gets a
 // new number. Offers and changes of its groups go with them, also those filed under the section
 // that a group was in before.
-constexpr std::array<Parte, 10> kPartes{
-    {{u"SECCS", u"NMSECC=?", u"*"},
-     {u"DEPTS", u"SECCION=?", u"*"},
-     {u"PLUSES", u"SECCION=?", u"*"},
-     {u"GRUPOS", u"SECCION=?", u"*"},
-     {u"BZAS", u"SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
-     {u"Sesiones", u"CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)", u"*"},
-     {u"MovsAlm", u"SECCION=?", u"*"},
-     {u"OFERTAS", u"? IN (SECCION, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=OFERTAS.GRUPO))",
-      u"*"},
-     {u"HistoriaPrecios", u"SECCION=?",
-      u"SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, VENTANA"},
-     {u"Cross", u"? IN (Secc, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=[Cross].Grupo))",
-      u"*"}}};
-
-QString guardada(QStringView tabla, int seccion) {
-  return u"Ida%1_%2"_s.arg(seccion).arg(tabla);
-}
-QString guardada(const Parte& p, int seccion) {
-  return guardada(QStringView(p.tabla), seccion);
-}
-
-Resultado<> soltarTabla(dao::Database& db, const QString& tabla) {
-  TARVO_INTENTAR(db.ejecutar(conMarcas(u"DROP TABLE IF EXISTS {tabla}", {{u"tabla", tabla}})));
-  return {};
-}
-
-// All tables of other rooms, one after the other.
-template <class Hacer>
-Resultado<> conAjenas(const Cambios& cambios, const Hacer& hacer) {
+std::vector<dao::Apartado::Parte> partes(const Cambios& cambios) {
+  std::vector<dao::Apartado::Parte> todas{
+      {u"SECCS"_s, u"NMSECC=?"_s},
+      {u"DEPTS"_s, u"SECCION=?"_s},
+      {u"PLUSES"_s, u"SECCION=?"_s},
+      {u"GRUPOS"_s, u"SECCION=?"_s},
+      {u"BZAS"_s, u"SUGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s},
+      {u"Sesiones"_s, u"CODGPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s},
+      {u"MovsAlm"_s, u"SECCION=?"_s},
+      {u"OFERTAS"_s,
+       u"? IN (SECCION, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=OFERTAS.GRUPO))"_s},
+      {u"HistoriaPrecios"_s, u"SECCION=?"_s,
+       u"SECCION, CODPLU, NIVEL, TARIFA, ANTES, AHORA, CUANDO, QUIEN, VENTANA"_s},
+      {u"Cross"_s,
+       u"? IN (Secc, (SELECT g.SECCION FROM GRUPOS g WHERE g.CODGPO=[Cross].Grupo))"_s}};
   for (const auto& sala : cambios.salas())
-    for (const auto& tabla : sala.tablas) TARVO_INTENTAR(hacer(tabla));
-  return {};
+    for (const auto& t : sala.tablas)
+      todas.push_back(
+          {t.tabla, t.donde + u"GRUPO IN (SELECT CODGPO FROM GRUPOS WHERE SECCION=?)"_s});
+  return todas;
 }
 
 }  // namespace
 
-BorradoSeccion::~BorradoSeccion() {
-  static_cast<void>(soltar());  // temporary tables: they go with the program anyway
-}
+BorradoSeccion::BorradoSeccion(Catalogo& catalogo, int seccion)
+    : db_(catalogo.base()),
+      secciones_(catalogo),
+      textos_(catalogo.textos()),
+      seccion_(seccion),
+      apartado_(db_, u"Seccion%1"_s.arg(seccion), partes(catalogo.cambios())) {}
 
 Resultado<QString> BorradoSeccion::copiarTodo(const QString& carpeta, Fecha ahora) {
   const QString ruta = QDir(carpeta).filePath(u"ANTES-DE-BORRAR-SECCION-%1-%2.MDB"_s.arg(
@@ -73,62 +57,17 @@ Resultado<QString> BorradoSeccion::copiarTodo(const QString& carpeta, Fecha ahor
 Resultado<QString> BorradoSeccion::borrar(const QString& carpeta, Fecha ahora) {
   TARVO_TOMAR(const auto copia, copiarTodo(carpeta, ahora));
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  TARVO_INTENTAR(soltar());
-  TARVO_INTENTAR(guardar());
+  TARVO_INTENTAR(apartado_.guardar(seccion_));
   TARVO_INTENTAR(secciones_.borrar(seccion_));
   TARVO_INTENTAR(t.confirmar());
   return copia;
 }
 
-Resultado<> BorradoSeccion::guardar() {
-  for (const Parte& p : kPartes)
-    TARVO_INTENTAR(db_.ejecutar(
-        conMarcas(u"CREATE TEMP TABLE {guardada} AS SELECT {columnas} FROM [{tabla}] WHERE {donde}",
-                  {{u"guardada", guardada(p, seccion_)},
-                   {u"columnas", QString::fromUtf16(p.columnas)},
-                   {u"tabla", QString::fromUtf16(p.tabla)},
-                   {u"donde", QString::fromUtf16(p.donde)}}),
-        seccion_));
-  return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
-    TARVO_INTENTAR(db_.ejecutar(
-        conMarcas(
-            u"CREATE TEMP TABLE {guardada} AS SELECT * FROM [{tabla}] WHERE {donde}GRUPO IN "
-            u"(SELECT CODGPO FROM GRUPOS WHERE SECCION=?)",
-            {{u"guardada", guardada(a.tabla, seccion_)}, {u"tabla", a.tabla}, {u"donde", a.donde}}),
-        seccion_));
-    return {};
-  });
-}
-
-Resultado<> BorradoSeccion::soltar() {
-  for (const Parte& p : kPartes) TARVO_INTENTAR(soltarTabla(db_, guardada(p, seccion_)));
-  return conAjenas(secciones_.cambios(), [&](const Cambios::TablaAjena& a) -> Resultado<> {
-    return soltarTabla(db_, guardada(a.tabla, seccion_));
-  });
-}
-
 Resultado<> BorradoSeccion::reponer() {
-  TARVO_TOMAR(auto t, Transaccion::empezar(db_));
-  for (const Parte& p : kPartes) {
-    const QString columnas =
-        QStringView(p.columnas) == u"*" ? QString() : u" (%1)"_s.arg(QStringView(p.columnas));
-    const auto hecho =
-        db_.ejecutar(conMarcas(u"INSERT INTO [{tabla}]{columnas} SELECT * FROM {guardada}",
-                               {{u"tabla", QString::fromUtf16(p.tabla)},
-                                {u"columnas", columnas},
-                                {u"guardada", guardada(p, seccion_)}}));
-    if (!hecho && hecho.error().clase == Fallo::Duplicado)
-      return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
-    if (!hecho) return std::unexpected(hecho.error());
-  }
-  const auto reponer = [&](const Cambios::TablaAjena& a) -> Resultado<> {
-    TARVO_INTENTAR(
-        db_.ejecutar(conMarcas(u"INSERT INTO [{tabla}] SELECT * FROM {guardada}",
-                               {{u"tabla", a.tabla}, {u"guardada", guardada(a.tabla, seccion_)}})));
-    return {};
-  };
-  TARVO_INTENTAR(conAjenas(secciones_.cambios(), reponer));
-  return t.confirmar();
+  const auto hecho = apartado_.reponer();
+  if (!hecho && hecho.error().clase == Fallo::Duplicado)
+    return fallo(Fallo::Duplicado, textos_(kTxSeccionNoVuelve, {seccion_}));
+  return hecho;
 }
 
 }  // namespace tarvo::articles

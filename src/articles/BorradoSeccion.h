@@ -3,16 +3,14 @@
 #pragma once
 
 #include "articles/Secciones.h"
+#include "core/dao/Apartado.h"
 
 namespace tarvo::articles {
 
 class BorradoSeccion {
  public:
   // REQUIRES that the catalogue outlives it.
-  BorradoSeccion(Catalogo& catalogo, int seccion)
-      : db_(catalogo.base()), secciones_(catalogo), textos_(catalogo.textos()), seccion_(seccion) {}
-  ~BorradoSeccion();
-  BorradoSeccion(const BorradoSeccion&) = delete;
+  BorradoSeccion(Catalogo& catalogo, int seccion);
 
   // Copies the whole database into `carpeta`, then deletes, in one transaction. Returns the file of
   // the copy. If it can't be written, nothing is deleted.
@@ -24,13 +22,12 @@ class BorradoSeccion {
 
  private:
   Resultado<QString> copiarTodo(const QString& carpeta, Fecha ahora);
-  Resultado<> guardar();
-  Resultado<> soltar();
 
   dao::Database& db_;
   Secciones secciones_;
   const Textos& textos_;
   int seccion_;
+  dao::Apartado apartado_;
 };
 
 }  // namespace tarvo::articles

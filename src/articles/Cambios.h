@@ -74,6 +74,8 @@ class Cambios {
     std::function<Resultado<>(int grupo)> puedeIrse = {};
     // Its queued tasks, which go with the group; may be empty.
     std::function<int(int grupo)> tareas = {};
+    // Its tables follow the group's row by a foreign key.
+    bool conClave = false;
   };
   void guardaPorGrupo(DeOtraSala sala) { salas_.push_back(std::move(sala)); }
   const std::vector<DeOtraSala>& salas() const { return salas_; }

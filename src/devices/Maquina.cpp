@@ -58,6 +58,9 @@ void Maquina::leerComunes(const dao::Recordset& fila) {
   leerColumna(fila, u"NMBZA", numero);
   tipo(modelo);
   Numero = numero;
+  const int c = fila.columna(u"Addr");
+  Direccion =
+      c < 0 || fila.nulo(c) ? std::nullopt : std::optional(static_cast<int>(fila.entero(c)));
   columnas([&](const char16_t* nombre, auto& campo) { leerColumna(fila, nombre, campo); }, *this);
   qint64 fija = 0;
   leerColumna(fila, u"FIJO_PLU", fija);
@@ -68,6 +71,7 @@ void Maquina::leerComunes(const dao::Recordset& fila) {
 void Maquina::ponerComunes(dao::Recordset& fila) const {
   ponerColumna(fila, u"tipo", tipo_);
   ponerColumna(fila, u"NMBZA", Numero.value_or(0));
+  ponerColumna(fila, u"Addr", Direccion ? dao::Valor(*Direccion) : dao::Valor());
   columnas([&](const char16_t* nombre, const auto& campo) { ponerColumna(fila, nombre, campo); },
            *this);
   ponerColumna(fila, u"FIJO_PLU", PL_pFija ? dao::Valor(*PL_pFija) : dao::Valor());
@@ -98,14 +102,10 @@ void Balanza::GetValues(dao::Recordset& fila) const {
 
 void Registradora::LetValues(const dao::Recordset& fila) {
   leerComunes(fila);
-  const int c = fila.columna(u"Addr");
-  Direccion =
-      c < 0 || fila.nulo(c) ? std::nullopt : std::optional(static_cast<int>(fila.entero(c)));
 }
 
 void Registradora::GetValues(dao::Recordset& fila) const {
   ponerComunes(fila);
-  ponerColumna(fila, u"Addr", Direccion ? dao::Valor(*Direccion) : dao::Valor());
 }
 
 }  // namespace tarvo::devices

@@ -41,6 +41,8 @@ class Maquina {
   void tipo(int modelo);  // also loads the model's default keyboard
 
   std::optional<int> Numero;
+  // On its RS-485 bus. Of a scale it is kept as it was stored.
+  std::optional<int> Direccion;
   obTeclado Teclado;
   obPublici Publici;
   QString RazonSo;  // ticket lines, "C:f:text" or "P:f:text"
@@ -99,7 +101,6 @@ class Balanza final : public Maquina {
 class Registradora final : public Maquina {
  public:
   explicit Registradora(Idioma idioma = Idioma::Espanol) : Maquina(idioma) {}
-  std::optional<int> Direccion;  // on the RS-485 bus
   void LetValues(const dao::Recordset& fila);
   void GetValues(dao::Recordset& fila) const;
   QString Texto() const;

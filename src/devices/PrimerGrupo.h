@@ -17,4 +17,8 @@ using CodigoLibre = std::function<Resultado<int>(dao::Database&)>;
 Resultado<> asegurarPrimerGrupo(dao::Database& db, const Ajustes& ajustes,
                                 const CodigoLibre& codigoLibre);
 
+class Grupo;
+// Whether a group is still the one created so: its name, its machine, and no access.
+bool esPrimerGrupo(const Grupo& grupo, const QString& nombre, Idioma idioma);
+
 }  // namespace tarvo::devices

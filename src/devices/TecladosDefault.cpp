@@ -118,7 +118,7 @@ int codigoDeCelda(QStringView celda) {
 QString TecladoDefecto(int modelo, Idioma idioma) {
   QString texto;
   for (int i = 0; i < teclasDelDefecto(modelo); ++i)
-    texto += QStringLiteral("%1:%2:\r\n").arg(Ceros(i + 1, 3), Ceros(tecla(modelo, i, idioma), 3));
+    texto += QStringLiteral("%1:%2\r\n").arg(Ceros(i + 1, 3), Ceros(tecla(modelo, i, idioma), 3));
   return texto;
 }
 

@@ -8,7 +8,7 @@
 
 namespace tarvo::devices {
 
-// "kkk:ccc:", one line for each key; empty for an unknown model.
+// "kkk:ccc", one line for each key; empty for an unknown model.
 QString TecladoDefecto(int modelo, Idioma idioma);
 QString HardPluDefecto();
 QString TarasDefecto();

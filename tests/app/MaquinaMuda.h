@@ -5,6 +5,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QByteArray>
+
 namespace tarvo::prueba {
 
 // Listens from construction on. Calls are not accepted here: the system connects the callers by
@@ -26,6 +28,15 @@ class MaquinaMuda {
   MaquinaMuda& operator=(const MaquinaMuda&) = delete;
 
   int puerto() const { return puerto_; }  // 0: not listening
+  // Waits for a caller and its question, answers it, and hangs up at the next one.
+  void contestarUna(const QByteArray& respuesta) const {
+    const int suya = ::accept(zocalo_, nullptr, nullptr);
+    char oido[256];
+    if (::read(suya, oido, sizeof oido) > 0 &&
+        ::write(suya, respuesta.constData(), static_cast<size_t>(respuesta.size())) > 0)
+      (void)!::read(suya, oido, sizeof oido);
+    ::close(suya);
+  }
   // Disconnects all callers, and takes no more calls.
   void colgar() {
     if (zocalo_ >= 0) ::close(zocalo_);

@@ -1,8 +1,11 @@
 // The program's answers to its command line: the exit status, and a word of its output.
 #include <unistd.h>
 
+#include <thread>
+
 #include "app/Principal.h"
 #include "app/Programa.h"
+#include "comm/tramas/Trama.h"
 #include "core/esquema/Esquema.h"
 #include "textos/TextosDePrueba.h"
 
@@ -76,6 +79,11 @@ TEST_F(Programa, TablaDeLineasDeOrdenes) {
       {{kSinVentana, "--puesta-a-cero", "7", "sí"}, 64, u"--puesta-a-cero"},
       {{"--cuadre", "999"}, 1, u"cuadre"},
       {{"--cuadre", "abc"}, 64, u"con el número de un periodo"},
+      {{"--explorar", "/dev/no/hay", "127.0.0.1:1"}, 1, u"/dev/no/hay: el puerto no existe"},
+      {{"--explorar", "nada"}, 64, u"Para explorar"},
+      {{"--explorar", "h:1-300"}, 64, u"256 como mucho"},
+      {{kSinVentana, "--explorar"}, 64, u"Para explorar"},
+      {{"--aplicar"}, 64, u"Para explorar"},
       {{kSinVentana, "--dato", "x", "V"}, 64, u"escríbalo como '%n=5'"},
   };
   for (const Caso& c : casos) {
@@ -355,6 +363,41 @@ TEST_F(Programa, UnaSenalParaEnOrden) {
     EXPECT_EQ(acabar(p).estado, 2);
     EXPECT_TRUE(QFile::exists(en(QStringLiteral("TARVO.INI"))));
   }
+}
+
+TEST_F(Programa, ExploraYConfiguraLoHallado) {
+  const MaquinaMuda maquina;
+  const QString aqui = QStringLiteral("127.0.0.1:%1").arg(maquina.puerto());
+  const QByteArray respuesta =
+      tramas::kACK + tramas::construirVEK(5, tramas::cuerpoVEK(0, 570, "01"));
+  std::thread contesta([&] {
+    for (int i = 0; i < 2; ++i) maquina.contestarUna(respuesta);
+  });
+  const auto grupo = [this] {
+    const auto db = dao::Database::OpenDatabase(en(QStringLiteral("TARVO.MDB")));
+    return db ? (*db)->uno(u"SELECT NOMGPO & ' ' & TELEF FROM GRUPOS")->texto() : QString();
+  };
+  Fin fin = correrAqui({"--explorar", aqui});
+  EXPECT_EQ(fin.estado, 0) << fin.errores.toStdString();
+  EXPECT_EQ(fin.salida,
+            aqui + QStringLiteral(": balanzas VEK: la estación 0, con la balanza 1.\n"));
+  EXPECT_EQ(grupo(), u"GRUPO ");
+  fin = correrAqui({"--explorar", "--aplicar", aqui});
+  contesta.join();
+  EXPECT_EQ(fin.estado, 0) << fin.errores.toStdString();
+  EXPECT_EQ(grupo(), QStringLiteral("Grupo 0001 creado por  asistente ") + aqui);
+  EXPECT_TRUE(ver(QStringLiteral("TARVO.INI")).contains("Device(1)= 3\r\n"));
+
+  // The database is taken meanwhile, and a signal stops it.
+  QProcess p;
+  QByteArray salida;
+  arrancar(p, {"--carpeta", dir.path(), "--explorar", "/dev/no/hay", aqui});
+  ASSERT_TRUE(esperar(p, "no existe", salida));
+  EXPECT_EQ(correrAqui({"--explorar", "/dev/no/hay"}).estado, 4);
+  ASSERT_TRUE(avisar(p, SIGINT));
+  fin = acabar(p);
+  EXPECT_EQ(fin.estado, 2);
+  EXPECT_TRUE(fin.errores.contains(u"interrumpida")) << fin.errores.toStdString();
 }
 
 TEST_F(Programa, UnaSenalAbortaElProcesoEnMarcha) {

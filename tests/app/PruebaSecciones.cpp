@@ -7,8 +7,11 @@
 #include "articles/Secciones.h"
 #include "comm/cables/FabricaReal.h"
 #include "core/tiempo/Reloj.h"
+#include "devices/Modelos.h"
+#include "groups/Grupos.h"
 #include "textos/TextosDePrueba.h"
 #include "tienda/Tienda.h"
+#include "totals/libros/Grupos.h"
 #include "totals/libros/Sesion.h"
 
 namespace tarvo::prueba {
@@ -29,50 +32,122 @@ struct Entera : Tienda {
   app::Aplicacion aplicacion{*fondo, reloj, fabrica, 1, datos};
 };
 
-TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
-  Entera t;
-  t.seccion(3, u"PESCADO"_s).grupo({.codigo = 9}).articulo({.codigo = 10});
-  const std::pair<QString, QString> filas[] = {
-      {u"Enviados"_s,
-       u"(GRUPO, SECCION, CODPLU, HUELLA, HUELLA_PRE, CUANDO) values (9, 3, 10, 7, 8, 43000)"_s},
-      {u"Retenidos"_s,
-       u"(GRUPO, SECCION, CODPLU, MOTIVO, DESDE) values (9, 3, 11, 'no cabe', 43000)"_s},
-      {u"EnviosGrupo"_s, u"(GRUPO, SECCION, TARIFA, MAQUINA) values (9, 3, 1, 'x')"_s},
-      {u"BorradosGrupo"_s, u"(GRUPO, CODPLU, CUANDO) values (9, 12, 43000)"_s},
-      {u"FichasPedidas"_s, u"(GRUPO, CODPLU, FICHA) values (9, 10, 'ABBA')"_s}};
-  QStringList tablas;
-  for (const auto& [tabla, fila] : filas) {
-    t.sql(u"insert into "_s + tabla + u' ' + fila);
+// Group 9 of section 3, with a row in every table of any room that keeps something by its code.
+struct ConTodo : Entera {
+  ConTodo() {
+    seccion(3, u"PESCADO"_s).grupo({.codigo = 9}).articulo({.codigo = 10});
+    seccion(4).articulo({.codigo = 20});
+    const std::pair<QString, QString> filas[] = {
+        {u"BorradosGrupo"_s, u"(GRUPO, CODPLU, CUANDO) values (9, 12, 43000)"_s},
+        {u"ConfigAceptada"_s, u"(GRUPO, MAQUINA, CLASE, HUELLA) values (9, 0, 2, 'x')"_s},
+        {u"Enviados"_s,
+         u"(GRUPO, SECCION, CODPLU, HUELLA, HUELLA_PRE, CUANDO) values (9, 3, 10, 7, 8, 43000)"_s},
+        {u"EnviosGrupo"_s, u"(GRUPO, SECCION, TARIFA, MAQUINA) values (9, 3, 1, 'x')"_s},
+        {u"FichasPedidas"_s, u"(GRUPO, CODPLU, FICHA) values (9, 10, 'ABBA')"_s},
+        {u"Retenidos"_s,
+         u"(GRUPO, SECCION, CODPLU, MOTIVO, DESDE) values (9, 3, 11, 'no cabe', 43000)"_s}};
+    for (const auto& [tabla, fila] : filas) poner(tabla, fila);
+    EXPECT_EQ(
+        leer(u"select distinct m.name from sqlite_master m, pragma_foreign_key_list(m.name) f "
+             u"where f.[table]='GRUPOS' order by m.name"_s),
+        tablas.join(u" | "_s))
+        << "a table that goes with a group isn't tried here";
+    // Without a foreign key: a received list that a later group would continue, what it was sent
+    // and offered of the section that it was in before, and the books.
+    poner(u"ListasRecibidas"_s,
+          u"(GRUPO, CLASE, NUMERO, HUELLA, LINEAS) values (9, 1, 1, 'x', 2)"_s);
+    poner(
+        u"OFERTAS"_s,
+        u"(GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN) values (9, 4, 20, 5, 43000, 43001)"_s);
+    poner(u"[Cross]"_s, u"(Secc, plu, Grupo, borra) values (4, 20, 9, 1)"_s);
+    poner(u"Sesiones"_s, u"(CODGPO, PZERO) values (9, 43000)"_s);
+    poner(u"BZAS"_s, u"(SUGPO, NMBZA, ADDR, TIPO) values (9, 4, 77, 1)"_s);
+    for (const auto& t : totals::tablasDeGrupo()) {
+      if (t.donde.isEmpty())
+        ponerCeros(t.tabla);
+      else
+        poner(t.tabla, u"(LINK, GRUPO, CODI, CON) values (0, 9, 1, 0)"_s);
+    }
+  }
+  void poner(const QString& tabla, const QString& fila) {
+    sql(u"insert into "_s + tabla + u' ' + fila);
     tablas << tabla;
   }
-  tablas.sort();
-  // Without a foreign key: a received list that a later group would continue, and what it was sent
-  // and offered of the section that it was in before.
-  const std::pair<QString, QString> sinClave[] = {
-      {u"ListasRecibidas"_s, u"(GRUPO, CLASE, NUMERO, HUELLA, LINEAS) values (9, 1, 1, 'x', 2)"_s},
-      {u"OFERTAS"_s,
-       u"(GRUPO, SECCION, CODIGO, PRECIO_0, FECHA_INI, FECHA_FIN) values (9, 4, 20, 5, 43000, 43001)"_s},
-      {u"[Cross]"_s, u"(Secc, plu, Grupo, borra) values (4, 20, 9, 1)"_s}};
-  t.seccion(4).articulo({.codigo = 20});
-  for (const auto& [tabla, fila] : sinClave) t.sql(u"insert into "_s + tabla + u' ' + fila);
-  EXPECT_EQ(
-      t.leer(u"select distinct m.name from sqlite_master m, pragma_foreign_key_list(m.name) f "
-             u"where f.[table]='GRUPOS' order by m.name"_s),
-      tablas.join(u" | "_s))
-      << "a table that goes with a group isn't tried here";
-  for (const auto& [tabla, fila] : sinClave) tablas << tabla;
-  EXPECT_EQ(bien(articles::Secciones(t.aplicacion.catalogo()).loQueSeVa(3)).ofertas, 1);
-  const auto todo = [&] {
+  // Zeros in the other columns of its key.
+  void ponerCeros(const QString& tabla) {
+    QString columnas = u"GRUPO"_s, valores = u"9"_s;
+    for (const QString& otra :
+         leer(u"select name from pragma_table_info('%1') where pk>0 and name<>'GRUPO'"_s.arg(tabla))
+             .split(u" | "_s, Qt::SkipEmptyParts)) {
+      columnas += u", "_s + otra;
+      valores += u", 0"_s;
+    }
+    poner(tabla, u"(%1) values (%2)"_s.arg(columnas, valores));
+  }
+  std::string todo() {
     QStringList s;
-    for (const QString& tabla : tablas) s << t.leer(u"select * from "_s + tabla);
+    for (const QString& tabla : tablas)
+      s << leer(
+          u"select * from %1 where %2 in (9, 12)"_s.arg(tabla, tabla == u"Sesiones" ? u"CODGPO"_s
+                                                               : tabla == u"BZAS"   ? u"SUGPO"_s
+                                                                                    : u"GRUPO"_s));
     return s.join(u'\n').toStdString();
-  };
-  const std::string antes = todo();
+  }
+  QStringList tablas;
+};
+
+TEST(Secciones, VuelvenConLoQueTienenSusGrupos) {
+  ConTodo t;
+  EXPECT_EQ(bien(articles::Secciones(t.aplicacion.catalogo()).loQueSeVa(3)).ofertas, 1);
+  const std::string antes = t.todo();
   articles::BorradoSeccion ida(t.aplicacion.catalogo(), 3);
   bien(ida.borrar(t.carpeta.path(), t.reloj.ahora()));
-  for (const QString& tabla : tablas) EXPECT_EQ(t.leer(u"select * from "_s + tabla), u"");
+  EXPECT_EQ(QString::fromStdString(t.todo()).trimmed(), u"");
   bien(ida.reponer());
-  EXPECT_EQ(todo(), antes);
+  EXPECT_EQ(t.todo(), antes);
+}
+
+// A group keeps what all rooms know of it: saved as it is, under another code and back, deleted and
+// restored.
+TEST(Grupos, LoQueSeSabeDeUnGrupoVaConEl) {
+  ConTodo t;
+  groups::Grupos grupos(t.aplicacion.catalogo(), t.fondo->ajustes);
+  auto g = bien(grupos.cargar(9));
+  bien(grupos.guardar(g, 9, u"Nueve"_s));  // what an older database lacks is filled in
+  const std::string antes = t.todo();
+  const QString grupo = t.leer(u"select * from GRUPOS where CODGPO=9"_s);
+  bien(grupos.guardar(g, 9, u"Nueve"_s));
+  EXPECT_EQ(t.todo(), antes);
+  EXPECT_EQ(t.leer(u"select * from GRUPOS where CODGPO=9"_s), grupo);
+  bien(grupos.guardar(g, 12, u"Nueve"_s));
+  EXPECT_NE(t.todo(), antes);
+  EXPECT_EQ(t.leer(u"select count(*) from GRUPOS where CODGPO=9"_s), u"0");
+  bien(grupos.guardar(g, 9, u"Nueve"_s));
+  EXPECT_EQ(t.todo(), antes);
+
+  groups::BorradoGrupo ida(grupos, 9);
+  bien(ida.borrar());
+  EXPECT_EQ(QString::fromStdString(t.todo()).trimmed(), u"");
+  EXPECT_FALSE(grupos.borrar(9));
+  bien(ida.reponer());
+  EXPECT_EQ(t.todo(), antes);
+  const int copia = bien(grupos.copiar(9, 4));
+  EXPECT_EQ(t.leer(u"select NOMGPO, seccion, BZAS.ADDR from GRUPOS, BZAS where CODGPO=SUGPO and "
+                   u"CODGPO=%1"_s.arg(copia)),
+            u"Copia de Nueve 4 77");
+  EXPECT_EQ(t.todo(), antes);
+  EXPECT_FALSE(grupos.guardar(g, copia, u"x"_s));
+  // Other machines begin with nothing; while the inbox has sales of the former ones, none come.
+  g.LasBalanzas.clear();
+  devices::Balanza ebony;
+  ebony.tipo(devices::kEbony);
+  g.LasBalanzas.emplace(0, ebony);
+  g.tipo(TipoGrupo::Ebony);
+  t.sql(u"update Olvidos set SEC=1"_s);  // closed without memorising
+  EXPECT_FALSE(grupos.guardar(g, 9, u"Nueve"_s));
+  t.sql(u"delete from Olvidos"_s);
+  bien(grupos.guardar(g, 9, u"Nueve"_s));
+  EXPECT_EQ(t.leer(u"select count(*) from BaseFilas where GRUPO=9"_s), u"0");
 }
 
 // Somebody emptied GRUPOS with another program: the group made anew must not take the base of a

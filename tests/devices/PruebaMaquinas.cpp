@@ -43,18 +43,18 @@ TEST(Teclados, TeclasConocidas) {
     Idioma idioma;
     const char16_t* linea;
   } casos[] = {
-      {kCedar, 1, Idioma::Espanol, u"001:021:"},   {kCedar, 6, Idioma::Espanol, u"006:133:"},
-      {kCedar, 9, Idioma::Espanol, u"009:026:"},   {kCedar, 80, Idioma::Espanol, u"080:012:"},
-      {kMaple, 2, Idioma::Espanol, u"002:033:"},   {kMaple, 9, Idioma::Espanol, u"009:022:"},
-      {kRowan, 90, Idioma::Espanol, u"090:110:"},  {kRowan, 91, Idioma::Espanol, u"091:111:"},
-      {kRowan, 92, Idioma::Espanol, u"092:112:"},  {kRowan, 100, Idioma::Espanol, u"100:018:"},
-      {kRowan, 104, Idioma::Espanol, u"104:131:"}, {kRowan, 104, Idioma::UK, u"104:999:"},
-      {kRowan, 104, Idioma::F, u"104:161:"},       {kRowan, 95, Idioma::P, u"095:000:"},
-      {kHazel, 54, Idioma::Espanol, u"054:074:"},  {kHazel, 55, Idioma::Espanol, u"055:131:"},
-      {kHazel, 61, Idioma::I, u"061:014:"},        {kLarch, 84, Idioma::F, u"084:156:"},
-      {kBirch, 14, Idioma::Espanol, u"014:012:"},  {kBirch, 42, Idioma::Espanol, u"042:199:"},
-      {kBirch, 57, Idioma::P, u"057:131:"},        {kBirch, 66, Idioma::Espanol, u"066:019:"},
-      {kCedar, 6, Idioma::P, u"006:000:"}};
+      {kCedar, 1, Idioma::Espanol, u"001:021"},   {kCedar, 6, Idioma::Espanol, u"006:133"},
+      {kCedar, 9, Idioma::Espanol, u"009:026"},   {kCedar, 80, Idioma::Espanol, u"080:012"},
+      {kMaple, 2, Idioma::Espanol, u"002:033"},   {kMaple, 9, Idioma::Espanol, u"009:022"},
+      {kRowan, 90, Idioma::Espanol, u"090:110"},  {kRowan, 91, Idioma::Espanol, u"091:111"},
+      {kRowan, 92, Idioma::Espanol, u"092:112"},  {kRowan, 100, Idioma::Espanol, u"100:018"},
+      {kRowan, 104, Idioma::Espanol, u"104:131"}, {kRowan, 104, Idioma::UK, u"104:999"},
+      {kRowan, 104, Idioma::F, u"104:161"},       {kRowan, 95, Idioma::P, u"095:000"},
+      {kHazel, 54, Idioma::Espanol, u"054:074"},  {kHazel, 55, Idioma::Espanol, u"055:131"},
+      {kHazel, 61, Idioma::I, u"061:014"},        {kLarch, 84, Idioma::F, u"084:156"},
+      {kBirch, 14, Idioma::Espanol, u"014:012"},  {kBirch, 42, Idioma::Espanol, u"042:199"},
+      {kBirch, 57, Idioma::P, u"057:131"},        {kBirch, 66, Idioma::Espanol, u"066:019"},
+      {kCedar, 6, Idioma::P, u"006:000"}};
   for (const auto& c : casos)
     EXPECT_EQ(tecla(c.modelo, c.n, c.idioma), QStringView(c.linea)) << c.modelo << ' ' << c.n;
 }

@@ -1,4 +1,5 @@
 #include "motor/TiendaDeMotor.h"
+#include "comm/configuracion/Aceptado.h"
 #include "comm/tareas/AjustesListas.h"
 
 #include "comm/envios/TablasEnvios.h"
@@ -23,6 +24,7 @@ TiendaDeMotor::TiendaDeMotor(std::vector<SalaDeAjustes> salas) {
   bien(totals::asegurarTablasTotales(*db));
   bien(tareas::asegurarTablasTareas(*db));
   bien(envios::asegurarTablasEnvios(*db));
+  bien(dao::darPasos(*db, {configuracion::tablasConfiguracion()}));
   seccion(1).almacen(0);
 }
 

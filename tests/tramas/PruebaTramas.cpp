@@ -16,6 +16,32 @@ TEST(TramaVEK, SeConstruyeByteAByte) {
   EXPECT_EQ(cuerpoVEK(0, 1, QByteArray("a\x03z")), "00001a z");
 }
 
+TEST(TramaVEK, DeUnaEstacionEntreVarias) {
+  const auto pregunta = [](int estacion) {
+    return construirVEK(7, cuerpoVEK(0, 570, "01"), estacion);
+  };
+  EXPECT_EQ(pregunta(0).mid(3, 1) + pregunta(9).mid(3, 1) + pregunta(20).mid(3, 1), "V9K");
+  const QByteArray buena = kACK + pregunta(20), sinACK = pregunta(20);
+  QByteArray danada = buena, otraSigno = buena;
+  danada[danada.size() - 2] ^= 1;
+  otraSigno[4] = 'k';
+  const std::vector<std::pair<QByteArray, int>> casos{
+      {buena, 20},
+      {"zz" + buena, 20},
+      {kACK + pregunta(0), 0},
+      {sinACK, -1},
+      {danada, -1},
+      {otraSigno, -1},
+      {kACK + construirVEK(7, cuerpoVEK(1, 570, "01"), 3), -1},
+      {buena + sinACK, -1},
+      {"", -1}};
+  for (const auto& [pieza, estacion] : casos) {
+    const auto r = leerRespuestaVEK(pieza);
+    EXPECT_EQ(r ? r->estacion : -1, estacion) << pieza.toHex(' ').constData();
+    EXPECT_TRUE(!r || r->trama == (TramaVEK{7, 0, 570, "01"}));
+  }
+}
+
 TEST(TramaVEK, ControlCuentaBytesSinSigno) {
   QByteArray buffer = vek(0, 5, QByteArray("\xF1\xFF", 2));
   EXPECT_EQ(leerVEK(buffer, false).trama, (TramaVEK{0, 1, 5, QByteArray("\xF1\xFF", 2)}));

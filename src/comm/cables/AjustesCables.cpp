@@ -110,4 +110,11 @@ SalaDeAjustes ajustesCables() {
   return salaDeAjustes(A(), claves, {.antes = [](A& a) { a.RutaPuerto.clear(); }});
 }
 
+QString rutaDePuerto(const AjustesCables& ajustes, int puerto) {
+  const auto propia = ajustes.RutaPuerto.find(puerto);
+  if (propia != ajustes.RutaPuerto.end() && !propia->second.isEmpty()) return propia->second;
+  if (!kPuertosPropios.admite(puerto)) return {};
+  return QStringLiteral("/dev/ttyS%1").arg(puerto - 1);
+}
+
 }  // namespace tarvo::enlace

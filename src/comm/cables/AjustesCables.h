@@ -36,4 +36,7 @@ struct AjustesCables {
 
 SalaDeAjustes ajustesCables();
 
+// The device of a serial port, or empty if there is no such port.
+QString rutaDePuerto(const AjustesCables& ajustes, int puerto);
+
 }  // namespace tarvo::enlace

@@ -24,7 +24,7 @@ CableSerie::CableSerie(Reloj& reloj, std::shared_ptr<Ocupados> ocupados, QString
 
 bool CableSerie::configurar(const ParametrosLinea& parametros) {
   if (rutaDe_) {
-    ruta_ = rutaDe_(parametros.puerto);
+    ruta_ = parametros.ruta.isEmpty() ? rutaDe_(parametros.puerto) : parametros.ruta;
     rs232_ = parametros.rs232;
     controlLinea_ = parametros.controlLinea;
   }

@@ -12,19 +12,6 @@
 
 namespace tarvo::enlace {
 
-namespace {
-
-constexpr int kPuertosSerie = 16;
-
-QString rutaDePuerto(const AjustesCables& ajustes, int puerto) {
-  const auto propia = ajustes.RutaPuerto.find(puerto);
-  if (propia != ajustes.RutaPuerto.end() && !propia->second.isEmpty()) return propia->second;
-  if (puerto < 1 || puerto > kPuertosSerie) return {};
-  return QStringLiteral("/dev/ttyS%1").arg(puerto - 1);
-}
-
-}  // namespace
-
 FabricaReal::FabricaReal(Reloj& reloj, const Ajustes& ajustes)
     : reloj_(reloj),
       ajustes_(ajustes),

@@ -18,6 +18,7 @@ namespace tarvo::enlace {
 struct ParametrosLinea {
   TipoAcceso device = TipoAcceso::Ninguno;
   int puerto = 0;        // serial port 1 to 16; for TCP/IP the second number of the access text
+  QString ruta = {};     // serial device; empty for that of the port
   int controlLinea = 0;  // bit 0 watch CTS, bit 1 watch DSR
   QString rs232;         // "9600,O,7,1"
   QString host;          // TCP/IP only

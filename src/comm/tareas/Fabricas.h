@@ -9,6 +9,7 @@ namespace tarvo::tareas {
 
 using Curso = std::unique_ptr<motor::CursoTarea>;
 
+Curso crearEnvioConfig(const motor::DatosTarea&, const motor::Entorno&);
 Curso crearTxPlus(const motor::DatosTarea&, const motor::Entorno&);
 Curso crearBorrPlu(const motor::DatosTarea&, const motor::Entorno&);
 Curso crearRxDatPlu(const motor::DatosTarea&, const motor::Entorno&);

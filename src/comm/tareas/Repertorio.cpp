@@ -10,7 +10,6 @@ namespace {
 
 using Fabrica = Curso (*)(const motor::DatosTarea&, const motor::Entorno&);
 
-// Null for a kind without a sender yet.
 Fabrica fabricaDe(TipoTarea tarea) {
   switch (tarea) {
     case TipoTarea::TxPlus:
@@ -48,7 +47,7 @@ Fabrica fabricaDe(TipoTarea tarea) {
     case TipoTarea::TxCnfig:
     case TipoTarea::TxCfBal:
     case TipoTarea::TxEtiq:
-      return nullptr;
+      return crearEnvioConfig;
   }
   std::unreachable();
 }

@@ -27,8 +27,9 @@ struct TramaVEK {
 // The address, code and data fields, which a repeat keeps. An end sign inside the data would cut
 // the frame in two, so it goes out as a blank. REQUIRES: addr 0 to 99, codigo 0 to 9999.
 QByteArray cuerpoVEK(int addr, int codigo, const QByteArray& datos);
-// A whole frame of station 0 around a body.
-QByteArray construirVEK(int secuencia, const QByteArray& cuerpo);
+// A whole frame around a body. The station field names ours, 0, or the one a question of the
+// exploration is for. REQUIRES: estacion 0 to 20.
+QByteArray construirVEK(int secuencia, const QByteArray& cuerpo, int estacion = 0);
 
 // The result of reading a buffer. `mala` means that the step ends at once: the frame is removed
 // from the buffer, and any good frame read before it in this call is dropped.
@@ -43,6 +44,15 @@ struct LecturaVEK {
 LecturaVEK leerVEK(QByteArray& buffer, bool ancha);
 // A frame read with the wide layout, read again with the usual one.
 TramaVEK estrecha(const TramaVEK& ancha);
+
+// An answer to the exploration, which names the station that sent it: 0 to 35.
+struct RespuestaDeEstacion {
+  int estacion = 0;
+  TramaVEK trama;
+};
+// A piece that ends in ETX. Nothing unless it has an acknowledgement with a good frame of address 0
+// right after it, up to its end; what comes before them is noise.
+std::optional<RespuestaDeEstacion> leerRespuestaVEK(const QByteArray& pieza);
 
 // --- NODAL: hexadecimal, acknowledgement frame ---
 inline constexpr int kNodalAck = 6, kNodalRechazo = 7, kNodalEspera = 8, kNodalNak = 21,

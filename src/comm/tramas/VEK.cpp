@@ -27,13 +27,30 @@ bool estacionVEK(char c) {
   return (c >= '1' && c <= '9') || (c >= 'A' && c <= 'F') || c == 'V';
 }
 
+// The value of any station sign, -1 for none: letters count on from 10, but V is 0.
+int valorDeEstacion(char c) {
+  if (c == 'V') return 0;
+  if (c >= '1' && c <= '9') return c - '0';
+  return c >= 'A' && c <= 'Z' ? c - 'A' + 10 : -1;
+}
+
+char letraDeEstacion(int estacion) {
+  if (estacion == 0) return 'V';
+  return static_cast<char>(estacion < 10 ? '0' + estacion : 'A' + estacion - 10);
+}
+
+// All of the form but the station.
 bool formaVEK(const QByteArray& t) {
   return t.size() >= kMinimoVEK && t.front() == kSTX && t.back() == kETX && cifrasVEK(t, 1, 2) &&
-         estacionVEK(t[3]) && cifrasVEK(t, 4, 5) && cifrasVEK(t, static_cast<int>(t.size()) - 3, 2);
+         cifrasVEK(t, 4, 5) && cifrasVEK(t, static_cast<int>(t.size()) - 3, 2);
+}
+
+bool enteraVEK(const QByteArray& t) {
+  return formaVEK(t) && t.mid(t.size() - 3, 2).toInt() == controlVEK(t, 1, t.size() - 3);
 }
 
 bool buenaVEK(const QByteArray& t) {
-  return formaVEK(t) && t.mid(t.size() - 3, 2).toInt() == controlVEK(t, 1, t.size() - 3);
+  return enteraVEK(t) && estacionVEK(t[3]);
 }
 
 TramaVEK campos(const QByteArray& t, bool ancha) {
@@ -54,8 +71,8 @@ QByteArray cuerpoVEK(int addr, int codigo, const QByteArray& datos) {
   return decimal(addr, 2) + decimal(codigo, 3) + limpios;
 }
 
-QByteArray construirVEK(int secuencia, const QByteArray& cuerpo) {
-  QByteArray trama = kSTX + decimal(secuencia, 2) + 'V' + cuerpo;
+QByteArray construirVEK(int secuencia, const QByteArray& cuerpo, int estacion) {
+  QByteArray trama = kSTX + decimal(secuencia, 2) + letraDeEstacion(estacion) + cuerpo;
   const int control = controlVEK(trama, 1, trama.size());
   return trama + decimal(control, 2) + kETX;
 }
@@ -75,6 +92,15 @@ LecturaVEK leerVEK(QByteArray& buffer, bool ancha) {
     lectura.trama = campos(cortada, ancha);
   }
   return lectura;
+}
+
+std::optional<RespuestaDeEstacion> leerRespuestaVEK(const QByteArray& pieza) {
+  const qsizetype ack = pieza.lastIndexOf(QByteArray(1, kACK) + kSTX);
+  if (ack < 0) return std::nullopt;
+  const QByteArray trama = pieza.mid(ack + 1);
+  if (!enteraVEK(trama) || valorDeEstacion(trama[3]) < 0) return std::nullopt;
+  RespuestaDeEstacion r{valorDeEstacion(trama[3]), campos(trama, false)};
+  return r.trama.addr == 0 ? std::optional(std::move(r)) : std::nullopt;
 }
 
 TramaVEK estrecha(const TramaVEK& ancha) {

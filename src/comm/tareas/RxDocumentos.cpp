@@ -3,6 +3,10 @@
 
 namespace tarvo::tareas {
 
+Curso crearRxPedid(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return crearLista(t, e, Documento::Pedido);
+}
+
 Curso crearRxInven(const motor::DatosTarea& t, const motor::Entorno& e) {
   return crearLista(t, e, Documento::Inventario);
 }

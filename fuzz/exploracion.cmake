@@ -1,0 +1,1 @@
+tarvo_fuzz(exploracion LINKS exploracion)

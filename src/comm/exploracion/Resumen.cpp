@@ -1,0 +1,101 @@
+#include "comm/exploracion/Resumen.h"
+
+#include "comm/exploracion/TextosExploracion.h"
+
+namespace tarvo::exploracion {
+
+namespace {
+
+int textoDeRazon(const Hallazgo& h) {
+  const bool tcp = h.acceso.clase == Acceso::Clase::Tcp;
+  switch (h.razon) {
+    case enlace::kSinHost:
+      return kTxSinHost;
+    case enlace::kPuertoTcpCerrado:
+      return kTxPuertoTcpCerrado;
+    case enlace::kEnUso:
+      return kTxEnUso;
+    default:
+      return tcp ? kTxTcpNoAbre : kTxPuertoNoAbre;
+  }
+}
+
+// "0, 1 y 3", or nothing.
+QString lista(const std::vector<bool>& balanzas, const Textos& t) {
+  QStringList numeros;
+  for (size_t i = 0; i < balanzas.size(); ++i)
+    if (balanzas[i]) numeros << QString::number(i);
+  if (numeros.size() < 2) return numeros.join(QString());
+  const QString ultimo = numeros.takeLast();
+  return t(kTxListaY, {numeros.join(QStringLiteral(", ")), ultimo});
+}
+
+QString deGrupos(const Hallazgo& h, const Textos& t) {
+  const bool nodal = h.resultado == ResultadoCanal::Nodal;
+  QStringList grupos;
+  for (const GrupoHallado& g : h.grupos) {
+    const QString suyas = lista(g.balanzas, t);
+    const int cual = suyas.isEmpty() ? 0 : suyas.contains(u' ') ? 2 : 1;
+    grupos << t((nodal ? kTxGrupoNodal : kTxGrupoVek) + cual, {g.estacion, suyas});
+  }
+  return t(nodal ? kTxHayNodal : kTxHayVek, {grupos.join(QStringLiteral("; "))});
+}
+
+QString queHay(const Hallazgo& h, const Textos& t) {
+  switch (h.resultado) {
+    case ResultadoCanal::SinPuerto:
+      return t(textoDeRazon(h));
+    case ResultadoCanal::SinCts:
+      return t(kTxSinCts);
+    case ResultadoCanal::Cable:
+      return t(kTxNadaConocido + static_cast<int>(h.motivo), {h.sonda});
+    case ResultadoCanal::Modem:
+      return t(kTxHayModem);
+    case ResultadoCanal::Vek:
+    case ResultadoCanal::Nodal:
+      return deGrupos(h, t);
+  }
+  return {};
+}
+
+}  // namespace
+
+Cuentas contar(std::span<const Hallazgo> hallazgos) {
+  Cuentas c;
+  for (const Hallazgo& h : hallazgos) {
+    c.canales += h.resultado != ResultadoCanal::SinPuerto ? 1 : 0;
+    c.modems += h.resultado == ResultadoCanal::Modem ? 1 : 0;
+    c.grupos += static_cast<int>(h.grupos.size());
+  }
+  return c;
+}
+
+QString resumen(const Cuentas& c, const Textos& t) {
+  if (c.canales == 0) return t(kTxSinCanales);
+  QString texto = c.grupos > 0   ? Plural(t(kTxResumenConGrupos), c.grupos)
+                  : c.modems > 0 ? t(kTxResumenConModem)
+                                 : t(kTxResumenSinNada);
+  const bool dice = c.modems > 0 || c.grupos == 0;
+  CambiaTexto(QStringLiteral("@C@"), Plural(t(kTxResumenCanales), c.canales), texto);
+  CambiaTexto(QStringLiteral("@M@"), dice ? t(kTxResumenModem) : QString(), texto);
+  return texto;
+}
+
+QString consecuencia(const Cuentas& c, const Textos& t) {
+  if (c.canales == 0) return t(kTxNoSePuede);
+  if (!c.algo()) return t(kTxNoSePuede) + t(kTxUseAvanzado);
+  QString texto = t(kTxSeProcedera);
+  if (c.grupos > 0) texto += Plural(t(kTxSeCrearan), c.grupos);
+  if (c.modems > 0) texto += t(kTxPorTelefono);
+  return texto;
+}
+
+QString nombre(const Acceso& a, const Textos& t) {
+  return a.canal > 0 ? t(kTxCanalDe, {a.canal, a.nombre}) : a.nombre;
+}
+
+QString frase(const Hallazgo& h, const Textos& t) {
+  return t(kTxAccesoDice, {nombre(h.acceso, t), queHay(h, t)});
+}
+
+}  // namespace tarvo::exploracion

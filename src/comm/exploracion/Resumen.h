@@ -1,0 +1,28 @@
+// The findings in words.
+#pragma once
+
+#include <span>
+
+#include "comm/exploracion/Hallazgo.h"
+#include "core/textos/Textos.h"
+
+namespace tarvo::exploracion {
+
+struct Cuentas {
+  int canales = 0;  // lines that exist
+  int modems = 0, grupos = 0;
+  // Something to configure.
+  bool algo() const { return modems + grupos > 0; }
+};
+Cuentas contar(std::span<const Hallazgo> hallazgos);
+
+// The paragraph that says what there is, and the one that says what will be done.
+QString resumen(const Cuentas& cuentas, const Textos& textos);
+QString consecuencia(const Cuentas& cuentas, const Textos& textos);
+
+// One access: "/dev/ttyS0: ...", in one line.
+QString frase(const Hallazgo& hallazgo, const Textos& textos);
+// Its name, with its channel if it has one.
+QString nombre(const Acceso& acceso, const Textos& textos);
+
+}  // namespace tarvo::exploracion

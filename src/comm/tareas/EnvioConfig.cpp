@@ -1,0 +1,211 @@
+// The sending of configuration: keyboards, tickets, options of a group and of its scales, labels.
+// A refused frame goes once more after all others, and with it what belongs to it: a label position
+// is cleared and filled anew. A silent machine is passed over until the others have theirs.
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+#include "comm/configuracion/Aceptado.h"
+#include "comm/tareas/EnvioArticulos.h"
+#include "comm/tareas/Fabricas.h"
+#include "comm/tareas/TextosTareas.h"
+
+namespace tarvo::tareas {
+
+namespace {
+
+using configuracion::Envio;
+using configuracion::kTodoElGrupo;
+using maquinas::Pieza;
+using motor::Siguiente;
+
+// After so many refusals in a row they aren't about the frames.
+constexpr int kNegadasSeguidas = 20;
+constexpr int kNombradas = 20;
+
+class EnvioConfig final : public motor::CursoTarea {
+ public:
+  EnvioConfig(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e) {}
+
+  Resultado<Siguiente> siguiente() override {
+    if (!preparado_) TARVO_INTENTAR(preparar());
+    if (cola_.empty()) return Siguiente::fin();
+    Turno& turno = turnos_[cola_.front().turno];
+    if (!std::exchange(turno.anunciado, true))
+      TARVO_INTENTAR(configuracion::anunciar(e_.db, t_.Grupo, t_.Clase, turno.envio.maquina));
+    const Pieza& p = actual();
+    return Siguiente{Siguiente::Enviar, turno.envio.addr, p.peticion.codigo, p.peticion.datos, 0,
+                     {.limpia = true}};
+  }
+  bool encaja(int addr, int codigo, const QByteArray&) const override {
+    if (t_.protocolo == Protocolo::Nodal) return true;
+    const int suya = cola_.empty() ? 0 : turnos_[cola_.front().turno].envio.addr;
+    return !cola_.empty() && codigo == actual().peticion.codigo &&
+           (addr < 0 || suya == 0 || addr == suya);
+  }
+  Resultado<> respuesta(int, int, const QByteArray&) override {
+    seguidas_ = 0;
+    ++hechas_;
+    Bloque& b = cola_.front();
+    if (++b.pos < b.hasta) return {};
+    return acabar(b.turno);
+  }
+  bool rechazada(int error) override {
+    if (++seguidas_ >= kNegadasSeguidas) return false;
+    Bloque b = cola_.front();
+    Turno& turno = turnos_[b.turno];
+    cola_.pop_front();
+    if (std::exchange(b.otraVez, true)) {
+      turno.negadas.push_back({b.pos, error});
+      --turno.quedan;
+      ++hechas_;
+      return true;
+    }
+    b.pos = b.desde;
+    cola_.push_back(b);
+    return true;
+  }
+  bool sinRespuesta(int error) override {
+    if (!esSilencio(error) || cola_.empty()) return false;
+    const size_t suyo = cola_.front().turno;
+    const bool sola = turnos_.size() < 2 || t_.protocolo == Protocolo::Nodal;
+    if (sola || std::exchange(turnos_[suyo].callada, true)) return false;
+    cola_.front().pos = cola_.front().desde;
+    std::ranges::stable_partition(cola_, [suyo](const Bloque& b) { return b.turno != suyo; });
+    return true;
+  }
+  Resultado<std::vector<totals::Aviso>> cerrar() override { return avisos(true); }
+  std::vector<totals::Aviso> abandonar() override {
+    return preparado_ ? avisos(false) : std::vector<totals::Aviso>{};
+  }
+  QString reparo() const override {
+    size_t mal = 0;
+    for (const Turno& turno : turnos_) mal += turno.negadas.size() + turno.malas.size();
+    return mal == 0 ? QString() : e_.textos(kTxReparoConfig, {mal});
+  }
+  QString MostrarTraza() const override {
+    if (cola_.empty()) return {};
+    const Turno& turno = turnos_[cola_.front().turno];
+    const QString que = nombreDe(actual());
+    return turno.envio.maquina == kTodoElGrupo
+               ? que
+               : e_.textos(kTxPasoConfig, {turno.envio.maquina + 1, que});
+  }
+  qint64 avance() const override { return hechas_; }
+
+ private:
+  struct Turno {
+    Envio envio;
+    size_t quedan = 0;                            // blocks
+    std::vector<size_t> malas;                    // frames that can't be sent
+    std::vector<std::pair<size_t, int>> negadas;  // refused twice, with the error
+    bool anunciado = false, callada = false, aceptado = false;
+  };
+  // Frames that go together: those of one subject.
+  struct Bloque {
+    size_t turno = 0, desde = 0, hasta = 0, pos = 0;
+    bool otraVez = false;
+  };
+
+  const Pieza& actual() const {
+    const Bloque& b = cola_.front();
+    return turnos_[b.turno].envio.piezas[b.pos];
+  }
+  QString nombreDe(const Pieza& p) const {
+    return e_.textos(kTxAsuntoConfig + static_cast<int>(p.asunto), {p.numero});
+  }
+
+  Resultado<> preparar() {
+    configuracion::Destino d{.grupo = t_.Grupo, .tipo = t_.Tipo, .addr = t_.Addr};
+    if (!t_.Todo) d.maquina = static_cast<int>(t_.Desde);
+    TARVO_TOMAR(auto envios, configuracion::prepararEnvio(e_.db, e_.ajustes, t_.Clase, d));
+    for (Envio& envio : envios) anadir(std::move(envio));
+    preparado_ = true;
+    return {};
+  }
+  void anadir(Envio envio) {
+    Turno& turno = turnos_.emplace_back();
+    turno.envio = std::move(envio);
+    const auto& piezas = turno.envio.piezas;
+    for (size_t i = 0, fin = 0; i < piezas.size(); i = fin) {
+      bool valen = true;
+      for (fin = i; fin < piezas.size() && piezas[fin].asunto == piezas[i].asunto &&
+                    piezas[fin].numero == piezas[i].numero;
+           ++fin)
+        valen = valen && piezas[fin].vale;
+      if (valen) {
+        cola_.push_back({turnos_.size() - 1, i, fin, i});
+        ++turno.quedan;
+      } else {
+        turno.malas.push_back(i);
+      }
+    }
+  }
+
+  Resultado<> acabar(size_t cual) {
+    cola_.pop_front();
+    Turno& turno = turnos_[cual];
+    if (--turno.quedan > 0 || !turno.malas.empty() || !turno.negadas.empty()) return {};
+    turno.aceptado = true;
+    return configuracion::anotarAceptado(e_.db, t_.Grupo, t_.Clase, turno.envio, e_.reloj.ahora());
+  }
+
+  // The machine, as a person counts them, before what is told of it.
+  QString lugar(const Turno& turno, const Pieza& p) const {
+    const QString que = nombreDe(p);
+    return turno.envio.maquina == kTodoElGrupo
+               ? que
+               : e_.textos(kTxAsuntoDeBalanza, {turno.envio.maquina + 1, que});
+  }
+  std::vector<totals::Aviso> avisos(bool acabada) const {
+    std::vector<totals::Aviso> salida;
+    const auto decir = [&](int texto, const QString& que, const QString& por, bool grave) {
+      if (std::ssize(salida) < kNombradas)
+        salida.push_back({t_.Grupo, e_.textos(texto, {t_.Grupo, que, por}), grave});
+    };
+    int aceptan = 0;
+    QStringList faltan;
+    for (const Turno& turno : turnos_) {
+      const auto& piezas = turno.envio.piezas;
+      for (const auto& [cual, error] : turno.negadas)
+        decir(kTxConfigRechazada, lugar(turno, piezas[cual]), motivoDeRechazo(error, e_.textos),
+              true);
+      for (const size_t cual : turno.malas)
+        decir(kTxConfigNoVale, lugar(turno, piezas[cual]), {}, true);
+      for (const Pieza& p : piezas)
+        if (!p.cambiadas.isEmpty())
+          decir(kTxConfigOtrasLetras, lugar(turno, p), p.cambiadas, false);
+      if (turno.quedan > 0 && turno.envio.maquina != kTodoElGrupo)
+        faltan += QString::number(turno.envio.maquina + 1);
+      aceptan += turno.aceptado ? 1 : 0;
+    }
+    if (!acabada && !faltan.isEmpty())
+      salida.push_back(
+          {t_.Grupo, e_.textos(kTxConfigSinAcabar, {t_.Grupo, faltan.join(QStringLiteral(", "))}),
+           true});
+    if (acabada && turnos_.empty())
+      salida.push_back({t_.Grupo, e_.textos(kTxNadaQueConfigurar, {t_.Grupo}), false});
+    else if (acabada && turnos_.front().envio.maquina == kTodoElGrupo && aceptan > 0)
+      salida.push_back({t_.Grupo, e_.textos(kTxConfigDeGrupo, {t_.Grupo}), false});
+    else if (acabada && turnos_.front().envio.maquina != kTodoElGrupo)
+      salida.push_back(
+          {t_.Grupo, e_.textos(kTxConfigDeBalanzas, {t_.Grupo, aceptan, turnos_.size()}), false});
+    return salida;
+  }
+
+  const motor::DatosTarea t_;
+  const motor::Entorno e_;
+  std::vector<Turno> turnos_;
+  std::deque<Bloque> cola_;
+  bool preparado_ = false;
+  int seguidas_ = 0;
+  qint64 hechas_ = 0;
+};
+
+}  // namespace
+
+Curso crearEnvioConfig(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<EnvioConfig>(t, e);
+}
+
+}  // namespace tarvo::tareas
