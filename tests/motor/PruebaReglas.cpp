@@ -17,11 +17,12 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   for (const int g : {10, 11})  // of an unknown kind and with an unknown access
     EXPECT_EQ(gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 2) << g;
   EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora), 2);  // registers have no clock
-  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla),
-            2);  // a kind with a name but no sender
+  motor::ClaseTarea sinQuienEnvie = *repertorio.de(TipoTarea::TxTecla);
+  sinQuienEnvie.crear = nullptr;
+  repertorio.anadir(sinQuienEnvie);
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla), 2);
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_EQ(repertorio.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
-  EXPECT_FALSE(repertorio.de(TipoTarea::TxTecla)->crear);
   EXPECT_EQ(repertorio.porClave(u""), nullptr);
 }
 

@@ -398,7 +398,7 @@ TEST_F(Exporta, LeeElFormatoCortoDeLosDosSistemas) {
         << c.cabeza;
   }
   fila(u"TOTOPE", dia, 1, 209, {});
-  EXPECT_TRUE(bien(xporTot.noVolverian({dia})).contains(u"grupos, y los periodos se borran: 1."_s));
+  EXPECT_TRUE(bien(xporTot.noVolverian({dia})).contains(u"de estos grupos: 1."_s));
 }
 
 TEST_F(Exporta, DosBloquesDeUnDiaSeSumanOSeSustituyen) {

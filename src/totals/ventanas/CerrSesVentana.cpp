@@ -124,6 +124,7 @@ void CerrSesVentana::pintarPeriodo() {
   const auto sinArticulos = decirSinArticulos(s_, std::vector(grupos.begin(), grupos.end()));
   QStringList faltas{bandeja ? textoFaltan(bandeja->faltan) : QString()};
   if (haIdoBien(sinArticulos)) faltas << *sinArticulos;
+  faltas << avisos();  // why a group was left out
   faltas.removeAll(QString());
   ui_.faltan->setText(faltas.join(u'\n'));
   ui_.faltan->setHidden(ui_.faltan->text().isEmpty());
@@ -172,7 +173,6 @@ bool CerrSesVentana::siguenSiendoLosMismos() {
 }
 
 void CerrSesVentana::guardar() {
-  avisos_.clear();
   if (!siguenSiendoLosMismos()) return;
   motor_.describir(ui_.Descrip->text(), contexto().reloj.ahora());
   const auto links =
@@ -183,6 +183,7 @@ void CerrSesVentana::guardar() {
   ui_.Descrip->clear();
   std::set<qint64> distintos(links->begin(), links->end());
   QStringList dichos = avisos();
+  avisos_.clear();
   if (!dichos.isEmpty()) {
     const QString primero = t(kTxConAvisos) + u": "_s + dichos.takeFirst();
     return decirDuda(primero, dichos.join(u'\n'));

@@ -116,13 +116,14 @@ bool XporTotVentana::fueraConformes(size_t cuantos) {
   const auto ilegibles =
       motor_.noVolverian({cola_.begin(), std::next(cola_.begin(), static_cast<qint64>(cuantos))});
   if (!haIdoBien(ilegibles)) return false;
-  if (ui_.fmtTVC->isChecked() && !ilegibles->isEmpty()) lineas << u"\n"_s + *ilegibles;
-  const QString pregunta =
-      t(kTxExportarYBorrar, static_cast<int>(cuantos)) + u'\n' + t(kTxSonValiosos) + u"\n\n"_s +
-      lineas.join(u'\n') + u"\n\n"_s +
-      t(kTxSoloEnFichero).arg(NombreFichero(motor_.rutaDestino(ui_.destino->currentText())));
-  return ventanas::MyMsgBox::Decide(this, contexto().textos, pregunta,
-                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
+  const bool noVuelven = ui_.fmtTVC->isChecked() && !ilegibles->isEmpty();
+  const QString fichero = NombreFichero(motor_.rutaDestino(ui_.destino->currentText()));
+  const QString pregunta = t(kTxExportarYBorrar, static_cast<int>(cuantos)) + u'\n' +
+                           t(kTxSonValiosos) + u"\n\n"_s + lineas.join(u'\n') + u"\n\n"_s +
+                           (noVuelven ? *ilegibles : t(kTxSoloEnFichero).arg(fichero));
+  return ventanas::MyMsgBox::Decide(
+      this, contexto().textos, pregunta,
+      ventanas::kAceptoCancelo | ventanas::kExclamacion | (noVuelven ? ventanas::kPrudente : 0));
 }
 
 // One block in one go: it is in the file whole or not at all.

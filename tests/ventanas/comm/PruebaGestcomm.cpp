@@ -269,6 +269,9 @@ TEST_F(Gestcomm, SeVaCuandoCierraElUltimoCanal) {
 
 TEST_F(Gestcomm, MenusSegunGruposYQuienSabe) {
   grupo(3, 3, u"cable 3"_s);  // only cash registers
+  motor::ClaseTarea sinQuienEnvie = *repertorio.de(TipoTarea::TxTecla);
+  sinQuienEnvie.crear = nullptr;
+  repertorio.anadir(sinQuienEnvie);
   abrir(u"gestcomm"_s);
   struct {
     const char16_t* entrada;

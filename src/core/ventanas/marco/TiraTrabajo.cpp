@@ -63,6 +63,7 @@ bool TiraTrabajo::empezar(const QString& que, Trabajo::Paso paso, Trabajo::AlAca
   trabajo_ = std::make_unique<Trabajo>(
       reloj_, std::move(paso), [this](const Trabajo::Avance& a) { avanzar(a); },
       [this, alAcabar = std::move(alAcabar)](const Resultado<Trabajo::Fin>& fin) {
+        if (isVisible()) vistaHasta_ = reloj_.monotono();
         hide();
         if (alAcabar) alAcabar(fin);
       });

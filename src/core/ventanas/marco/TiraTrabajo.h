@@ -38,6 +38,8 @@ class TiraTrabajo final : public QFrame {
     QPointer<TiraTrabajo> tira_;
   };
   bool enMarcha() const;
+  // When the last work that was shown ended, on the monotonic clock; -1 before the first one.
+  qint64 vistaHasta() const { return vistaHasta_; }
 
  private:
   void avanzar(const Trabajo::Avance& avance);
@@ -48,7 +50,7 @@ class TiraTrabajo final : public QFrame {
   QLabel* cuanto_;
   QProgressBar* barra_;
   QPushButton* parar_;
-  qint64 desde_ = 0;
+  qint64 desde_ = 0, vistaHasta_ = -1;
   int pausas_ = 0;
   std::unique_ptr<Trabajo> trabajo_;
 };

@@ -325,7 +325,10 @@ void Ventana::keyPressEvent(QKeyEvent* evento) {
   if (decirPorQueNo(*evento)) return evento->accept();
   if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
   evento->accept();
-  if (hijaSola_ >= 0 && c_.reloj.monotono() - hijaSola_ < kTrasHijaMs) return;
+  // Meant for a window that closed by itself, or to stop work that has just ended.
+  const qint64 ahora = c_.reloj.monotono(), trabajo = trabajo_->vistaHasta();
+  if (hijaSola_ >= 0 && ahora - hijaSola_ < kTrasHijaMs) return;
+  if (!trabajo_->enMarcha() && trabajo >= 0 && ahora - trabajo < kTrasHijaMs) return;
   // Escape during work means to stop the work; what was done can still be undone then.
   trabajo_->enMarcha() ? trabajo_->parar() : static_cast<void>(close());
 }
