@@ -340,6 +340,7 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .lleva = comm::PuertaGestcomm{g.grupo}};
   // A single line; the other reasons are in the tool tip and in the trace.
   if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
+    if (!r.texto.endsWith(u'.')) r.texto += u'.';
     r.texto += u' ' + Plural(t_(kTxYMotivosMas), static_cast<int>(g.motivos.size()) - 1);
     r.detalle = g.motivos.join(u'\n');
   }

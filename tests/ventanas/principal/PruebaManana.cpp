@@ -174,7 +174,7 @@ TEST(Manana, NoMezcla) {
   auto* otro = pieza(*v, u"0002 PESCADERIA. Uno."_s);
   ASSERT_TRUE(otro);
   EXPECT_TRUE(
-      otro->accessibleName().contains(u"y 3 motivos más. Tiene 43,21 en otro periodo (del "))
+      otro->accessibleName().contains(u"Y 3 motivos más. Tiene 43,21 en otro periodo (del "))
       << otro->accessibleName().toStdString();
   EXPECT_TRUE(otro->toolTip().contains(u"Tres."));
   EXPECT_TRUE(esperar([&] { return pieza(*v, u"sin ningún artículo"_s) != nullptr; }));
