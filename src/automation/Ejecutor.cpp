@@ -355,22 +355,21 @@ Hecho Ejecutor::crear(const PasoPeriodos& p) {
 }
 
 // A sum that fails is owed: a later step of the same process may delete its parts.
-Hecho Ejecutor::sumar() {
+void Ejecutor::deberSuma(Hecho& h) {
   const std::vector<qint64> elegidos = t_.verTot.LosSelec();
-  bool sumado = false;
-  Hecho h = sumar(sumado);
-  if (sumado || elegidos.size() < 2) return h;
+  if (elegidos.size() < 2) return;
   const OrdenPeriodos orden{VerboPeriodos::Sumar, OrdenPeriodos::kEnSuma};
   if (const auto r = Pendientes(t_.db).anotar(orden, elegidos); !r) h.decir(r.error().texto);
-  return h;
 }
 
 // What the target holds already isn't added again: a process runs every night. Periods that overlap
 // are added, as its author ordered, and reported.
-Hecho Ejecutor::sumar(bool& sumado) {
+Hecho Ejecutor::sumar() {
   Hecho h;
   const auto suma = t_.verTot.destinoDeSuma();
-  if (!suma) return deFallo(suma.error());
+  if (!suma) h = deFallo(suma.error());
+  if (!suma || !*suma || !(*suma)->existente) deberSuma(h);
+  if (!suma) return h;
   if (!*suma || !(*suma)->existente) h.error(codigoPeriodos(VerboPeriodos::Sumar));
   if (!*suma) return h;
   const QString destino = totals::TextoPeriodo((*suma)->periodo).simplified();
@@ -387,8 +386,8 @@ Hecho Ejecutor::sumar(bool& sumado) {
   for (const auto& p : (*suma)->enStock)
     h.decir(t_.textos(kTxStockDosVeces, {totals::TextoPeriodo(p).simplified(), destino}));
   const auto hecho = t_.verTot.SumarIntv(0, (*suma)->dentro);
-  sumado = hecho.has_value();
   if (!hecho) h.decir(hecho.error().texto);
+  if (!hecho) deberSuma(h);
   if (hecho && !sumandos.isEmpty()) h.decir(t_.textos(kTxSumado, {sumandos, destino}), false);
   return h;
 }

@@ -74,7 +74,7 @@ class Ejecutor {
   Hecho periodos(const PasoPeriodos& p, const Ejecucion& e);
   Hecho crear(const PasoPeriodos& p);
   Hecho sumar();
-  Hecho sumar(bool& sumado);
+  void deberSuma(Hecho& h);
   void avisarDeDobles(const Resultado<std::vector<totals::VerTot::Solape>>& dobles, int texto,
                       Hecho& h);
   QString sumandosDe(const totals::VerTot::Suma& suma) const;

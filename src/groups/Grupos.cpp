@@ -23,9 +23,9 @@ constexpr std::pair<const char16_t*, const char16_t*> kPropias[] = {
 void faltasDeCajas(const devices::Grupo& g, const Textos& textos, QStringList& faltas) {
   std::set<int> vistas;
   for (const auto& [numero, miembro] : g.LasBalanzas) {
-    const auto& caja = std::get<devices::Registradora>(miembro);
+    const auto* caja = std::get_if<devices::Registradora>(&miembro);
     constexpr int kUltimaDireccion = 16;
-    const int suya = caja.Direccion.value_or(-1);
+    const int suya = caja ? caja->Direccion.value_or(-1) : -1;
     const bool sola = g.LasBalanzas.size() < 2;
     if (suya < 0 || suya > kUltimaDireccion || (suya == 0 && !sola))
       faltas += textos(kTxDireccionIncorrecta);

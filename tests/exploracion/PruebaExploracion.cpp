@@ -1,4 +1,4 @@
-// What is said of each sort of line, with the simulated machines and with machines that answer
+// The sentence about each sort of line, with the simulated machines and with machines that answer
 // nonsense at the far end.
 #include <pty.h>
 #include <termios.h>

@@ -61,7 +61,7 @@ TEST_F(ConConfiguracion, TodoLoAceptadoSeSabe) {
   EXPECT_EQ(estado(7, 4), u"5=2 8=2 4=2 2=2 3=2");
 }
 
-// Each row: the fault, what is said, and what is known of the machines.
+// Each row: the fault, its notice, and the knowledge about the machines.
 TEST_F(ConConfiguracion, LoRechazadoSeDiceYLoDemasLlega) {
   const struct {
     simulador::Paso paso;

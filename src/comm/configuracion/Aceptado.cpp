@@ -24,9 +24,33 @@ struct Nota {
   std::optional<Fecha> cuando;
 };
 
+std::optional<Fecha> cuandoDe(const Nota* nota) {
+  return nota ? nota->cuando : std::nullopt;
+}
+
 Situacion situacionDe(const Nota* nota, const QString& huella) {
   if (!nota || !nota->cuando) return Situacion::NuncaEnviada;
   return nota->huella == huella ? Situacion::Igual : Situacion::Cambio;
+}
+
+using Notas = std::map<std::pair<int, int>, Nota>;  // by kind and machine
+
+Estado estadoDeClase(TipoTarea clase, const std::vector<Envio>& envios,
+                     const std::vector<int>& maquinas, const Notas& notas) {
+  std::optional<Estado> estado;
+  for (const Envio& envio : envios) {
+    const QString huella = envio.huella();
+    for (const int maquina : maquinas) {
+      if (envio.maquina != kTodoElGrupo && envio.maquina != maquina) continue;
+      const auto nota = notas.find({numeroDe(clase), maquina});
+      const Nota* suya = nota == notas.end() ? nullptr : &nota->second;
+      const Situacion s = situacionDe(suya, huella);
+      if (!estado) estado = Estado{.clase = clase, .situacion = s, .cuando = cuandoDe(suya)};
+      if (s < estado->situacion) estado->situacion = s, estado->cuando = cuandoDe(suya);
+      if (s != Situacion::Igual) estado->maquinas.push_back(maquina);
+    }
+  }
+  return estado.value_or(Estado{.clase = clase});
 }
 
 }  // namespace
@@ -59,7 +83,7 @@ Resultado<> anotarAceptado(dao::Database& db, int grupo, TipoTarea clase, const 
 
 Resultado<std::vector<Estado>> estadoDe(dao::Database& db, const Ajustes& ajustes,
                                         const Destino& destino) {
-  std::map<std::pair<int, int>, Nota> notas;  // by kind and machine
+  Notas notas;
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(u"SELECT CLASE, MAQUINA, HUELLA, CUANDO FROM ConfigAceptada WHERE GRUPO=?",
                    destino.grupo),
@@ -76,23 +100,7 @@ Resultado<std::vector<Estado>> estadoDe(dao::Database& db, const Ajustes& ajuste
   for (const TipoTarea clase : kClases) {
     if (!valePara(clase, destino.tipo)) continue;
     TARVO_TOMAR(const auto envios, prepararEnvio(db, ajustes, clase, destino));
-    std::map<int, QString> huellas;
-    for (const Envio& e : envios)
-      for (const int m : maquinas)
-        if (e.maquina == kTodoElGrupo || e.maquina == m) huellas[m] = e.huella();
-    Estado estado{.clase = clase, .situacion = Situacion::Igual};
-    for (const auto& [maquina, huella] : huellas) {
-      const auto nota = notas.find({numeroDe(clase), maquina});
-      const Nota* suya = nota == notas.end() ? nullptr : &nota->second;
-      const Situacion s = situacionDe(suya, huella);
-      if (s != Situacion::Igual) estado.maquinas.push_back(maquina);
-      if (s < estado.situacion || maquina == huellas.begin()->first) {
-        estado.situacion = std::min(estado.situacion, s);
-        estado.cuando = suya ? suya->cuando : std::nullopt;
-      }
-    }
-    if (huellas.empty()) estado.situacion = Situacion::NuncaEnviada;
-    estados.push_back(estado);
+    estados.push_back(estadoDeClase(clase, envios, maquinas, notas));
   }
   return estados;
 }

@@ -5,6 +5,7 @@
 #include <map>
 
 #include "core/dao/Recorrido.h"
+#include "devices/Fila.h"
 #include "devices/Modelos.h"
 #include "labels/TextosEtiqueta.h"
 
@@ -16,32 +17,25 @@ namespace {
 
 using dao::Database;
 using dao::Recordset;
+using devices::conNumero;
 using maquinas::Piezas;
 
 // A row by the names of its columns; a Null or a missing column reads as 0 or empty.
 class Fila {
  public:
   explicit Fila(const Recordset& rs) : rs_(rs) {}
-  qint64 entero(const QString& nombre) const {
-    const int c = rs_.columna(nombre);
-    return c < 0 || rs_.nulo(c) ? 0 : rs_.entero(c);
-  }
-  QString texto(const QString& nombre) const {
-    const int c = rs_.columna(nombre);
-    return c < 0 || rs_.nulo(c) ? QString() : rs_.texto(c);
-  }
-  bool logico(const QString& nombre) const {
-    const int c = rs_.columna(nombre);
-    return c >= 0 && !rs_.nulo(c) && rs_.logico(c);
-  }
+  qint64 entero(QStringView nombre) const { return leer(nombre, qint64{0}); }
+  QString texto(QStringView nombre) const { return leer(nombre, QString()); }
+  bool logico(QStringView nombre) const { return leer(nombre, false); }
 
  private:
+  template <class T>
+  T leer(QStringView nombre, T valor) const {
+    devices::leerColumna(rs_, nombre, valor);
+    return valor;
+  }
   const Recordset& rs_;
 };
-
-QString conNumero(QStringView prefijo, int n, QStringView sufijo = {}) {
-  return u"%1%2%3"_s.arg(prefijo).arg(n, 2, 10, QChar(u'0')).arg(sufijo);
-}
 
 // A format of labels by its name: its text, and its set if it has one.
 struct Formato {

@@ -82,11 +82,13 @@ Resultado<bool> haySinMemorizar(Database& db, const ClaseTotal& c, int grupo, bo
 // The inbox holds a reading that is in no period yet: of the open session, or waiting for a
 // person's answer. When one of its counters went down, the machine may have forgotten it: that
 // reading is the only record of those sales.
-Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
-                              const Lectura::Filas& nuevas, bool entera, bool abierta) {
+Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo, const Lectura& lectura,
+                              bool abierta) {
   TARVO_TOMAR(const bool viva, haySinMemorizar(db, c, grupo, false));
   TARVO_TOMAR(const auto esperan, clasesEnDuda(db, grupo));
   if (!(abierta && viva) && !esperan.contains(c.tipo)) return false;
+  Lectura::Filas deVarias;
+  const Lectura::Filas& nuevas = sumaDeMaquinas(lectura, deVarias);
   bool pisa = false;
   TARVO_INTENTAR(dao::recorrer(
       db.consultar(conMarcas(u"SELECT CODI, CON, {hora} FROM {tabla} WHERE LINK=0 AND GRUPO=?",
@@ -96,7 +98,7 @@ Resultado<bool> pisariaVentas(Database& db, const ClaseTotal& c, int grupo,
         const auto it =
             nuevas.find(Lectura::Clave{fila.entero(0), static_cast<int>(fila.entero(2))});
         const bool esta = it != nuevas.end();
-        pisa = (esta || entera) && (esta ? it->second.CON : 0) < fila.entero(1);
+        pisa = (esta || lectura.entera) && (esta ? it->second.CON : 0) < fila.entero(1);
         return !pisa;
       }));
   return pisa;
@@ -250,9 +252,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
     TARVO_TOMAR(unida, conLaParteAnterior(db_, c, grupo, leida));
   }
   const Lectura& lectura = unida ? *unida : leida;
-  Lectura::Filas deVarias;
-  TARVO_TOMAR(const auto pisa, pisariaVentas(db_, c, grupo, sumaDeMaquinas(lectura, deVarias),
-                                             lectura.entera, d->abierta > 0));
+  TARVO_TOMAR(const auto pisa, pisariaVentas(db_, c, grupo, lectura, d->abierta > 0));
   if (pisa) {
     d->rechazadas[{grupo, tipo}] = lectura;
     return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
@@ -268,6 +268,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
     d->volver(antes);
     return std::unexpected(r.error());
   }
+  d->rechazadas.erase({grupo, tipo});
   if (enDuda) {
     d->retenidas[grupo].insert_or_assign(tipo, lectura);
     return {};

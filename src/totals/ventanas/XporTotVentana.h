@@ -34,7 +34,7 @@ class XporTotVentana final : public ventanas::Ventana {
   std::vector<qint64> cola_;
   int hechos_ = 0;
   std::vector<Periodo> borrados_;
-  QStringList otrosBloques_;  // what was said of files with another block of the same dates
+  QStringList otrosBloques_;  // the notices about files with another block of the same dates
 };
 
 }  // namespace tarvo::totals
