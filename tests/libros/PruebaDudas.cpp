@@ -123,6 +123,7 @@ TEST_F(ConDudas, PocasCuentasNoPruebanNada) {
        {{11, 2}, {12, 2}, {13, 2}},
        {{11, -1}, {12, -1}, {13, 1}}},
       {"vuelven dos de tres piezas", true, false, {{11, 3}}, {{11, -2}}},
+      {"vuelve todo lo de un día flojo", false, false, {{11, 2}, {12, 1}}, {{11, -2}, {12, -1}}},
   };
   for (const Caso& c : casos) {
     SCOPED_TRACE(c.que);

@@ -93,7 +93,7 @@ bool TiendaDeLibros::ponerACero(int numero, bool llega, bool confirma, Tras tras
     if (llega) maquina.ponerACero();
     if (!confirma) continue;
     if (tras == Tras::Igual)
-      bien(p_->sesion.ceroDesmentido(numero, addr, true));
+      bien(p_->sesion.ceroDesmentido(numero, addr, TipoTotal::GranTotal, true));
     else
       bien(p_->sesion.ceroHecho(numero, addr, hechas == maquinas.size(),
                                 tras != Tras::Cero ? totals::Sesion::Visto::Nada

@@ -6,6 +6,7 @@
 #include "comm/maquinas/Nodal.h"
 #include "comm/maquinas/Vek.h"
 #include "comm/tareas/Fabricas.h"
+#include "comm/tareas/GranTotal.h"
 #include "comm/tareas/TextosTareas.h"
 #include "comm/tareas/Totales.h"
 #include "core/dao/Recorrido.h"
@@ -167,12 +168,16 @@ class ArticulosCaja final : public ListasCaja {
 
 }  // namespace
 
+std::unique_ptr<Totales> crearArticulosDeCaja(const motor::DatosTarea& t, const motor::Entorno& e) {
+  return std::make_unique<ArticulosCaja>(t, e);
+}
+
 Curso crearRxPlus(const motor::DatosTarea& t, const motor::Entorno& e) {
   switch (t.Tipo) {
     case TipoGrupo::Ebony:
       return std::make_unique<ArticulosNodal>(t, e);
     case TipoGrupo::Registradoras:
-      return std::make_unique<ArticulosCaja>(t, e);
+      return crearArticulosDeCaja(t, e);
     case TipoGrupo::Balanzas:
     case TipoGrupo::Birch:
       return std::make_unique<ArticulosVek>(t, e);

@@ -25,7 +25,9 @@ std::unexpected<Error> suprimido(const QString& texto) {
 // with each frame, set by set. If the run continues an interrupted one, the machine was left half
 // cleared, or an order got no answer, it must first show that it holds what was read from it. After
 // its answer it is asked once whether it obeyed: one that still has its sales was not zeroed, and
-// one that doesn't tell is judged by its next reading.
+// one that doesn't tell is judged by its next reading. A register may have cleared its grand total
+// alone, which may come to nothing anyway: it is asked for its articles as well, a list that is
+// empty if it obeyed.
 class Cero final : public motor::CursoTarea {
  public:
   Cero(const motor::DatosTarea& t, const motor::Entorno& e) : t_(t), e_(e), toda_(t.Todo) {}
@@ -69,13 +71,15 @@ class Cero final : public motor::CursoTarea {
   void dudar();
   bool debeProbar() const { return (comprobar_ || m_.dudosa) && !m_.probada; }
   Resultado<std::optional<Siguiente>> probar();
-  Resultado<std::optional<Siguiente>> leerGranTotal(int addr, totals::Contadores& leido);
+  Resultado<std::optional<Siguiente>> leer(TipoTarea clase, totals::Contadores& leido);
   Resultado<std::optional<Siguiente>> ver();
+  Resultado<std::optional<Siguiente>> verGranTotal();
+  Resultado<std::optional<Siguiente>> verArticulos();
   void dejarDeVer() {
     prueba_.reset();
     m_.sinVer = true;
   }
-  Resultado<> desmentida(const totals::Contadores& leido, bool igual);
+  Resultado<> desmentida(TipoTotal clase, const totals::Contadores& leido, bool igual);
   Resultado<> juzgar(const totals::Contadores& leido);
   Resultado<> parteHecha();
   Resultado<> hecha(bool visto = false);
@@ -98,7 +102,8 @@ class Cero final : public motor::CursoTarea {
     bool probada = false;     // it has shown its contents
     bool insistida = false;   // a silence was followed by a question in this attempt
     bool confirmada = false;  // it has confirmed the order
-    bool sinVer = false;      // and doesn't tell whether it obeyed
+    bool visto = false;       // and its grand total was seen to be cleared
+    bool sinVer = false;      // but it doesn't tell (the rest)
   };
 
   bool toda_, preparada_ = false, comprobar_ = false, sinLectura_ = false;
@@ -106,7 +111,7 @@ class Cero final : public motor::CursoTarea {
   std::vector<int> pendientes_;  // machines yet to forget, by address; 0 where the group is one
   size_t maquina_ = 0;
   Marcha m_;
-  std::unique_ptr<Totales> prueba_;  // the reading of the grand total under way
+  std::unique_ptr<Totales> prueba_;  // the reading of the grand total or the articles under way
   QStringList desmentidas_;          // reports of machines that didn't obey
 };
 
@@ -131,19 +136,21 @@ Resultado<> Cero::preparar() {
   return {};
 }
 
-// Nothing once the grand total is read.
-Resultado<std::optional<Siguiente>> Cero::leerGranTotal(int addr, totals::Contadores& leido) {
+// Nothing once the present machine's grand total, or articles, are read.
+Resultado<std::optional<Siguiente>> Cero::leer(TipoTarea clase, totals::Contadores& leido) {
   if (!prueba_) {
     motor::DatosTarea t = t_;
-    t.Clase = TipoTarea::RxGrTot;
-    t.Direcciones = {addr};
-    prueba_ = crearGranTotal(t, e_);
+    t.Clase = clase;
+    t.Desde = 0, t.Hasta = motor::DatosTarea{}.Hasta;
+    t.Direcciones = {addr()};
+    prueba_ = clase == TipoTarea::RxPlus ? crearArticulosDeCaja(t, e_) : crearGranTotal(t, e_);
     prueba_->paraOtra();
   }
   TARVO_TOMAR(auto s, prueba_->siguiente());
   if (s.que != Siguiente::Fin) return s;
   for (const auto& [maquina, filas] : prueba_->lectura().maquinas)
     for (const auto& [clave, c] : filas) leido += c;
+  prueba_.reset();
   return std::nullopt;
 }
 
@@ -151,7 +158,7 @@ Resultado<std::optional<Siguiente>> Cero::leerGranTotal(int addr, totals::Contad
 // to forget now, or is finished.
 Resultado<std::optional<Siguiente>> Cero::probar() {
   totals::Contadores leido;
-  TARVO_TOMAR(auto s, leerGranTotal(addr(), leido));
+  TARVO_TOMAR(auto s, leer(TipoTarea::RxGrTot, leido));
   if (s) return s;
   TARVO_INTENTAR(juzgar(leido));
   return std::nullopt;
@@ -160,29 +167,50 @@ Resultado<std::optional<Siguiente>> Cero::probar() {
 // Has the machine that has just confirmed obeyed? The order counts as done unless it is seen that
 // it didn't.
 Resultado<std::optional<Siguiente>> Cero::ver() {
-  if (!m_.sinVer) {
-    totals::Contadores leido;
-    TARVO_TOMAR(auto s, leerGranTotal(addr(), leido));
+  if (!m_.sinVer && !m_.visto) return verGranTotal();
+  if (!m_.sinVer && t_.Tipo == TipoGrupo::Registradoras) return verArticulos();
+  TARVO_INTENTAR(hecha(m_.visto));
+  return std::nullopt;
+}
+
+Resultado<std::optional<Siguiente>> Cero::verGranTotal() {
+  totals::Contadores leido;
+  TARVO_TOMAR(auto s, leer(TipoTarea::RxGrTot, leido));
+  if (s) return s;
+  TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
+  using C = totals::Sesion::Comparacion;
+  m_.visto = leido.cero() || r == C::Cero;
+  if (!m_.visto) TARVO_INTENTAR(desmentida(TipoTotal::GranTotal, leido, r == C::Igual));
+  return std::nullopt;
+}
+
+// Only the articles of the whole catalogue that were read before can be compared.
+Resultado<std::optional<Siguiente>> Cero::verArticulos() {
+  using C = totals::Sesion::Comparacion;
+  TARVO_TOMAR(const auto leidos, e_.sesion.compararArticulos(t_.Grupo, addr(), {}));
+  C r = leidos;
+  totals::Contadores leido;
+  if (leidos != C::SinLectura) {
+    TARVO_TOMAR(auto s, leer(TipoTarea::RxPlus, leido));
     if (s) return s;
-    TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
-    prueba_.reset();
-    using C = totals::Sesion::Comparacion;
-    if (!leido.cero() && r != C::Cero)
-      TARVO_INTENTAR(desmentida(leido, r == C::Igual));
-    else
-      TARVO_INTENTAR(hecha(true));
-    return std::nullopt;
+    TARVO_TOMAR(r, e_.sesion.compararArticulos(t_.Grupo, addr(), leido));
   }
-  TARVO_INTENTAR(hecha());
+  if (r == C::Mas || r == C::Igual)
+    TARVO_INTENTAR(desmentida(TipoTotal::PLUs, leido, r == C::Igual));
+  else
+    TARVO_INTENTAR(hecha(true));
   return std::nullopt;
 }
 
 // The order stays unconfirmed.
-Resultado<> Cero::desmentida(const totals::Contadores& leido, bool igual) {
-  TARVO_INTENTAR(e_.sesion.ceroDesmentido(t_.Grupo, addr(), igual));
+Resultado<> Cero::desmentida(TipoTotal clase, const totals::Contadores& leido, bool igual) {
+  TARVO_INTENTAR(e_.sesion.ceroDesmentido(t_.Grupo, addr(), clase, igual));
   const QString queda = VerImporte(e_.ajustes, leido.IMP, e_.ajustes.MonedaNativa ? 1 : 0);
-  desmentidas_ << (addr() == 0 ? e_.textos(kTxSigueConVentas, {t_.Grupo, queda})
-                               : e_.textos(kTxCajaSigueConVentas, {t_.Grupo, queda, addr()}));
+  if (clase == TipoTotal::PLUs)
+    desmentidas_ << e_.textos(kTxCajaSigueConArticulos, {t_.Grupo, queda, addr()});
+  else
+    desmentidas_ << (addr() == 0 ? e_.textos(kTxSigueConVentas, {t_.Grupo, queda})
+                                 : e_.textos(kTxCajaSigueConVentas, {t_.Grupo, queda, addr()}));
   ++maquina_;
   m_ = {};
   return {};
@@ -193,7 +221,6 @@ Resultado<> Cero::desmentida(const totals::Contadores& leido, bool igual) {
 // since its grand total was cleared.
 Resultado<> Cero::juzgar(const totals::Contadores& leido) {
   TARVO_TOMAR(const auto r, e_.sesion.compararGranTotal(t_.Grupo, addr(), leido));
-  prueba_.reset();
   using C = totals::Sesion::Comparacion;
   const bool sinBase = r == C::SinLectura || r == C::OtrasClases;
   if (r == C::OtrasClases && t_.Tipo != TipoGrupo::Registradoras && leido.cero()) {

@@ -39,8 +39,10 @@ Resultado<Fecha> momentoDelCero(Database& db, int grupo, int addr, bool& anuncia
                            grupo, addr));
   anunciado = !rs->Eof();
   if (anunciado) return rs->fecha(0);
-  TARVO_TOMAR(const auto hasta,
-              db.uno(u"SELECT MAX(BASE_HASTA) FROM Lecturas WHERE GRUPO=?"_s, grupo));
+  TARVO_TOMAR(
+      const auto hasta,
+      db.uno(u"SELECT MAX(COALESCE(BASE_ANTIGUA, BASE_HASTA)) FROM Lecturas WHERE GRUPO=?"_s,
+             grupo));
   return hasta.fecha();
 }
 
@@ -66,7 +68,7 @@ Resultado<> fecharCero(Database& db, const Ajustes& ajustes, int grupo, Fecha cu
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?"_s, grupo));
   TARVO_INTENTAR(
       db.ejecutar(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "_s
-                  u"APARTE=0 WHERE GRUPO=?"_s,
+                  u"BASE_ANTIGUA=NULL, APARTE=0 WHERE GRUPO=?"_s,
                   grupo));
   TARVO_INTENTAR(
       db.ejecutar(u"UPDATE Sesiones SET PZERO=? WHERE CODGPO=? AND (PZERO IS NULL OR PZERO<?)"_s,
@@ -208,9 +210,11 @@ Resultado<> resolverGrupo(Database& db, const Ajustes& ajustes, const Textos& te
     TARVO_TOMAR(const auto testimonios, testimoniosDeGrupo(db, todas, grupo));
     return resolverSinCuadre(db, ajustes, textos, grupo, testimonios, avisos);
   }
+  TARVO_TOMAR(const auto enParte, anotarBorradasEnParte(db, textos, grupo, lista, avisos));
+  if (enParte == EnParte::Si) return resolverBasesDe(db, ajustes, textos, grupo, avisos);
   TARVO_TOMAR(auto testimonios, testimoniosDeGrupo(db, lista, grupo));
   TARVO_TOMAR(const bool hay, dejarLasFiables(db, ajustes, grupo, testimonios));
-  if (!hay) {
+  if (!hay || enParte == EnParte::TalVez) {
     avisos.push_back({grupo, textos(kTxBajaronSinCuadrar, {grupo}), true});
     return dejarFuera(db, ajustes, grupo);
   }

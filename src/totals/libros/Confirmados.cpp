@@ -99,7 +99,7 @@ Resultado<> devolverBase(Database& db, int grupo, int addr, TipoTotal clase) {
   // A deleted period leaves its sales in no other: -1 is none.
   const bool hay = !origen->Eof();
   TARVO_INTENTAR(db.ejecutar(
-      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=1 WHERE GRUPO=? AND CLASE=? "_s
+      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, BASE_ANTIGUA=NULL, APARTE=1 WHERE GRUPO=? AND CLASE=? "_s
       u"AND LINK IS NULL"_s,
       hay ? origen->entero(0) : -1, hay ? origen->fecha(1) : cero.fecha(),
       hay ? origen->fecha(2) : cero.fecha(), grupo, numeroDe(clase)));

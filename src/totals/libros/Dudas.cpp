@@ -68,8 +68,8 @@ Resultado<> abrirDudas(Database& db, const Ajustes& ajustes, const Textos& texto
   // An answer about another machine holds as long as the same reading waits.
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Dudas WHERE GRUPO=? AND RESPUESTA IS NULL"_s, grupo));
   TARVO_TOMAR(const auto desde,
-              db.uno(u"SELECT COALESCE(MAX(BASE_HASTA), (SELECT PZERO FROM Sesiones WHERE "
-                     u"CODGPO=GRUPO)) FROM Lecturas WHERE GRUPO=?",
+              db.uno(u"SELECT COALESCE(MAX(COALESCE(BASE_ANTIGUA, BASE_HASTA)), (SELECT PZERO "
+                     u"FROM Sesiones WHERE CODGPO=GRUPO)) FROM Lecturas WHERE GRUPO=?",
                      grupo));
   for (const auto& [addr, t] : maquinas) {
     const auto gran = t.find(TipoTotal::GranTotal);

@@ -163,6 +163,17 @@ Resultado<bool> Memoria::conservarBase(const Recibido& r, const dao::Recordset& 
   return parte;
 }
 
+// The end of the reading that the remaining memorised counters come from, if this part of a list
+// leaves any.
+Resultado<dao::Valor> Memoria::baseAntigua(const Recibido& r) {
+  TARVO_TOMAR(const auto hasta,
+              db_.consultar(u"SELECT COALESCE(BASE_ANTIGUA, BASE_HASTA) FROM Lecturas l WHERE "_s
+                            u"GRUPO=? AND CLASE=? AND EXISTS (SELECT 1 FROM BaseFilas b WHERE "_s
+                            u"b.GRUPO=l.GRUPO AND b.CLASE=l.CLASE AND (CON<>0 OR IMP<>0))"_s,
+                            r.CODGPO, numeroDe(r.clase)));
+  return hasta->Eof() || hasta->nulo(0) ? dao::Valor() : dao::Valor(hasta->fecha(0));
+}
+
 // From now on the machines' counters hold what this period has, except for machines zeroed since
 // they were read.
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
@@ -187,6 +198,7 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     TARVO_INTENTAR(copiarBandeja(db_, u"BaseFilas", r.CODGPO, r.clase, static_cast<int>(addr)));
   }
   const bool aparte = varias || parte;
+  TARVO_TOMAR(const auto antigua, parte ? baseAntigua(r) : Resultado<dao::Valor>{});
   if (aparte) {
     TARVO_TOMAR(const auto base,
                 db_.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND CLASE=?"_s, r.CODGPO,
@@ -194,9 +206,10 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
     queda = base.entero() > 0;
   }
   TARVO_INTENTAR(db_.ejecutar(
-      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
-      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, aparte && queda, r.CODGPO,
-      numeroDe(r.clase)));
+      u"UPDATE Lecturas SET LINK=?, BASE_DESDE=?, BASE_HASTA=?, BASE_ANTIGUA=?, BASE_SEC=?, "_s
+      u"APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
+      queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, antigua,
+      rs->logico(3) ? sec : 0, aparte && queda, r.CODGPO, numeroDe(r.clase)));
   return {};
 }
 

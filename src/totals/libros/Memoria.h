@@ -64,6 +64,7 @@ class Memoria {
                                const std::vector<Recibido>& lecturas, std::vector<Aviso>& avisos);
   // True if the reading is a part of a list whose memorised counters are known.
   Resultado<bool> conservarBase(const Recibido& r, const dao::Recordset& lectura);
+  Resultado<dao::Valor> baseAntigua(const Recibido& r);
   Resultado<> anotarBase(const Recibido& r, qint64 link);
   Resultado<> anotarOrigen(const Recibido& r, qint64 link);
 

@@ -8,6 +8,15 @@ using namespace Qt::StringLiterals;
 
 using dao::Database;
 
+Resultado<> ponerEnDuda(Database& db, int grupo, int addr) {
+  for (const ClaseTotal& c : todasLasClases())
+    TARVO_INTENTAR(
+        db.ejecutar(u"INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA) VALUES (?, ?, ?, 1) "_s
+                    u"ON CONFLICT (GRUPO, ADDR, CLASE) DO UPDATE SET DUDA=1"_s,
+                    grupo, addr, numeroDe(c.tipo)));
+  return {};
+}
+
 Resultado<> anunciarParte(Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec) {
   // The first frame starts afresh.
   if (p.conjunto == 1)
@@ -19,12 +28,7 @@ Resultado<> anunciarParte(Database& db, Parte p, qint64 ejecucion, Fecha ahora, 
       u"EJECUCION=excluded.EJECUCION, INTENCION=excluded.INTENCION, "_s
       u"SEC_INTENCION=excluded.SEC_INTENCION"_s,
       p.grupo, p.addr, p.conjunto, ejecucion, ahora, sec));
-  for (const ClaseTotal& c : todasLasClases())
-    TARVO_INTENTAR(
-        db.ejecutar(u"INSERT INTO CerosClase (GRUPO, ADDR, CLASE, DUDA) VALUES (?, ?, ?, 1) "_s
-                    u"ON CONFLICT (GRUPO, ADDR, CLASE) DO UPDATE SET DUDA=1"_s,
-                    p.grupo, p.addr, numeroDe(c.tipo)));
-  return {};
+  return ponerEnDuda(db, p.grupo, p.addr);
 }
 
 Resultado<> confirmarParte(Database& db, Parte p, qint64 ejecucion, Fecha cuando, qint64 sec) {
@@ -36,13 +40,13 @@ Resultado<> confirmarParte(Database& db, Parte p, qint64 ejecucion, Fecha cuando
   return {};
 }
 
-Resultado<> desmentirPartes(Database& db, int grupo, int addr, bool igual) {
+Resultado<> desmentirPartes(Database& db, int grupo, int addr, std::optional<TipoTotal> intacta) {
   TARVO_INTENTAR(
       db.ejecutar(u"UPDATE CerosParte SET SEC_HECHO=-1 WHERE GRUPO=? AND ADDR=?"_s, grupo, addr));
-  if (igual)
+  if (intacta)
     TARVO_INTENTAR(
         db.ejecutar(u"UPDATE CerosClase SET DUDA=0 WHERE GRUPO=? AND ADDR=? AND CLASE=?"_s, grupo,
-                    addr, numeroDe(TipoTotal::GranTotal)));
+                    addr, numeroDe(*intacta)));
   return {};
 }
 

@@ -14,13 +14,16 @@ struct Parte {
   int grupo = 0, addr = 0, conjunto = 0;  // `conjunto`: the number of the frame
 };
 
-// Inside the caller's transaction, like all that follows. This frame is about to be sent: from now
-// on no kind of the machine is known to be whole.
+// Inside the caller's transaction, like all that follows. From now on no kind of the machine is
+// known to be whole.
+Resultado<> ponerEnDuda(dao::Database& db, int grupo, int addr);
+// The same, as this frame is about to be sent.
 Resultado<> anunciarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha ahora, qint64 sec);
 Resultado<> confirmarParte(dao::Database& db, Parte p, qint64 ejecucion, Fecha cuando, qint64 sec);
-// The machine confirmed its frames and still holds sales: no confirmation counts. `igual`: the
-// grand total is whole.
-Resultado<> desmentirPartes(dao::Database& db, int grupo, int addr, bool igual);
+// The machine confirmed its frames and still holds sales: no confirmation counts.
+// `intacta`: a kind that was seen to be whole.
+Resultado<> desmentirPartes(dao::Database& db, int grupo, int addr,
+                            std::optional<TipoTotal> intacta);
 // The machine's counters of this kind were cleared: it no longer holds anything memorised of it.
 Resultado<> olvidarClase(dao::Database& db, int grupo, int addr, TipoTotal clase);
 // The whole machine counts afresh: nothing is known to be half done any more.

@@ -3,6 +3,7 @@
 // where there are several, the evidence of the counters decides.
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 
 #include "totals/TextosTotals.h"
@@ -28,6 +29,8 @@ struct Caja {
   Fecha cuando;
   std::map<TipoTotal, qint64> quitado;  // unknown where missing
   std::set<TipoTotal> dudosas;          // kinds that may have been cleared
+  std::map<TipoTotal, qint64> tenia;    // what each kind read since held before
+  bool enteras = true;                  // each of these was read whole
   Testimonios t;                        // of the kinds read since, with something memorised
   std::set<TipoTotal> leidas;           // all kinds read since
 };
@@ -38,9 +41,12 @@ Resultado<Caja> leerCaja(Database& db, int grupo, int addr) {
   c.grupo = grupo, c.addr = addr;
   TARVO_TOMAR(
       auto tramas,
-      db.consultar(u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
-                   u"MAX(INTENCION), MIN(SEC_HECHO)<0 FROM CerosParte WHERE GRUPO=? AND ADDR=?"_s,
-                   grupo, addr));
+      db.consultar(
+          u"SELECT count(*), SUM(SEC_HECHO>=SEC_INTENCION), MAX(SEC_INTENCION), "_s
+          u"COALESCE(MAX(INTENCION), (SELECT MAX(COALESCE(BASE_ANTIGUA, BASE_HASTA)) FROM "_s
+          u"Lecturas WHERE GRUPO=?)), MIN(SEC_HECHO)<0 FROM CerosParte WHERE GRUPO=? AND "_s
+          u"ADDR=?"_s,
+          grupo, grupo, addr));
   c.anunciadas = tramas->entero(0), c.confirmadas = tramas->entero(1);
   c.ultimaTrama = tramas->entero(2), c.cuando = tramas->fecha(3);
   c.desmentida = tramas->logico(4);
@@ -89,6 +95,27 @@ bool puede(const Caja& c, const Via& via) {
          std::ranges::all_of(via, [&](TipoTotal k) { return c.dudosas.contains(k); });
 }
 
+// What a kind held when it may have been cleared. The kinds may have been memorised on different
+// nights, but they held the same amount at any time: that of the one memorised last, less what each
+// was lower already.
+Resultado<> ponerLoQueTenian(Database& db, Caja& c) {
+  qint64 ultima = 0, habia = 0;
+  std::map<TipoTotal, qint64> secs;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(u"SELECT CLASE, BASE_SEC FROM Lecturas WHERE GRUPO=? AND BASE_SEC>0", c.grupo),
+      [&](const dao::Recordset& fila) {
+        const auto clase = deNumero<TipoTotal>(fila.entero(0));
+        if (!clase || !c.t.contains(*clase) || !c.quitado.contains(*clase)) return;
+        secs[*clase] = fila.entero(1);
+        if (fila.entero(1) <= ultima) return;
+        ultima = fila.entero(1);
+        habia = c.t.at(*clase).impAntes + c.quitado.at(*clase);
+      }));
+  for (const auto& [k, t] : c.t)
+    c.tenia[k] = secs.contains(k) ? habia - c.quitado.at(k) : t.impAntes;
+  return {};
+}
+
 // All ways in which the sums of all kinds foot. A kind whose shortfall is unknown can't be summed.
 std::vector<Via> viasQueCuadran(const Caja& c) {
   std::vector<TipoTotal> clases;
@@ -103,8 +130,7 @@ std::vector<Via> viasQueCuadran(const Caja& c) {
       if (borrada) via.insert(k);
       const auto q = c.quitado.find(k);
       if (q == c.quitado.end()) continue;
-      const Testimonio& t = c.t.at(k);
-      sumas.insert(t.impAhora + q->second + (borrada ? t.impAntes : 0));
+      sumas.insert(c.t.at(k).impAhora + q->second + (borrada ? c.tenia.at(k) : 0));
     }
     if (sumas.size() < 2 && puede(c, via)) vias.push_back(via);
   }
@@ -177,7 +203,7 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
     const auto t = c.t.find(k);
     if (borradas.contains(k)) {
       TARVO_INTENTAR(olvidarClase(db, c.grupo, c.addr, k));
-      TARVO_INTENTAR(corregirLectura(db, c, k, t->second.impAntes));
+      TARVO_INTENTAR(corregirLectura(db, c, k, c.tenia.at(k)));
     }
     // A kind that was never memorised shows nothing: its shortfall against the others is unknown.
     TARVO_TOMAR(const auto base,
@@ -188,7 +214,7 @@ Resultado<> aplicar(Database& db, const Caja& c, const Via& borradas) {
     TARVO_INTENTAR(db.ejecutar(
         u"UPDATE CerosClase SET DUDA=0, QUITADO=CASE WHEN ? THEN QUITADO+? END WHERE GRUPO=? AND "_s
         u"ADDR=? AND CLASE=?"_s,
-        sabido, borradas.contains(k) ? t->second.impAntes : 0, c.grupo, c.addr, numeroDe(k)));
+        sabido, borradas.contains(k) ? c.tenia.at(k) : 0, c.grupo, c.addr, numeroDe(k)));
     if (!sabido)
       TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET AJUSTE=NULL WHERE GRUPO=? AND CLASE=?"_s,
                                  c.grupo, numeroDe(k)));
@@ -218,7 +244,8 @@ Resultado<Estado> resolverCaja(Database& db, const Ajustes& ajustes, const Texto
   TARVO_TOMAR(const bool espera, preguntada(db, c.grupo, c.addr));
   if (espera && vias.size() > 1 && !quietos(c.t)) via.reset();
   if (respuesta && !vias.empty()) via = *respuesta ? masLarga(vias) : masCorta(vias);
-  if (!via) return todas && vias.size() > 1 ? Estado::Preguntar : Estado::SinSaber;
+  // Where a range of codes was read, no answer says which kinds were cleared.
+  if (!via) return todas && c.enteras && vias.size() > 1 ? Estado::Preguntar : Estado::SinSaber;
   const bool todo = !c.t.empty() && todas && via->size() == c.t.size();
   borrado = borrado || (!todo && !via->empty());
   if (todo)
@@ -240,8 +267,12 @@ Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes
     for (const auto& [k, t] : testimonios[addr])
       if (c.leidas.contains(k)) c.t[k] = t;
     // The sum of a range of codes can't foot with anything.
-    for (const Releida& r : lista)
-      if (r.grupo == grupo && !r.entera) c.quitado.erase(r.clase->tipo);
+    TARVO_INTENTAR(ponerLoQueTenian(db, c));
+    for (const Releida& r : lista) {
+      if (r.grupo != grupo || r.entera) continue;
+      c.quitado.erase(r.clase->tipo);
+      c.enteras = false;
+    }
     const bool alguna =
         std::ranges::any_of(c.leidas, [&](TipoTotal k) { return c.dudosas.contains(k); });
     if (!alguna) c.anunciadas = c.confirmadas = 0;
@@ -250,7 +281,47 @@ Resultado<std::vector<Caja>> cajasQueJuzgar(Database& db, const Ajustes& ajustes
   return cajas;
 }
 
+// The only way in which the sums of a register foot, if some of its kinds must have been cleared
+// for it and others not.
+EnParte borradaEnParte(const Testimonios& t) {
+  Caja c;
+  c.t = t;
+  for (const auto& [k, x] : t) {
+    c.dudosas.insert(k);
+    c.quitado[k] = 0;
+    c.tenia[k] = x.impAntes;
+  }
+  const auto vias = viasQueCuadran(c);
+  if (vias.size() != 1 || vias.front().empty() || vias.front().size() == t.size())
+    return EnParte::No;
+  const auto todas = [&](auto que) { return std::ranges::all_of(vias.front(), que); };
+  if (!todas([&](TipoTotal k) { return t.at(k).bajas > 0; })) return EnParte::No;
+  return todas([&](TipoTotal k) { return t.at(k).conAhora > 0; }) ? EnParte::Si : EnParte::TalVez;
+}
+
 }  // namespace
+
+Resultado<EnParte> anotarBorradasEnParte(Database& db, const Textos& textos, int grupo,
+                                         const std::vector<Releida>& lista,
+                                         std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(const auto tipo, db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo));
+  if (deNumero<TipoGrupo>(tipo.entero()) != TipoGrupo::Registradoras) return EnParte::No;
+  std::vector<Releida> enteras;
+  std::ranges::copy_if(lista, std::back_inserter(enteras), &Releida::entera);
+  TARVO_TOMAR(const auto testimonios, testimoniosDeGrupo(db, enteras, grupo));
+  TARVO_TOMAR(const auto aMedias, maquinasAMedias(db, grupo));
+  std::vector<int> partidas;
+  for (const auto& [addr, t] : testimonios) {
+    const EnParte esta = aMedias.contains(addr) ? EnParte::No : borradaEnParte(t);
+    if (esta == EnParte::TalVez) return esta;
+    if (esta == EnParte::Si) partidas.push_back(addr);
+  }
+  for (const int addr : partidas) {
+    TARVO_INTENTAR(ponerEnDuda(db, grupo, addr));
+    avisos.push_back({grupo, textos(kTxBorradaEnParte, {grupo, addr}), true});
+  }
+  return partidas.empty() ? EnParte::No : EnParte::Si;
+}
 
 Resultado<bool> resolverPartes(Database& db, const Ajustes& ajustes, const Textos& textos,
                                int grupo, std::vector<Aviso>& avisos) {

@@ -129,9 +129,9 @@ class Sesion {
   // (MarcarSesion 6). What wasn't seen to be gone is kept until its next reading shows it.
   enum class Visto : int { Nada, GranTotal, Todo };
   Resultado<> ceroHecho(int grupo, int addr, bool ultima, Visto visto = Visto::Nada);
-  // The machine at this address has confirmed, but was seen to hold sales afterwards; `igual`: to
-  // the unit those of its grand total when it was read. Its next reading shows what it forgot.
-  Resultado<> ceroDesmentido(int grupo, int addr, bool igual);
+  // The machine at this address has confirmed, but was seen to hold sales of this kind afterwards;
+  // `igual`: to the unit those read before. Its next reading shows what it forgot.
+  Resultado<> ceroDesmentido(int grupo, int addr, TipoTotal clase, bool igual);
   // The addresses of the group whose zeroing was already confirmed in this run.
   Resultado<bool> ceroYaHecho(int grupo, int addr);
   // Compares a grand total just read with that machine's readings since it last forgot. Igual:
@@ -139,6 +139,8 @@ class Sesion {
   // sales. OtrasClases: only other kinds were read. SinLectura: nothing was.
   enum class Comparacion { Igual, Cero, Mas, OtrasClases, SinLectura };
   Resultado<Comparacion> compararGranTotal(int grupo, int addr, const Contadores& leido);
+  // The same for the sum of the machine's articles, if they were read whole.
+  Resultado<Comparacion> compararArticulos(int grupo, int addr, const Contadores& leido);
 
   dao::Database& base() { return db_; }
   const Ajustes& ajustes() const { return ajustes_; }

@@ -17,22 +17,28 @@ using dao::Database;
 
 constexpr qint64 kVentasQueNoSeRepiten = 3;
 
-// The amount of a machine's articles, read whole since it last forgot; `sola`: of a later run than
-// its grand total.
-Resultado<std::optional<qint64>> importeDeArticulos(Database& db, int grupo, int addr, bool sola) {
+// The sum of a machine's articles, read whole since it last forgot; `sola`: of a later run than its
+// grand total.
+Resultado<std::optional<Contadores>> sumaDeArticulos(Database& db, int grupo, int addr, bool sola) {
   TARVO_TOMAR(
-      const auto rs,
+      const auto lectura,
       db.consultar(
-          conMarcas(u"SELECT CASE WHEN MAQUINAS>1 THEN (SELECT COALESCE(SUM(IMP), 0) FROM "
-                    u"LectFilas f WHERE f.GRUPO=Lecturas.GRUPO AND f.CLASE=Lecturas.CLASE AND "
-                    u"f.ADDR=?) ELSE (SELECT COALESCE(SUM(IMP), 0) FROM TOTPLU WHERE LINK=0 AND "
-                    u"TOTPLU.GRUPO=Lecturas.GRUPO) END FROM Lecturas WHERE GRUPO=? AND CLASE=? AND "
-                    u"ESTADO=2 AND ENTERA<>0 AND {trasElCero} AND (NOT ? OR EXISTS (SELECT 1 FROM "
-                    u"Lecturas g WHERE "
-                    u"g.GRUPO=Lecturas.GRUPO AND g.CLASE=? AND g.EJECUCION<Lecturas.EJECUCION))",
+          conMarcas(u"SELECT MAQUINAS FROM Lecturas WHERE GRUPO=? AND CLASE=? AND ESTADO=2 AND "
+                    u"ENTERA<>0 AND {trasElCero} AND (NOT ? OR EXISTS (SELECT 1 FROM Lecturas g "
+                    u"WHERE g.GRUPO=Lecturas.GRUPO AND g.CLASE=? AND "
+                    u"g.EJECUCION<Lecturas.EJECUCION))",
                     {{u"trasElCero", QString::fromUtf16(kTrasElCero)}}),
-          addr, grupo, numeroDe(TipoTotal::PLUs), addr, sola, numeroDe(TipoTotal::GranTotal)));
-  return rs->Eof() ? std::nullopt : std::optional(rs->entero(0));
+          grupo, numeroDe(TipoTotal::PLUs), addr, sola, numeroDe(TipoTotal::GranTotal)));
+  if (lectura->Eof()) return std::nullopt;
+  const bool varias = lectura->entero(0) > 1;
+  TARVO_TOMAR(const auto suma,
+              varias ? db.consultar(u"SELECT SUM(CON), SUM(PES), SUM(IMP) FROM LectFilas WHERE "_s
+                                    u"GRUPO=? AND CLASE=? AND ADDR=?"_s,
+                                    grupo, numeroDe(TipoTotal::PLUs), addr)
+                     : db.consultar(u"SELECT SUM(CON), SUM(PES), SUM(IMP) FROM TOTPLU WHERE "_s
+                                    u"LINK=0 AND GRUPO=?"_s,
+                                    grupo));
+  return Contadores{.CON = suma->entero(0), .PES = suma->entero(1), .IMP = suma->entero(2)};
 }
 
 // The kinds whose reading in the open session contains memorised sales. These are taken off when it
@@ -79,11 +85,11 @@ Resultado<> quitarDeLaBase(Database& db, int grupo, int addr, const QString& men
 Resultado<> olvidarBase(Database& db, int grupo, const QString& menos) {
   TARVO_INTENTAR(db.ejecutar(
       menosEstas(u"DELETE FROM BaseFilas WHERE GRUPO=? AND CLASE NOT IN ({menos})", menos), grupo));
-  TARVO_INTENTAR(
-      db.ejecutar(menosEstas(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "
-                             u"APARTE=0 WHERE GRUPO=? AND CLASE NOT IN ({menos})",
-                             menos),
-                  grupo));
+  TARVO_INTENTAR(db.ejecutar(
+      menosEstas(u"UPDATE Lecturas SET LINK=NULL, BASE_DESDE=NULL, BASE_HASTA=NULL, "
+                 u"BASE_ANTIGUA=NULL, APARTE=0 WHERE GRUPO=? AND CLASE NOT IN ({menos})",
+                 menos),
+      grupo));
   return {};
 }
 
@@ -195,9 +201,9 @@ Resultado<Sesion::Partes> Sesion::partesHechas(int grupo, int addr) {
   return Partes{static_cast<int>(rs->entero(1)) + 1, rs->entero(0) > 0};
 }
 
-Resultado<> Sesion::ceroDesmentido(int grupo, int addr, bool igual) {
+Resultado<> Sesion::ceroDesmentido(int grupo, int addr, TipoTotal clase, bool igual) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
-  TARVO_INTENTAR(desmentirPartes(db_, grupo, addr, igual));
+  TARVO_INTENTAR(desmentirPartes(db_, grupo, addr, igual ? std::optional(clase) : std::nullopt));
   return tr.confirmar();
 }
 
@@ -240,8 +246,8 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   TARVO_TOMAR(const auto base, granTotalLeido(db_, grupo, addr));
   // For a process the sum of the articles will do.
   if (d->enProceso) {
-    TARVO_TOMAR(const auto articulos, importeDeArticulos(db_, grupo, addr, base.has_value()));
-    if (articulos && leido.IMP == *articulos) return Comparacion::Igual;
+    TARVO_TOMAR(const auto articulos, sumaDeArticulos(db_, grupo, addr, base.has_value()));
+    if (articulos && leido.IMP == articulos->IMP) return Comparacion::Igual;
     if (articulos && !base) return leido.cero() ? Comparacion::Cero : Comparacion::Mas;
   }
   if (!base) {
@@ -270,6 +276,14 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   // A returned item may lower the count; it doesn't halve it.
   if (2 * leido.CON < con || (leido.CON == 0 && leido.IMP == 0)) return Comparacion::Cero;
   return Comparacion::Mas;
+}
+
+Resultado<Sesion::Comparacion> Sesion::compararArticulos(int grupo, int addr,
+                                                         const Contadores& leido) {
+  TARVO_TOMAR(const auto antes, sumaDeArticulos(db_, grupo, addr, false));
+  if (!antes || antes->CON == 0) return Comparacion::SinLectura;
+  if (leido.cero() || 2 * leido.CON < antes->CON) return Comparacion::Cero;
+  return *antes == leido ? Comparacion::Igual : Comparacion::Mas;
 }
 
 }  // namespace tarvo::totals

@@ -87,7 +87,11 @@ dao::TablasDeSala tablasLibros() {
                     {6, kGuionConfirmados.toString()},
                     dao::columna(7, QStringLiteral("Ceros"), QStringLiteral("VISTO"),
                                  QStringLiteral("INTEGER DEFAULT 0")),
-                    {8, kGuionBajas.toString()}},
+                    {8, kGuionBajas.toString()},
+                    dao::columna(9, QStringLiteral("Lecturas"), QStringLiteral("BASE_SEC"),
+                                 QStringLiteral("INTEGER DEFAULT 0")),
+                    dao::columna(10, QStringLiteral("Lecturas"), QStringLiteral("BASE_ANTIGUA"),
+                                 QStringLiteral("REAL"))},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
                      {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}}};
 }

@@ -195,8 +195,8 @@ Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   if (firmes(t)) return porAzar ? Veredicto::Duda : Veredicto::Guarda;
   const bool caenTodos = f.bajas > 0 && f.bajas >= kPorBaja * f.iguales;
   const bool bastan =
-      muchasBajas(f) ||
-      (cayo(g) && (f.bajas >= kBajasConTotal || quedanMenosDeLaMitad(g) || aCero(t)));
+      muchasBajas(f) || (cayo(g) && (f.bajas >= kBajasConTotal || quedanMenosDeLaMitad(g) ||
+                                     (aCero(t) && g.conAntes >= kMuchasPiezas)));
   return caenTodos && bastan ? Veredicto::Olvido : Veredicto::Duda;
 }
 
