@@ -127,6 +127,15 @@ bool Formato::cabeOtro(TipoCampo tipo) const {
          }) < reservaDe(tipo);
 }
 
+int Formato::recortar() {
+  const auto habia = std::ssize(campos);
+  std::vector<CampoEtiqueta> todos;
+  std::swap(todos, campos);
+  for (const CampoEtiqueta& c : todos)
+    if (cabeOtro(c.tipo)) campos.push_back(c);
+  return static_cast<int>(habia - std::ssize(campos));
+}
+
 std::optional<FormatoLeido> leerFormato(const QString& texto) {
   FormatoLeido leido;
   for (const QString& una : texto.split(kFin)) {

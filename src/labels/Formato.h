@@ -65,6 +65,8 @@ struct Formato {
   std::optional<QString> texto() const;
   // Whether another field of that type fits: at most 30 in all, and its sort's own limit.
   bool cabeOtro(TipoCampo tipo) const;
+  // Removes the last fields above those limits; returns how many.
+  int recortar();
 };
 
 // The text of a format, or of the clipboard with the name of its text set.
