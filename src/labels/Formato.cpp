@@ -138,7 +138,8 @@ int Formato::recortar() {
 
 std::optional<FormatoLeido> leerFormato(const QString& texto) {
   FormatoLeido leido;
-  for (const QString& una : texto.split(kFin)) {
+  for (QString una : texto.split(u'\n')) {
+    if (una.endsWith(u'\r')) una.chop(1);
     if (una.isEmpty()) continue;
     if (una.startsWith(kJuego)) {
       leido.juego = una.mid(kJuego.size()).trimmed();

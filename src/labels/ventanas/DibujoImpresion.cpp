@@ -16,7 +16,7 @@ using namespace ventanas;
 
 namespace {
 
-constexpr int kLadoPng = 4, kPuntosPorMetro = kPuntosPorMm * 1000;
+constexpr int kLadoMayor = 3, kLadoPng = 4, kPuntosPorMetro = kPuntosPorMm * 1000;
 
 QByteArray enPng(const Impresion& impresion) {
   QImage imagen = imagenDe(impresion, kLadoPng);
@@ -67,6 +67,7 @@ void DibujoImpresion::poner(Impresion impresion) {
   impresion_ = std::move(impresion);
   imagen_ = imagenDe(impresion_, 1);
   senalado_ = -1;
+  medir();
   update();
 }
 
@@ -75,26 +76,27 @@ void DibujoImpresion::senalar(int tropiezo) {
   update();
 }
 
-QSize DibujoImpresion::minimumSizeHint() const {
-  return {kAnchoCabezal + escalar(2 * kSeparacion), kLargoEtiqueta + escalar(2 * kSeparacion)};
+void DibujoImpresion::medir() {
+  const int aire = 2 * escalar(kSeparacion);
+  lado_ = std::clamp((width() - aire) / std::max(1, impresion_.area.width()), 1, kLadoMayor);
+  setMinimumSize(impresion_.area.width() + aire, impresion_.area.height() * lado_ + aire);
 }
 
-// In whole pixels for each dot where there is room, so that bars stay sharp.
+void DibujoImpresion::resizeEvent(QResizeEvent*) {
+  medir();
+}
+
 void DibujoImpresion::paintEvent(QPaintEvent*) {
   QPainter p(this);
   p.fillRect(rect(), colorDe(Tinte::BaseAlterna));
   if (imagen_.isNull()) return;
-  const int aire = escalar(kSeparacion);
-  const double lado =
-      std::max(1.0, std::floor(std::min((width() - 2.0 * aire) / imagen_.width(),
-                                        (height() - 2.0 * aire) / imagen_.height())));
-  const QSizeF papel = QSizeF(imagen_.size()) * lado;
-  const QPointF cero((width() - papel.width()) / 2, (height() - papel.height()) / 2);
-  p.drawImage(QRectF(cero, papel), imagen_);
+  const QSize papel = imagen_.size() * lado_;
+  const QPoint cero((width() - papel.width()) / 2, escalar(kSeparacion));
+  p.drawImage(QRect(cero, papel), imagen_);
   const QColor mal = colorDe(Tinte::Mal);
   for (size_t i = 0; i < impresion_.tropiezos.size(); ++i) {
     const QRect caja = impresion_.campos[impresion_.tropiezos[i].campo].caja;
-    const QRectF donde(cero + QPointF(caja.topLeft()) * lado, QSizeF(caja.size()) * lado);
+    const QRect donde(cero + caja.topLeft() * lado_, caja.size() * lado_);
     const bool este = static_cast<int>(i) == senalado_;
     p.setPen(QPen(mal, este ? 2 * kFoco : 1));
     p.drawRect(donde);

@@ -16,6 +16,8 @@ QImage imagenDe(const Impresion& impresion, int lado);
 Resultado<> guardarImpresion(const Impresion& impresion, const QString& ruta,
                              const QString& noSePudo);
 
+// As wide as there is room, in whole pixels for each dot, so that bars stay sharp; as high as it then
+// needs. For a scroll area.
 class DibujoImpresion final : public QWidget {
   Q_OBJECT
  public:
@@ -23,13 +25,15 @@ class DibujoImpresion final : public QWidget {
   void poner(Impresion impresion);
   const Impresion& impresion() const { return impresion_; }
   void senalar(int tropiezo);  // -1 for none
-  QSize minimumSizeHint() const override;
 
  private:
+  void medir();
   void paintEvent(QPaintEvent* evento) override;
+  void resizeEvent(QResizeEvent* evento) override;
 
   Impresion impresion_;
   QImage imagen_;
+  int lado_ = 1;  // pixels of a dot
   int senalado_ = -1;
 };
 

@@ -34,11 +34,11 @@ EdiEtqu::EdiEtqu(Contexto& contexto, const QString& nombre, articles::Catalogo& 
 Resultado<> EdiEtqu::entrar(const PuertaEdiEtqu&) {
   if (!actual_.isEmpty()) return {};
   TARVO_INTENTAR(lista_->abrir(listaEtiquetas()));
+  mostrar();
   if (lista_->filas() > 0) {
     lista_->irA(0);
     lista_->setFocus();
   } else {
-    mostrar();
     nuevoNombre_->setFocus();
   }
   actualCambiada();
@@ -88,21 +88,20 @@ bool EdiEtqu::dejaLosCambios() {
   return caja.clickedButton() == no;
 }
 
-// A text that can't be read leaves the editor as it was.
+// A text that can't be read can only be deleted, or another be pasted in its place.
 void EdiEtqu::cargar(const QString& nombre) {
   EstadoFormato nuevo;
   int sobran = 0;
+  bool ilegible = false;
   if (!nombre.isEmpty()) {
     const auto etiqueta = etiquetas_.leer(nombre);
     if (!haIdoBien(etiqueta)) return irAEtiqueta(actual_);
     const auto leido = leerFormato(etiqueta->campos.value_or(QString()));
-    if (!leido) {
-      decirFallo(contexto().textos(kTxEtiquetaIlegible, {nombre}));
-      return irAEtiqueta(actual_);
-    }
-    nuevo = {leido->formato, etiqueta->juego};
+    ilegible = !leido;
+    nuevo = {leido ? leido->formato : Formato(), etiqueta->juego};
     sobran = nuevo.formato.recortar();
   }
+  ilegible_ = ilegible;
   actual_ = nombre;
   for (const int paso : pasos_) deshacer_->retirar(paso);
   pasos_.clear();
@@ -111,6 +110,7 @@ void EdiEtqu::cargar(const QString& nombre) {
   lienzo_->elegir({});
   leerTextos();
   mostrar();
+  if (ilegible_) decirFallo(contexto().textos(kTxEtiquetaIlegible, {nombre}));
   if (sobran > 0) decirDuda(t(kTxCamposDeMas, sobran));
 }
 
@@ -143,7 +143,7 @@ Resultado<> EdiEtqu::renombrar(const QString& nuevo) {
 // --- saving and deleting
 
 bool EdiEtqu::guardar() {
-  if (actual_.isEmpty()) return false;
+  if (!editable()) return false;
   if (std::ranges::any_of(borrador_.formato().campos, &CampoEtiqueta::fuera)) {
     if (!MyMsgBox::Decide(this, contexto().textos, t(kTxEliminarNegativos),
                           kAceptoCancelo | kExclamacion))
@@ -238,6 +238,7 @@ void EdiEtqu::pegarEntera(const FormatoLeido& leido) {
   if (leido.juego) nuevo.juego = leido.juego->isEmpty() ? std::nullopt : leido.juego;
   const int sobran = nuevo.formato.recortar();
   lienzo_->elegir({});
+  ilegible_ = false;
   ponerEstado(t(kTxHizoPegarEtiqueta), std::move(nuevo));
   sobran > 0 ? decirDuda(t(kTxCamposDeMas, sobran))
              : decirBien(contexto().textos(kTxEtiquetaPegada, {actual_}));

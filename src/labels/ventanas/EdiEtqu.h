@@ -83,6 +83,7 @@ class EdiEtqu final : public ventanas::Ventana {
   LectorTextos lector() const;
 
   bool enEtiquetas() const;
+  bool editable() const { return !actual_.isEmpty() && !ilegible_; }
 
   articles::Catalogo& catalogo_;
   Etiquetas etiquetas_;
@@ -93,7 +94,7 @@ class EdiEtqu final : public ventanas::Ventana {
   std::optional<QString> lineas_;  // of its text set
   std::vector<int> pasos_;         // its changes, in the undo stack
   std::vector<QString> rehechos_;  // the names of what can be done again
-  bool llenando_ = false;
+  bool llenando_ = false, ilegible_ = false;
 
   ventanas::Parrilla *lista_, *campos_;
   Lienzo* lienzo_;

@@ -77,11 +77,11 @@ void EdiEtqu::rehacer() {
 void EdiEtqu::mostrar() {
   const QScopedValueRollback en(llenando_, true);
   const Formato& f = borrador_.formato();
-  lienzo_->setEnabled(!actual_.isEmpty());
+  lienzo_->setEnabled(editable());
   lienzo_->poner(f, lector());
   x0_->setValue(f.x0);
   y0_->setValue(f.y0);
-  for (QSpinBox* campo : {x0_, y0_}) campo->setEnabled(!actual_.isEmpty());
+  for (QSpinBox* campo : {x0_, y0_}) campo->setEnabled(editable());
   lbx0_->setText(u"x0 "_s + QString::number(f.x0));
   lby0_->setText(u"y0 "_s + QString::number(f.y0));
   const auto& juego = borrador_.estado().juego;
@@ -145,7 +145,8 @@ void EdiEtqu::nuevo(TipoCampo tipo) {
   Formato f = borrador_.formato();
   f.campos.push_back(nuevoCampo(tipo, f, numero));
   const size_t cual = f.campos.size() - 1;
-  poner(contexto().textos(kTxHizoAnadir, {nombreDeCampo(f.campos.back())}), std::move(f));
+  const QString que = contexto().textos(kTxHizoAnadir, {nombreDeCampo(f.campos.back())});
+  poner(que, std::move(f));
   lienzo_->elegir({cual});
   lienzo_->setFocus();
 }

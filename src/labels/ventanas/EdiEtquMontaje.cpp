@@ -210,14 +210,19 @@ void EdiEtqu::montarOrdenes(QToolBar* edicion, QToolBar* etiqueta) {
   montarCampos(edicion);
   ordenesEtiqueta_ = new Ordenes(*this, etiqueta);
   const auto hay = [this] { return !actual_.isEmpty(); };
+  const auto seEdita = [this] { return editable(); };
   auto& s = *ordenesEtiqueta_;
-  s.anadir(
-      {u"Guardar"_s, kTxGuardar, u"guardar"_s, Qt::CTRL | Qt::Key_S, [this] { guardar(); }, hay});
-  s.anadir(
-      {u"VerMuestra"_s, kTxVerMuestra, u"imprimir"_s, Qt::Key_F4, [this] { verMuestra(); }, hay});
+  s.anadir({u"Guardar"_s, kTxGuardar, u"guardar"_s, Qt::CTRL | Qt::Key_S, [this] { guardar(); },
+            seEdita});
+  s.anadir({u"VerMuestra"_s, kTxVerMuestra, u"imprimir"_s, Qt::Key_F4, [this] { verMuestra(); },
+            seEdita});
   etiqueta->addSeparator();
-  s.anadir(
-      {u"CopiarEtiqueta"_s, kTxCopiarEtiqueta, u"copiar"_s, {}, [this] { copiarEtiqueta(); }, hay});
+  s.anadir({u"CopiarEtiqueta"_s,
+            kTxCopiarEtiqueta,
+            u"copiar"_s,
+            {},
+            [this] { copiarEtiqueta(); },
+            seEdita});
   s.anadir(
       {u"PegarEtiqueta"_s, kTxPegarEtiqueta, u"bajar"_s, {}, [this] { pegarEtiqueta(); }, hay});
   s.anadir(
@@ -228,8 +233,8 @@ void EdiEtqu::montarOrdenes(QToolBar* edicion, QToolBar* etiqueta) {
 void EdiEtqu::montarCampos(QToolBar* barra) {
   ordenes_ = new Ordenes(*this, barra);
   auto& o = *ordenes_;
-  const auto hay = [this] { return !actual_.isEmpty(); };
-  const auto elegido = [this] { return !actual_.isEmpty() && !lienzo_->elegidos().empty(); };
+  const auto hay = [this] { return editable(); };
+  const auto elegido = [this] { return !lienzo_->elegidos().empty(); };
   const auto elegidoAqui = [this, elegido] { return enEtiquetas() || elegido(); };
   nuevoCampo_ = o.anadir(
       {u"NvoCpo"_s, kTxNvoCpo, u"anadir"_s, Qt::Key_Insert, [this] { pedirNuevo(); }, hay});

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScrollArea>
 #include <QSplitter>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -66,7 +67,12 @@ void VistaEtq::montar() {
   dibujo_->setObjectName(u"Dibujo"_s);
   dibujo_->setAccessibleName(t(kTxVistaEtq));
   v->addWidget(titulo_);
-  v->addWidget(dibujo_, 1);
+  auto* sitio = new QScrollArea(derecha);
+  sitio->setObjectName(u"SitioDibujo"_s);
+  sitio->setAccessibleName(t(kTxVistaEtq));
+  sitio->setWidgetResizable(true);
+  sitio->setWidget(dibujo_);
+  v->addWidget(sitio, 1);
   division->addWidget(panelArticulos());
   division->addWidget(derecha);
   division->setStretchFactor(1, 1);
@@ -141,7 +147,12 @@ LectorTextos VistaEtq::lector() const {
 void VistaEtq::listar() {
   haIdoBien(articulos_->abrir(articles::listaArticulos(
       {.seccion = static_cast<int>(elegido(*secciones_)), .texto = busca_->text()})));
-  if (articulos_->filas() > 0) articulos_->irA(0);
+  // The first one that isn't the system's.
+  int fila = 0;
+  while (fila + 1 < articulos_->filas() &&
+         articulos_->valor(fila, u"CODPLU").entero() < articles::kPrimerCodigo)
+    ++fila;
+  if (articulos_->filas() > 0) articulos_->irA(fila);
 }
 
 void VistaEtq::articuloCambiado() {
