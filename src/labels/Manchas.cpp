@@ -1,6 +1,6 @@
 #include "labels/Manchas.h"
 
-#include "articles/ModulosBarras.h"
+#include "articles/CodigoBarras.h"
 
 namespace tarvo::labels {
 

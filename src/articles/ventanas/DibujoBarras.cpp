@@ -2,7 +2,7 @@
 
 #include <QPainter>
 
-#include "articles/ModulosBarras.h"
+#include "articles/CodigoBarras.h"
 
 namespace tarvo::articles {
 
