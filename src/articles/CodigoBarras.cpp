@@ -1,6 +1,9 @@
 #include "articles/CodigoBarras.h"
 
+#include <zint.h>
+
 #include <algorithm>
+#include <memory>
 
 namespace tarvo::articles {
 
@@ -9,6 +12,10 @@ namespace {
 bool soloCifras(QStringView s) {
   return std::ranges::all_of(s, [](QChar c) { return c >= u'0' && c <= u'9'; });
 }
+
+struct Soltar {
+  void operator()(zint_symbol* simbolo) const { ZBarcode_Delete(simbolo); }
+};
 
 }  // namespace
 
@@ -43,6 +50,22 @@ QString codigoImpreso(const Articulo& a) {
   if (a.barras == kEAN8 && codigo.size() != cifras) return {};
   codigo = codigo.leftJustified(cifras, u'0');
   return codigo + QChar(u'0' + digitoControl(codigo));
+}
+
+// The library computes the check digit itself, and would refuse a different one.
+std::vector<bool> modulosBarras(const QString& codigo) {
+  const std::unique_ptr<zint_symbol, Soltar> s(ZBarcode_Create());
+  if (!s || codigo.isEmpty()) return {};
+  const bool ean = (codigo.size() == 8 || codigo.size() == 13) && soloCifras(codigo);
+  s->symbology = ean ? BARCODE_EANX : BARCODE_CODE128;
+  s->show_hrt = 0;
+  const QByteArray datos = (ean ? codigo.chopped(1) : codigo).toUtf8();
+  const auto* bytes = reinterpret_cast<const unsigned char*>(datos.constData());
+  if (ZBarcode_Encode(s.get(), bytes, static_cast<int>(datos.size())) >= ZINT_ERROR) return {};
+  std::vector<bool> modulos;
+  for (int i = 0; i < s->width; ++i)
+    modulos.push_back((s->encoded_data[0][i / 8] >> (i % 8) & 1) != 0);
+  return modulos;
 }
 
 }  // namespace tarvo::articles

@@ -22,4 +22,8 @@ bool deSuTipo(const Articulo& articulo);
 // amount. Empty when prefix and code don't fit the kind.
 QString codigoImpreso(const Articulo& articulo);
 
+// The bars of a number from left to right, true for a black module: EAN8 and EAN13 by its length,
+// any other text as Code 128. Empty if it can't be drawn.
+std::vector<bool> modulosBarras(const QString& codigo);
+
 }  // namespace tarvo::articles

@@ -127,9 +127,19 @@ bool Formato::cabeOtro(TipoCampo tipo) const {
          }) < reservaDe(tipo);
 }
 
+int Formato::recortar() {
+  const auto habia = std::ssize(campos);
+  std::vector<CampoEtiqueta> todos;
+  std::swap(todos, campos);
+  for (const CampoEtiqueta& c : todos)
+    if (cabeOtro(c.tipo)) campos.push_back(c);
+  return static_cast<int>(habia - std::ssize(campos));
+}
+
 std::optional<FormatoLeido> leerFormato(const QString& texto) {
   FormatoLeido leido;
-  for (const QString& una : texto.split(kFin)) {
+  for (QString una : texto.split(u'\n')) {
+    if (una.endsWith(u'\r')) una.chop(1);
     if (una.isEmpty()) continue;
     if (una.startsWith(kJuego)) {
       leido.juego = una.mid(kJuego.size()).trimmed();

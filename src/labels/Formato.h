@@ -65,6 +65,8 @@ struct Formato {
   std::optional<QString> texto() const;
   // Whether another field of that type fits: at most 30 in all, and its sort's own limit.
   bool cabeOtro(TipoCampo tipo) const;
+  // Removes the last fields above those limits; returns how many.
+  int recortar();
 };
 
 // The text of a format, or of the clipboard with the name of its text set.
@@ -72,7 +74,8 @@ struct FormatoLeido {
   Formato formato;
   std::optional<QString> juego;  // named, and perhaps empty; nothing where no line names one
 };
-// Nothing when a line isn't one of a format: of 15 digits, each number within its limits.
+// Nothing when a line isn't one of a format: of 15 digits, each number within its limits. A line
+// may end without its CR, as after an editor.
 std::optional<FormatoLeido> leerFormato(const QString& texto);
 // For the clipboard. Nothing as for texto().
 std::optional<QString> paraCopiar(const Formato& formato, const QString& juego);

@@ -12,6 +12,7 @@
 #include "automation/ventanas/Puertas.h"
 #include "comm/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
+#include "labels/ventanas/Puertas.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::app {
@@ -28,8 +29,9 @@ using Lleva =
                  automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
                  automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaCfgComm,
                  comm::PuertaEstadoEnvio, comm::PuertaGestcomm, importar::PuertaMainTvc,
-                 precios::PuertaBrowOfer, precios::PuertaCambioLote, totals::PuertaCerrSes,
-                 totals::PuertaDudasCero, totals::PuertaVerCols, totals::PuertaVerTot>;
+                 labels::PuertaEdiEtqu, precios::PuertaBrowOfer, precios::PuertaCambioLote,
+                 totals::PuertaCerrSes, totals::PuertaDudasCero, totals::PuertaVerCols,
+                 totals::PuertaVerTot>;
 
 // Empty if there is no destination.
 QString ventanaDe(const Lleva& lleva);

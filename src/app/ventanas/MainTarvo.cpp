@@ -43,7 +43,7 @@ const std::vector<EntradaMenu>& entradas() {
       {&U::Operadores, u"operador", articles::PuertaBrowOper()},
       {&U::EnviarRecibir, u"recibir", comm::PuertaGestcomm()},
       {&U::Totales, u"totales", totals::PuertaVerTot()},
-      {&U::Etiquetas, u"etiqueta", PorNombre{u"EdiEtqu"_s}},
+      {&U::Etiquetas, u"etiqueta", labels::PuertaEdiEtqu()},
       {&U::Almacen, u"almacen"},
       {&U::Avanzados, u"mas"},
       {&U::Personalizado, u"ejecutar"},

@@ -9,6 +9,7 @@
 #include "articles/ventanas/RegistrarVentanas.h"
 #include "automation/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/RegistrarVentanas.h"
+#include "labels/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -26,6 +27,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                        aplicacion.gestcomm());
   precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo(), aplicacion.ofertas());
   importar::registrarVentanasImportar(ventanas, aplicacion.catalogo());
+  labels::registrarVentanasLabels(ventanas, aplicacion.catalogo());
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),
                                          .enlaces = aplicacion.enlaces(),
                                          .sesion = aplicacion.sesion(),
