@@ -4,6 +4,7 @@
 
 #include "core/dao/Marcas.h"
 #include "core/dao/Orden.h"
+#include "core/dao/Recorrido.h"
 
 namespace tarvo::articles {
 
@@ -48,6 +49,10 @@ Condicion FiltroArticulos::condicion() const {
   if (departamento > 0) {
     c.sql += u" AND DEPTO=?"_s;
     c.valores.emplace_back(departamento);
+  }
+  if (deVenta) {
+    c.sql += u" AND CODPLU>=?"_s;
+    c.valores.emplace_back(kPrimerCodigo);
   }
   if (const Condicion b = condicionBusqueda(texto); !b.sql.isEmpty()) {
     c.sql += u" AND "_s + b.sql;
@@ -107,6 +112,16 @@ dao::Origen listaHistoria(const FiltroHistoria& filtro) {
 
 QString columnaCodigoHistoria() {
   return u"HistoriaPrecios.CODPLU"_s;
+}
+
+Resultado<std::vector<qint64>> codigosDe(Catalogo& catalogo, const FiltroArticulos& filtro,
+                                         bool porNombre) {
+  const Condicion c = filtro.condicion();
+  const QString sql =
+      dao::conMarcas(u"SELECT CODPLU FROM PLUSES WHERE {donde} ORDER BY {orden}",
+                     {{u"donde", c.sql}, {u"orden", porNombre ? ordenPorNombre() : u"CODPLU"_s}});
+  return dao::reunir(catalogo.base().OpenQuery(sql, c.valores),
+                     [](const dao::Recordset& fila) { return fila.entero(0); });
 }
 
 Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave) {

@@ -23,6 +23,7 @@ struct FiltroArticulos {
   int seccion = 0;
   int departamento = 0;  // 0 for all
   QString texto = {};    // see condicionBusqueda()
+  bool deVenta = false;  // system articles are left out
   Condicion condicion() const;
 };
 
@@ -46,6 +47,10 @@ struct FiltroHistoria {
 };
 dao::Origen listaHistoria(const FiltroHistoria& filtro);
 QString columnaCodigoHistoria();
+
+// The codes of the articles of the filter, in the order of codes or of names.
+Resultado<std::vector<qint64>> codigosDe(Catalogo& catalogo, const FiltroArticulos& filtro,
+                                         bool porNombre);
 
 // The key of the row (PLUSES.rowid) of an article; nothing when there is none.
 Resultado<std::optional<qint64>> filaDe(Catalogo& catalogo, ClaveArticulo clave);

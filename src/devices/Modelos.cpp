@@ -28,17 +28,17 @@ constexpr Tamanos tamanosDe(TipoGrupo tipo) {
 struct Modelo {
   const char16_t* nombre;
   std::optional<TipoGrupo> tipoGrupo;
-  int teclas;
+  int teclas, deFormulario;
 };
-constexpr std::array<Modelo, 9> kModelos = {{{u"", std::nullopt, 0},
-                                             {u"Rowan", TipoGrupo::Balanzas, 125},
-                                             {u"Maple", TipoGrupo::Balanzas, 96},
-                                             {u"Cedar", TipoGrupo::Balanzas, 80},
-                                             {u"Aspen", TipoGrupo::Balanzas, 110},
-                                             {u"Hazel", TipoGrupo::Balanzas, 84},
-                                             {u"Larch", TipoGrupo::Balanzas, 84},
-                                             {u"Ebony", TipoGrupo::Ebony, 28},
-                                             {u"Birch", TipoGrupo::Birch, 66}}};
+constexpr std::array<Modelo, 9> kModelos = {{{u"", std::nullopt, 0, 0},
+                                             {u"Rowan", TipoGrupo::Balanzas, 125, 125},
+                                             {u"Maple", TipoGrupo::Balanzas, 96, 96},
+                                             {u"Cedar", TipoGrupo::Balanzas, 80, 80},
+                                             {u"Aspen", TipoGrupo::Balanzas, 110, 84},
+                                             {u"Hazel", TipoGrupo::Balanzas, 84, 84},
+                                             {u"Larch", TipoGrupo::Balanzas, 84, 84},
+                                             {u"Ebony", TipoGrupo::Ebony, 28, 28},
+                                             {u"Birch", TipoGrupo::Birch, 66, 66}}};
 
 // The entry of a number; the first, empty one for a number out of range.
 template <class T, size_t N>
@@ -59,6 +59,9 @@ int MaxTeclas(int modelo) {
 }
 std::optional<TipoGrupo> TipoDeGrupo(int modelo) {
   return deTabla(kModelos, modelo).tipoGrupo;
+}
+int TeclasDeFormulario(int modelo) {
+  return deTabla(kModelos, modelo).deFormulario;
 }
 QString NombreModelo(int modelo) {
   return QString::fromUtf16(deTabla(kModelos, modelo).nombre);

@@ -26,6 +26,8 @@ int MaxDepartamentos(std::optional<TipoGrupo> tipo);
 
 // By the model of a scale; 0, nothing or an empty name for any other number.
 int MaxTeclas(int modelo);
+// Those of its keyboard that a person can change.
+int TeclasDeFormulario(int modelo);
 std::optional<TipoGrupo> TipoDeGrupo(int modelo);
 QString NombreModelo(int modelo);
 

@@ -10,7 +10,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kPrimerArticuloDeTecla = 3;
 const QString kFin = u"\r\n"_s;
 
 // A number in decimal digits only.
@@ -25,14 +24,14 @@ std::optional<qint64> digitos(QStringView t) {
 }
 
 // Each line of at least the head and its colon, with the number at its head, from 1 to `hasta`, and
-// what follows the colon.
+// what follows the colon. A text that went through another editor may have lost its CRs.
 template <class F>
 void porLineas(const QString& texto, int enCabeza, int hasta, F&& una) {
-  for (const QString& linea : texto.split(kFin)) {
+  for (QStringView linea : QStringView(texto).split(u'\n')) {
+    if (linea.endsWith(u'\r')) linea.chop(1);
     if (linea.size() <= enCabeza) continue;
-    const auto n = digitos(QStringView(linea).left(enCabeza));
-    if (n && *n >= 1 && *n <= hasta)
-      una(static_cast<int>(*n), QStringView(linea).mid(enCabeza + 1));
+    const auto n = digitos(linea.left(enCabeza));
+    if (n && *n >= 1 && *n <= hasta) una(static_cast<int>(*n), linea.mid(enCabeza + 1));
   }
 }
 
@@ -50,7 +49,7 @@ void Teclado::mover(int de, int a) {
 }
 
 void Teclado::articulo(int directo, std::optional<qint64> articulo) {
-  if (articulo && *articulo < kPrimerArticuloDeTecla) articulo.reset();
+  if (articulo && *articulo <= 0) articulo.reset();
   plus_.at(static_cast<size_t>(directo - 1)) = articulo;
 }
 

@@ -32,7 +32,7 @@ class Teclado {
   std::optional<qint64> articulo(int directo) const {
     return plus_.at(static_cast<size_t>(directo - 1));
   }
-  // An article below 3, which no key can sell, leaves it without one.
+  // The system articles, which no key can sell, are kept as they were read.
   void articulo(int directo, std::optional<qint64> articulo);
   std::optional<int> tara(int directa) const { return taras_.at(static_cast<size_t>(directa - 1)); }
   void tara(int directa, std::optional<int> gramos) {

@@ -3,6 +3,7 @@
 
 #include "devices/Modelos.h"
 #include "devices/Teclado.h"
+#include "devices/TecladoEditado.h"
 #include "devices/TecladosDefault.h"
 #include "textos/TextosDePrueba.h"
 
@@ -65,7 +66,7 @@ TEST(Teclado, ComoSeLeeSeEscribe) {
           u"01:0120\r\n21:5\r\n"_s});
   EXPECT_EQ(t.codigo(1), 21);
   for (const int n : {3, 4, 84}) EXPECT_EQ(t.codigo(n), kTeclaNula);
-  EXPECT_FALSE(t.articulo(5));  // articles 1 and 2 can't go on a key
+  EXPECT_EQ(t.articulo(5), 2);  // a system article is kept, to be shown as a fault
   EXPECT_EQ(t.articulo(6), 7);
   EXPECT_EQ(t.tara(1), 120);
 
@@ -96,6 +97,37 @@ TEST(Teclado, DeUnaEbony) {
             (QStringList{u"06:N:000000"_s, u"07:T:000120"_s, u"08:P:000123"_s, u"09:N:000000"_s}));
   t.leer(TecladoDefecto(kEbony, Idioma::Espanol));  // in the lines of the scales
   EXPECT_EQ(t, TecladoEbony(28));
+}
+
+TEST(TecladoEditado, UnArticuloTomaUnPluDirectoQueNadieUsa) {
+  const Textos& textos = textosDePrueba();
+  TecladoEditado t(kRowan);
+  t.comun().codigo(1, 21);
+  t.comun().codigo(2, 21);  // two keys with one direct PLU
+  t.comun().articulo(1, 7);
+  t.comun().articulo(2, 8);  // one that no key uses, with an article
+  ASSERT_TRUE(t.vender(1, 50, textos));
+  EXPECT_EQ(t.articulo(2), 7);
+  EXPECT_EQ(t.comun().codigo(1), 23);
+  ASSERT_TRUE(t.vender(1, 51, textos));  // its own from now on
+  EXPECT_EQ(t.comun().codigo(1), 23);
+  for (int tecla = 3; tecla <= 110; ++tecla) ASSERT_TRUE(t.vender(tecla, 100 + tecla, textos));
+  EXPECT_EQ(t.comun().codigo(110), 22);  // the last one left had an article
+  const TecladoEditado lleno = t;
+  EXPECT_FALSE(t.vender(111, 60, textos));
+  EXPECT_FALSE(t.vender(1, 2, textos));
+  EXPECT_EQ(t, lleno);
+
+  TecladoEditado ebony(kEbony);
+  EXPECT_TRUE(ebony.vender(1, 999'999, textos));
+  EXPECT_FALSE(ebony.vender(2, 1'000'000, textos));
+  ebony.mover(1, 3);
+  EXPECT_EQ(ebony.articulo(3), 999'999);
+  const std::vector<qint64> lista{5, 999'999, 1'000'001, 6};
+  const auto hecho = ebony.rellenar(lista, {5, 6, 999'999}, textos);
+  EXPECT_EQ(hecho.puestos, 2);
+  EXPECT_EQ(hecho.noCaben, 1);
+  EXPECT_EQ(ebony.articulo(2), 6);
 }
 
 }  // namespace tarvo::devices

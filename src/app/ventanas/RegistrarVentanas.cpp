@@ -10,6 +10,7 @@
 #include "automation/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/RegistrarVentanas.h"
 #include "labels/ventanas/RegistrarVentanas.h"
+#include "devices/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -33,6 +34,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .sesion = aplicacion.sesion(),
                                          .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
+  devices::registrarVentanasTeclados(ventanas, aplicacion.catalogo());
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
   automation::registrarVentanasAutomation(
       ventanas, {.automat = aplicacion.automat(),
