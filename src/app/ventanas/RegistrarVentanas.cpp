@@ -11,6 +11,7 @@
 #include "comm/ventanas/RegistrarVentanas.h"
 #include "labels/ventanas/RegistrarVentanas.h"
 #include "devices/ventanas/RegistrarVentanas.h"
+#include "groups/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -26,6 +27,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   registrarVentanasPrincipal(ventanas, aplicacion);
   articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.operadores(),
                                        aplicacion.gestcomm());
+  groups::registrarVentanasGrupos(ventanas, aplicacion.catalogo(), aplicacion.gestcomm());
   precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo(), aplicacion.ofertas());
   importar::registrarVentanasImportar(ventanas, aplicacion.catalogo());
   labels::registrarVentanasLabels(ventanas, aplicacion.catalogo());
