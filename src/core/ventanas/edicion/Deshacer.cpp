@@ -82,6 +82,12 @@ void Deshacer::seguirTandas(Parrilla& lista) {
   });
 }
 
+void Deshacer::comoUno(const std::function<void()>& apuntarVarios) {
+  const int desde = ultimo_;
+  apuntarVarios();
+  juntar(desde, ultimo_ - desde);
+}
+
 // Merges the changes noted after that number into one. Those that can't be undone are left as they
 // are, and counted.
 void Deshacer::juntar(int desde, int cuantas) {
