@@ -162,6 +162,34 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   }
 }
 
+// What couldn't be put back into the stock is told as that.
+TEST(VentanaAcciones, LoQueNoSeIncorporaSeDice) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  t.sql(u"update COLUMNA set stkABLE=0"_s);
+  auto* v = t.abrirLista();
+  t.grid->elegir({lunes});
+  t.alAbrirse([&](QWidget* pregunta) {
+    QTest::mouseClick(pregunta->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    t.responder(u"Procesar"_s);
+  });
+  t.tecla(Qt::Key_F8, Qt::ShiftModifier);
+  ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Duda; }));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"1 periodo sin incorporar al stock"))
+      << v->tira().texto().toStdString();
+}
+
+// What was selected stays so after an export that was called off.
+TEST(VentanaAcciones, CancelarLaExportacionDejaLosElegidos) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
+  t.abrirLista();
+  t.grid->elegir({lunes, martes});
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+  t.tecla(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.grid->filasElegidas().size(), 2U);
+}
+
 // An import may replace a period while its deduction can still be undone.
 TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   Lista t;
