@@ -413,6 +413,26 @@ TEST(VentanaAcciones, LoQueCuadraSinArticulosSeDice) {
   })) << detalle->text().toStdString();
 }
 
+// What isn't there can't disagree: the groups without anything are named, and those without a grand
+// total.
+TEST(VentanaAcciones, LosGruposQueFaltanSeNombran) {
+  const struct {
+    const char16_t *tabla, *dice;
+  } casos[] = {
+      {u"TOTGRT", u"De estos grupos no hay Gran Total con el que comparar: 0002 Mostrador 2."},
+      {u"", u"En este periodo no hay nada de estos grupos: 0002 Mostrador 2."}};
+  for (const auto& c : casos) {
+    Lista t;
+    t.sql(u"update GRUPOS set REMOTO=3"_s);
+    t.dia("04/06/2018");
+    for (const QString& tabla : {u"TOTGRT"_s, u"TOTPLU"_s, u"TOTHOR"_s})
+      if (!*c.tabla || tabla == c.tabla) t.sql(u"delete from %1 where GRUPO=2"_s.arg(tabla));
+    const auto* detalle = t.abrirLista()->findChild<QLabel*>(u"detalle"_s);
+    EXPECT_TRUE(esperar([&] { return detalle->text().endsWith(c.dice); }))
+        << detalle->text().toStdString();
+  }
+}
+
 TEST(VentanaAcciones, OperadorYHora) {
   Lista t;
   const qint64 lunes = t.dia("04/06/2018");
