@@ -39,7 +39,7 @@ CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void CerrSesVentana::montar() {
-  ui_.Recuperar->setIcon(ventanas::icono(u"atras"_s));
+  ui_.Recuperar->setIcon(ventanas::icono(u"deshacer"_s));
   ui_.Recuperar->hide();
   ui_.estado->hide();
   ui_.cierre->hide();

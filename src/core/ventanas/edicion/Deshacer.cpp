@@ -23,7 +23,7 @@ Deshacer::Deshacer(Ventana& ventana, QAction* accion)
     accion_->setText(v_.t(kTxDeshacer));
     v_.addAction(accion_);
   }
-  accion_->setIcon(icono(u"atras"_s));
+  accion_->setIcon(icono(u"deshacer"_s));
   accion_->setShortcut(QKeySequence(QKeySequence::Undo));
   connect(accion_, &QAction::triggered, this, &Deshacer::deshacer);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* antes, QWidget* ahora) {
