@@ -163,6 +163,8 @@ automation::Pendientes& Aplicacion::debidos() {
   return d->debidos;
 }
 std::shared_ptr<automation::LectorResumen> Aplicacion::resumen() {
+  std::set<int> enCola;
+  for (const auto& t : d->gestcomm.pendientes()) enCola.insert(t.datos.Grupo);
   return std::make_shared<automation::LectorResumen>(
       automation::FuentesResumen{.db = d->db,
                                  .ajustes = d->casa.ajustes,
@@ -170,7 +172,8 @@ std::shared_ptr<automation::LectorResumen> Aplicacion::resumen() {
                                  .lenguaje = d->lenguaje,
                                  .ahora = d->hora.ahora(),
                                  .cronos = &d->cronos,
-                                 .curso = d->automat.curso()});
+                                 .curso = d->automat.curso(),
+                                 .enCola = std::move(enCola)});
 }
 Resultado<std::vector<articles::LoteAMedias>> Aplicacion::lotesAMedias() const {
   return articles::lotesAMedias(d->catalogo);

@@ -82,6 +82,19 @@ std::optional<QString> avisoCambio(const QString& articulo, const QString& preci
   return textos(kTxAvisoDePrecio, {articulo, precio, *aviso});
 }
 
+std::optional<QString> avisoCambio(const QString& articulo, const Precios& antes,
+                                   const Precios& ahora, const Ajustes& ajustes,
+                                   const Textos& textos) {
+  for (std::size_t nivel = 0; nivel < kNiveles; ++nivel)
+    for (std::size_t tarifa = 0; tarifa < kTarifas; ++tarifa) {
+      const qint64 viejo = antes[nivel][tarifa], nuevo = ahora[nivel][tarifa];
+      if (viejo == nuevo) continue;
+      const QString cual = nombrePrecio(static_cast<int>(nivel), static_cast<int>(tarifa), textos);
+      if (auto aviso = avisoCambio(articulo, cual, viejo, nuevo, ajustes, textos)) return aviso;
+    }
+  return std::nullopt;
+}
+
 QString nombrePrecio(int nivel, int tarifa, const Textos& textos) {
   return textos(kTxPrecioDeTarifa + nivel, {tarifa + 1});
 }

@@ -45,6 +45,10 @@ std::optional<QString> avisoCambio(qint64 antes, qint64 ahora, const Ajustes& aj
 // then.
 std::optional<QString> avisoCambio(const QString& articulo, const QString& precio, qint64 antes,
                                    qint64 ahora, const Ajustes& ajustes, const Textos& textos);
+// The same for the first of the prices of an article of which there is something to warn.
+std::optional<QString> avisoCambio(const QString& articulo, const Precios& antes,
+                                   const Precios& ahora, const Ajustes& ajustes,
+                                   const Textos& textos);
 // A price by its level and its tarifa, from 0.
 QString nombrePrecio(int nivel, int tarifa, const Textos& textos);
 

@@ -1,5 +1,7 @@
 // How a run begins: afresh, where an earlier one was interrupted, or after completing the notes of
 // an old one.
+#include <algorithm>
+#include <ranges>
 #include <utility>
 
 #include "automation/AutomatInterior.h"
@@ -114,7 +116,17 @@ Resultado<> Automat::Interior::prepararEjecucion() {
   t.sesion.ponerEjecucion(e.numero, false);
   t.sesion.ponerEnProceso(true);
   ultimoLatido = t.reloj.monotono();
-  return {};
+  return anotarNombre(0);
+}
+
+// That of the next memorisation.
+Resultado<> Automat::Interior::anotarNombre(qint64 desde) {
+  const auto faltan =
+      pasos | std::views::drop(std::clamp<qint64>(desde, 0, static_cast<qint64>(pasos.size())));
+  const auto suyo = std::ranges::find_if(faltan, memoriza);
+  const auto* sesion = suyo == faltan.end() ? nullptr : std::get_if<PasoSesion>(&*suyo);
+  return t.sesion.ponerNombre(sesion ? ExpandirNombre(sesion->descripcion, t.reloj.ahora(), t.db)
+                                     : QString());
 }
 
 Resultado<std::vector<PasoProceso>> Automat::Interior::pasosDe(const Ejecucion& de) const {
@@ -135,6 +147,7 @@ Resultado<> Automat::Interior::reanudar(Ejecucion vieja) {
   TARVO_TOMAR(const auto tareas, diario.tareasPorHacer(e.numero, trasUltimaEspera(pasos, e.paso)));
   t.sesion.ponerEjecucion(e.numero, true);
   t.sesion.ponerEnProceso(true);
+  TARVO_INTENTAR(anotarNombre(e.paso));
   t.verTot.ponerSeleccion(e.seleccion);
   ultimos = e.ultimos;
   if (e.problemas) resultado = ResultadoProceso::Problemas;

@@ -69,6 +69,7 @@ struct Automat::Interior final : motor::Observador {
   void empezar();
   void decirOmitidas();
   Resultado<> prepararEjecucion();
+  Resultado<> anotarNombre(qint64 desde);
   Resultado<> reanudar(Ejecucion vieja);
   Resultado<> liquidar(Ejecucion vieja);
   Resultado<> completarAnotaciones();

@@ -59,6 +59,7 @@ Resultado<bool> Automat::Interior::llevarACabo(const PasoProceso& p) {
     TARVO_TOMAR(auto h, ejecutor.hacer(p, e, vigilancia));
     hecho = std::move(h);
   }
+  if (hecho->sesionMovida) TARVO_INTENTAR(anotarNombre(indice + 1));
   const auto anotado = hecho->anotar ? hecho->anotar(*hecho) : Resultado<>();
   informar(*hecho);
   TARVO_INTENTAR(anotado);
@@ -82,6 +83,7 @@ Resultado<bool> Automat::Interior::preguntar(const Parametro& parametro) {
   rellenar(pasos, *respuesta);
   e.respuestas.push_back(std::move(*respuesta));
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(t.db));
+  TARVO_INTENTAR(anotarNombre(indice + 1));
   TARVO_INTENTAR(registrar());
   TARVO_INTENTAR(tr.confirmar());
   return true;

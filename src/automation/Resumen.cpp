@@ -50,6 +50,7 @@ int Resumen::cuantos(EstadoGrupo estado) const {
 
 LectorResumen::LectorResumen(const FuentesResumen& fuentes) : f_(fuentes) {
   r_.ahora = f_.ahora;
+  r_.enCola = f_.enCola;
   anadir([this] { return leerEjecuciones(); });
   anadir([this] { return leerBandeja(); });
   anadir([this] { return leerDebidos(); });
@@ -420,6 +421,7 @@ Resultado<> LectorResumen::leerDebidos() {
   r_.debidos = static_cast<int>(todos.size());
   TARVO_TOMAR(const auto dudas, totals::dudasAbiertas(f_.db));
   r_.dudasCero = static_cast<int>(dudas.size());
+  for (const auto& duda : dudas) r_.conDuda.insert(duda.grupo);
   return {};
 }
 

@@ -27,6 +27,7 @@ struct GrupoResumen {
   bool comunica = false;
   bool posterior = false;  // what is wrong with it comes from a run after the night
   bool arreglado = false;  // what the night failed to read of it has been read since
+  qint64 ejecucion = 0;    // the run whose trace tells of what is wrong with it
 };
 
 struct PeriodoResumen {
@@ -64,9 +65,11 @@ struct Resumen {
   std::vector<GrupoResumen> grupos;
   std::vector<PeriodoResumen> periodos;  // made by the night, or their replacements
   int perdidos = 0;                      // made by it, since deleted or given other dates
-  int debidos = 0;    // operations on periods still owed by this and earlier nights
-  int dudasCero = 0;  // machines that may or may not have been zeroed
-  int sesion = 0;     // 0 closed, 1 open and empty, 2 open with data
+  int debidos = 0;        // operations on periods still owed by this and earlier nights
+  int dudasCero = 0;      // machines that may or may not have been zeroed
+  std::set<int> conDuda;  // their groups
+  std::set<int> enCola;   // the groups with tasks waiting, under way or failed
+  int sesion = 0;         // 0 closed, 1 open and empty, 2 open with data
   std::vector<EsperaResumen> bandeja;
   std::optional<ProximaResumen> proxima;
 
@@ -82,6 +85,7 @@ struct FuentesResumen {
   Fecha ahora;
   const Cronos* cronos = nullptr;
   std::optional<CursoEjecucion> curso = {};  // of the run under way
+  std::set<int> enCola = {};                 // as in Resumen
 };
 
 class LectorResumen {

@@ -126,6 +126,8 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
     const QString motivo = sinPunto(asunto.tarea.motivo);
     if (asunto.tarea.estado != TareaHecha::Estado::Hecha && asunto.ejecucion <= noche)
       deLaNoche = true;
+    if (asunto.tarea.estado != TareaHecha::Estado::Hecha)
+      g.ejecucion = std::max(g.ejecucion, asunto.ejecucion);
     if (asunto.tarea.estado == TareaHecha::Estado::EnCola) {
       porLeer = porLeer || lectura;
       if (!d.enCurso) (memo && !lectura ? sinHacer : cortadas).push_back(clase);
@@ -157,6 +159,8 @@ void LectorResumen::juzgar(GrupoResumen& g, bool comunica, const DeGrupo& d) con
   const bool mal = g.estado == EstadoGrupo::Fallido || g.estado == EstadoGrupo::Dudoso;
   g.posterior = mal && !deLaNoche && (d.avisos.isEmpty() || d.avisado > noche);
   g.arreglado = d.arreglado;
+  if (!d.avisos.isEmpty()) g.ejecucion = std::max(g.ejecucion, d.avisado);
+  if (g.ejecucion == 0) g.ejecucion = d.recogida;
   g.motivos = fallos + (dudoso ? dudas + marcha : marcha + dudas);
   if (g.motivos.isEmpty() && d.aMano) g.motivos << t(kTxRecogidoAMano, {d.aMano->general()});
   if (g.motivos.isEmpty()) g.motivos << loRecogido(d);

@@ -326,6 +326,7 @@ TEST(Ini, AlGuardarQuedaLoCambiadoDesdeFuera) {
   escribir("WhoAmI= 1\r\nTimeOut= 500\r\nEuro= 2\r\nRutaPuerto(2)= /dev/x\r\n");
   ASSERT_TRUE(a.LeerConfig());
   ASSERT_TRUE(a.GuardarConfig());
+  EXPECT_EQ(a.cambiadosFuera(), QStringList());
   escribir("WhoAmI= 9\r\nTimeOut= 700\r\nEuro= 3\r\nTimeACK= cinco\r\n");
   a.MonedaPreferente = 0;
   a.Euro = 4;
@@ -340,6 +341,7 @@ TEST(Ini, AlGuardarQuedaLoCambiadoDesdeFuera) {
     EXPECT_TRUE(queda.contains("RutaPuerto(2)= /dev/x\r")) << "the file may be half written";
   }
   EXPECT_EQ(a.WhoAmI, 1) << "in use until the next start";
+  EXPECT_EQ(a.cambiadosFuera(), (QStringList{u"TimeACK"_s, u"TimeOut"_s, u"WhoAmI"_s}));
   ASSERT_EQ(a.pisadas.size(), 1U);
   EXPECT_EQ(a.pisadas[0].clave, u"Euro");
   EXPECT_EQ(a.pisadas[0].perdido, u"3.000000");

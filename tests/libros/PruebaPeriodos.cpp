@@ -169,10 +169,11 @@ TEST_F(ConPeriodosDeLibros, LoDeOrigenDesconocidoSeSustituyeSiNoSonMenos) {
     SCOPED_TRACE(testing::Message() << c.sustituir << c.antes << c.ahora);
     dia();
     for (int n = 1; n < c.ahora; ++n) t.grupos.at(1).at(0).vender(11, 500, 0);
-    const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, {});
+    const qint64 link = *t.periodos().CrearPeriodo(kDiario, hoy(), hoy(), true, u"Noche"_s);
     t.total(u"TOTPLU", {link, 1, 11, c.antes, 0, 70, 0});
     t.leerSolo(1, TipoTotal::PLUs);
     const auto links = t.memorizar(c.sustituir);
+    EXPECT_EQ((*t.periodos().columna(links.at(0)))->DESCR, u"Noche") << "no other name was given";
     EXPECT_EQ(t.enPeriodo(links.at(0), TipoTotal::PLUs), 500 * c.ahora + (c.sustituye ? 0 : 70));
     EXPECT_TRUE(t.ponerACero(1));
     for (auto& [addr, m] : t.grupos.at(2)) m.ponerACero();

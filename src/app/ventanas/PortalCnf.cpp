@@ -47,6 +47,11 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
   connect(ui_.Salir, &QPushButton::clicked, this, &QWidget::close);
 }
 
+Resultado<> PortalCnf::entrar(const PuertaPortalCnf&) {
+  decirCambiadosFuera();
+  return {};
+}
+
 void PortalCnf::ponerAspecto() {
   const QString cara = contexto().recuerdos.leer(u"Tema"_s, u"cara"_s);
   const auto cual = std::ranges::find(kCaras, cara);

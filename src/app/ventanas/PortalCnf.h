@@ -10,7 +10,7 @@ namespace tarvo::app {
 class PortalCnf final : public ventanas::Ventana {
  public:
   PortalCnf(ventanas::Contexto& contexto, const QString& nombre);
-  Resultado<> entrar(const PuertaPortalCnf&) { return {}; }
+  Resultado<> entrar(const PuertaPortalCnf&);
 
  private:
   void ponerAspecto();

@@ -59,6 +59,7 @@ class Redactor {
   const automation::PeriodoResumen& principal() const;
   void ponerImporte(Renglon& r, const automation::GrupoResumen& g) const;
   void ponerTraza(Renglon& r) const;
+  Lleva loQueLoExplica(const automation::GrupoResumen& g) const;
 
   const Resumen& r_;
   const Textos& t_;
@@ -338,6 +339,8 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
             .texto = g.motivo,
             .valor = {},
             .lleva = comm::PuertaGestcomm{g.grupo}};
+  if (g.estado == EstadoGrupo::Fallido || g.estado == EstadoGrupo::Dudoso)
+    r.lleva = loQueLoExplica(g);
   // A single line; the other reasons are in the tool tip and in the trace.
   if (g.estado != EstadoGrupo::Bien && g.motivos.size() > 1) {
     if (!r.texto.endsWith(u'.')) r.texto += u'.';
@@ -351,6 +354,20 @@ Renglon Redactor::grupo(const automation::GrupoResumen& g) const {
   else
     r.lleva = comm::PuertaEstadoEnvio{g.grupo};  // it was sent to, or no sales of it were asked for
   return r;
+}
+
+// The question that has to be answered, else its tasks while the queue has some, else the trace of
+// the run, else what was read of it.
+Lleva Redactor::loQueLoExplica(const automation::GrupoResumen& g) const {
+  if (r_.conDuda.contains(g.grupo)) return totals::PuertaDudasCero();
+  if (r_.enCola.contains(g.grupo)) return comm::PuertaGestcomm{g.grupo};
+  const auto e =
+      std::ranges::find(r_.ejecuciones, g.ejecucion, &automation::EjecucionHecha::numero);
+  if (e != r_.ejecuciones.end() && !e->traza.isEmpty())
+    return automation::PuertaVeoLog{Ajustes::ruta(e->traza, a_.HomeDir)};
+  if (std::ranges::find(r_.bandeja, g.grupo, &automation::EsperaResumen::grupo) != r_.bandeja.end())
+    return totals::PuertaCerrSes();
+  return comm::PuertaGestcomm{g.grupo};
 }
 
 // All amounts in the column belong to one period; that of a group in another period is added to its

@@ -92,6 +92,7 @@ class BrowPLUs final : public ventanas::Ventana, public ventanas::Recorrido {
   void verVentas();
   void calcular();
   void calculado(const Articulo& antes, const Articulo& ahora);
+  void cambiadoRapido(std::span<const precios::CambioHecho> juntos);
   void cambiarVarios();
   precios::Celda celdaActual() const;
   Resultado<QString> nombrar(std::span<const ClaveArticulo> claves) const;

@@ -82,7 +82,12 @@ void BrowPLUs::montarMenus() {
   auto* modif = menu(ui_.Modificar, u"MnModif"_s, u"modificar"_s, Qt::Key_F3, ui_.barra);
   permitir<precios::PuertaFastModf>(
       *entrada(modif, u"MnRapidoM"_s, kTxModifRapida,
-               [this] { abrir(precios::PuertaFastModf{seccion_, nombre()}); }),
+               [this] {
+                 abrir(precios::PuertaFastModf{seccion_, nombre(),
+                                               [lista = QPointer(this)](const auto& juntos) {
+                                                 if (lista) lista->cambiadoRapido(juntos);
+                                               }});
+               }),
       contexto(), t(kTxSinEsa));
   entrada(modif, u"MnCompletoM"_s, kTxModifCompleta, [this] {
     editarCompleto(false);

@@ -40,6 +40,13 @@ void BrowPLUs::calculado(const Articulo& antes, const Articulo& ahora) {
   apuntar(que.isEmpty() ? t(kTxFichaDe).arg(verCodigo(ahora.clave.codigo)) : que, antes, ahora);
 }
 
+// So can what the fast change wrote.
+void BrowPLUs::cambiadoRapido(std::span<const precios::CambioHecho> juntos) {
+  deshacer_->comoUno([&] {
+    for (const auto& c : juntos) apuntar(c.que, c.antes, c.ahora);
+  });
+}
+
 // Few articles at once, many in slices.
 Resultado<BrowPLUs::Vuelto> BrowPLUs::volverDe(const std::shared_ptr<LoteGuardado>& lote,
                                                const QString& que, int numero) {

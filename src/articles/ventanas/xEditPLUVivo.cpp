@@ -7,6 +7,7 @@
 #include <QToolButton>
 
 #include "articles/CodigoBarras.h"
+#include "articles/Limites.h"
 #include "articles/TextosArticles.h"
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/DibujoBarras.h"
@@ -195,7 +196,6 @@ bool XEditPLU::cambiada() const {
 
 // Asks before it overwrites changes made meanwhile by another window.
 bool XEditPLU::conforme() {
-  if (listaPrecios_->editando() || listaStock_->editando()) return false;
   const auto otro = fichas_.cambiada(antes());
   return haIdoBien(otro) &&
          (!*otro || MyMsgBox::Decide(
@@ -226,8 +226,9 @@ void XEditPLU::dejarDeshacer() {
     puerta_.alGuardar(antes(), *guardada);
 }
 
-// What was saved but should be checked: a new article without a price, a bar code entered here that
-// no scale can print. The list reports it, since this window is being closed.
+// What was saved but should be checked: a new article without a price, a price that became 0 or
+// jumped, a bar code entered here that no scale can print. The list reports it, since this window
+// is being closed.
 void XEditPLU::decirDudas() {
   const auto barras = [](const Articulo& a) {
     return std::tuple(a.codBarExt, a.pfxBar, a.barras, a.clave.codigo);
@@ -239,6 +240,9 @@ void XEditPLU::decirDudas() {
   QStringList dudas;
   if (antes().nueva() && a.precios == Precios{})
     dudas << contexto().textos(kTxSinNingunPrecio, {verCodigo(a.clave.codigo)});
+  if (const auto aviso = avisoCambio(a.nombre, antes().articulo.precios, a.precios,
+                                     contexto().ajustes, contexto().textos))
+    dudas << *aviso;
   if (!duda.isEmpty() && barras(a) != barras(antes().articulo))
     dudas << t(kTxGuardadoConDuda).arg(verCodigo(a.clave.codigo), duda);
   if (!dudas.isEmpty()) lista->decirDuda(dudas.join(u' '));

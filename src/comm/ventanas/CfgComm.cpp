@@ -114,6 +114,7 @@ Resultado<> CfgComm::entrar(const PuertaCfgComm&) {
   tomarTiempos(de, a);
   TARVO_INTENTAR(editar(de));
   for (size_t n = 0; n < canales_.size(); ++n) mostrarCanal(n);
+  decirCambiadosFuera();
   return {};
 }
 

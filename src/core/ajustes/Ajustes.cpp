@@ -80,6 +80,11 @@ Resultado<> Ajustes::GuardarConfig() {
   return {};
 }
 
+QStringList Ajustes::cambiadosFuera() const {
+  const auto bytes = ficheros::leerBytes(rutaConfig(), kMayorIni);
+  return bytes && nuestros_ ? ajenos(ficheros::descodificar(*bytes)) : QStringList();
+}
+
 void Ajustes::tomarPorEscrito(Renglones delFichero) {
   delFichero_ = std::move(delFichero);
   nuestros_ = renglones();

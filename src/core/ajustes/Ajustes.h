@@ -96,6 +96,9 @@ class Ajustes {
   // since it read or wrote the file the file as it is now counts, whoever has changed it; the
   // settings in memory stay.
   Resultado<> GuardarConfig();
+  // The keys that others have changed in the file since this program read it: it goes on with their
+  // former values until it is started again. Empty too if the file can't be read.
+  QStringList cambiadosFuera() const;
   QString rutaConfig() const;
   // The same for a text: LeerConfig and GuardarConfig without the file.
   void leer(const QString& texto);
@@ -162,6 +165,7 @@ class Ajustes {
   Renglones renglonesDe(const QString& texto) const;
   QString componer(const Renglones& renglones) const;
   Renglones juntar(const QString& texto, std::vector<Pisada>& perdidas) const;
+  QStringList ajenos(const QString& texto) const;
   void tomarPorEscrito(Renglones delFichero);
 
   // When the file was last read or written: what it had, and what this program would have written.

@@ -171,4 +171,18 @@ Ajustes::Renglones Ajustes::juntar(const QString& texto, std::vector<Pisada>& pe
   return todos;
 }
 
+// Those that this program hasn't changed itself, by their names in the file. REQUIRES as above.
+QStringList Ajustes::ajenos(const QString& texto) const {
+  const Renglones ahora = renglones(), suyos = renglonesDe(texto);
+  QStringList nombres;
+  for (const auto& [clave, suyo] : suyos) {
+    const auto nuestro = ahora.find(clave), antes = nuestros_->find(clave);
+    const bool hay = nuestro != ahora.end(), habia = antes != nuestros_->end();
+    const bool cambiado = hay != habia || (hay && nuestro->second != antes->second);
+    const bool igual = hay && nuestro->second == suyo;
+    if (!cambiado && !igual) nombres << nombreDe(*claveDe(clave.first, clave.second), clave.second);
+  }
+  return nombres;
+}
+
 }  // namespace tarvo

@@ -278,7 +278,7 @@ Resultado<qint64> Memoria::incorporar(Periodo destino, const std::vector<Recibid
                 p_.CrearPeriodo(destino.tipo, destino.desde, destino.hasta, true, descr));
     link = nuevo;
   } else if (std::ranges::find(modos, Modo::Poner) != modos.end()) {
-    TARVO_TOMAR(const auto nuevo, p_.sustituir(*existe, descr));
+    TARVO_TOMAR(const auto nuevo, p_.sustituir(*existe, descr.isEmpty() ? existe->DESCR : descr));
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Lecturas SET LINK=? WHERE LINK=?"_s, nuevo, link));
     TARVO_INTENTAR(db_.ejecutar(u"UPDATE Origenes SET LINK=? WHERE LINK=?"_s, nuevo, link));
     link = nuevo;

@@ -16,6 +16,7 @@ const QString kClaveEstado = u"SesionAbier"_s;
 const QString kClaveHasta = u"SesionHasta"_s;
 const QString kClaveCero = u"SesionACero"_s;
 const QString kClaveDe = u"SesionDe"_s;
+const QString kClaveNombre = u"SesionNombre"_s;
 // The longest collection, in days: the readings of a run end together, so that they make one
 // period. Without a run, or in a resumed one, there may have been sales in between.
 constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
@@ -73,8 +74,19 @@ Resultado<> Sesion::ponerEstado(int nuevo) {
   TARVO_INTENTAR(d->valores.poner(kClaveHasta, d->hasta));
   TARVO_INTENTAR(d->valores.poner(kClaveCero, d->aCero));
   TARVO_INTENTAR(d->valores.poner(kClaveDe, d->de));
+  const bool ajena = d->abierta == 0 && !d->enProceso;
+  if (nuevo == 0 || ajena) TARVO_INTENTAR(ponerNombre({}));
   d->abierta = nuevo;
   return {};
+}
+
+Resultado<> Sesion::ponerNombre(const QString& nombre) {
+  return d->valores.poner(kClaveNombre, nombre);
+}
+
+Resultado<QString> Sesion::nombre() {
+  TARVO_TOMAR(const auto guardado, d->valores.leer(kClaveNombre));
+  return guardado.texto();
 }
 
 Resultado<bool> Sesion::AbrirSesion() {

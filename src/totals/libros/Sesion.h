@@ -62,6 +62,11 @@ class Sesion {
   // Changes the state, in the current transaction if there is one. reflejar() writes the settings
   // file.
   Resultado<> ponerEstado(int nuevo);
+  // The name that the process under way will give to what it reads: whoever memorises it by hand,
+  // if the process is stopped before, gives it the same. Kept with the session that the process
+  // opens, until that closes; empty if there is none.
+  Resultado<> ponerNombre(const QString& nombre);
+  Resultado<QString> nombre();
   // AbrirSesion: from 0 to 1, all SS_ flags false. False when the session is already open.
   Resultado<bool> AbrirSesion();
   // Records that a memorisation gave up: groups with readings waiting in the inbox are not zeroed

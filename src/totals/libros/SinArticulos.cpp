@@ -1,5 +1,8 @@
 #include "totals/libros/SinArticulos.h"
 
+#include <algorithm>
+#include <set>
+
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 #include "totals/TextosTotals.h"
@@ -68,8 +71,11 @@ Resultado<bool> leidoSinArticulos(dao::Database& db, const Ajustes& ajustes, int
   return otras;
 }
 
-Resultado<QString> decirSinArticulos(dao::Database& db, const Textos& textos,
-                                     std::span<const int> grupos) {
+namespace {
+
+// A sentence with the names of the groups; empty if there are none.
+Resultado<QString> nombrar(dao::Database& db, const Textos& textos, int frase,
+                           std::span<const int> grupos) {
   if (grupos.empty()) return QString();
   QStringList nombres;
   for (const int grupo : grupos.first(std::min(grupos.size(), kNombrados))) {
@@ -78,7 +84,43 @@ Resultado<QString> decirSinArticulos(dao::Database& db, const Textos& textos,
   }
   if (grupos.size() > kNombrados)
     nombres << Plural(textos(kTxYGruposMas), static_cast<int>(grupos.size() - kNombrados));
-  return textos(kTxSinArticulos, {nombres.join(u", "_s)});
+  return textos(frase, {nombres.join(u", "_s)});
+}
+
+}  // namespace
+
+Resultado<QString> decirSinArticulos(dao::Database& db, const Textos& textos,
+                                     std::span<const int> grupos) {
+  return nombrar(db, textos, kTxSinArticulos, grupos);
+}
+
+Resultado<QString> decirAusentes(const Periodos& periodos, qint64 link) {
+  dao::Database& db = periodos.base();
+  std::set<int> hay, conGranTotal;
+  for (const ClaseTotal& c : enVigor(periodos.ajustes()))
+    TARVO_INTENTAR(
+        dao::recorrer(db.consultar(conMarcas(u"SELECT DISTINCT GRUPO FROM {tabla} WHERE LINK=?",
+                                             {{u"tabla", NombreTabla(c.tipo)}}),
+                                   link),
+                      [&](const dao::Recordset& fila) {
+                        const auto grupo = static_cast<int>(fila.entero(0));
+                        hay.insert(grupo);
+                        if (c.tipo == TipoTotal::GranTotal) conGranTotal.insert(grupo);
+                      }));
+  if (hay.empty()) return QString();
+  std::vector<int> faltan, sueltos;
+  TARVO_INTENTAR(
+      dao::recorrer(db.consultar(u"SELECT CODGPO FROM GRUPOS WHERE REMOTO<>0 ORDER BY CODGPO"),
+                    [&](const dao::Recordset& fila) {
+                      const auto grupo = static_cast<int>(fila.entero(0));
+                      if (!hay.contains(grupo)) faltan.push_back(grupo);
+                    }));
+  if (!conGranTotal.empty())
+    std::ranges::set_difference(hay, conGranTotal, std::back_inserter(sueltos));
+  const Textos& textos = periodos.textos();
+  TARVO_TOMAR(const auto ausentes, nombrar(db, textos, kTxAusentes, faltan));
+  TARVO_TOMAR(const auto sinComparar, nombrar(db, textos, kTxSinComparar, sueltos));
+  return (ausentes + u' ' + sinComparar).trimmed();
 }
 
 Resultado<QString> decirSinArticulos(const Periodos& periodos, qint64 link) {

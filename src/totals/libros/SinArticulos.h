@@ -1,4 +1,5 @@
-// The groups that gave totals but none by article: no other kind tells what was sold of each.
+// What is missing from a period, group by group: totals by article, without which no other kind
+// tells what was sold of each; a grand total to compare them with; or everything.
 #pragma once
 
 #include <span>
@@ -20,5 +21,9 @@ Resultado<QString> decirSinArticulos(dao::Database& db, const Textos& textos,
 // The same of a period, and of those among `grupos` that were read without articles.
 Resultado<QString> decirSinArticulos(const Periodos& periodos, qint64 link);
 Resultado<QString> decirSinArticulos(Sesion& sesion, std::span<const int> grupos);
+
+// Of a period with rows: the groups that communicate and have none in it, and those without a grand
+// total, which nothing was compared with. A sentence for each; empty if there are none.
+Resultado<QString> decirAusentes(const Periodos& periodos, qint64 link);
 
 }  // namespace tarvo::totals

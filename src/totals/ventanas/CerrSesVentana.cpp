@@ -39,7 +39,7 @@ CerrSesVentana::CerrSesVentana(ventanas::Contexto& contexto, const QString& nomb
 }
 
 void CerrSesVentana::montar() {
-  ui_.Recuperar->setIcon(ventanas::icono(u"atras"_s));
+  ui_.Recuperar->setIcon(ventanas::icono(u"deshacer"_s));
   ui_.Recuperar->hide();
   ui_.estado->hide();
   ui_.cierre->hide();
@@ -72,6 +72,11 @@ Resultado<> CerrSesVentana::entrar(const PuertaCerrSes& puerta) {
   alSalir_ = puerta.alSalir;
   motor_.TodoAUno = motor_.OverWr = true;
   TARVO_INTENTAR(analizar());
+  if (ui_.Descrip->text().isEmpty()) {
+    TARVO_TOMAR(const auto propuesto, s_.nombre());
+    ui_.Descrip->setText(propuesto);
+    ui_.Descrip->selectAll();
+  }
   if (puerta.olvidar)
     QMetaObject::invokeMethod(this, &CerrSesVentana::soloOlvidar, Qt::QueuedConnection);
   return {};

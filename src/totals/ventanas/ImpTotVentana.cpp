@@ -9,6 +9,7 @@
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
+#include "totals/libros/SinArticulos.h"
 #include "totals/ventanas/ComunTotales.h"
 #include "totals/ventanas/TextosTotalesVentanas.h"
 
@@ -56,7 +57,7 @@ int textoEstado(int estado) {
 
 ImpTotVentana::ImpTotVentana(ventanas::Contexto& contexto, const QString& nombre,
                              Periodos& periodos)
-    : Ventana(contexto, nombre), motor_(periodos) {
+    : Ventana(contexto, nombre), p_(periodos), motor_(periodos) {
   ui_.setupUi(cuerpo());
   enlazar();
   montar();
@@ -128,6 +129,7 @@ void ImpTotVentana::abrir() {
   hechos_ = 0;
   lineas_ = 0;
   supuestas_ = 0;
+  faltas_.clear();
   leerSiguiente();
 }
 
@@ -163,6 +165,8 @@ Resultado<> ImpTotVentana::incorporarUno() {
   ++hechos_;
   lineas_ += hecho.lineas;
   supuestas_ += hecho.supuestas;
+  TARVO_TOMAR(const auto ausentes, decirAusentes(p_, hecho.link));
+  if (!ausentes.isEmpty()) faltas_ << TextoPeriodo(hecho.periodo).simplified() + u": "_s + ausentes;
   contar();
   TARVO_TOMAR(auto b, fichero_->siguiente());
   bloque_ = std::move(b);
@@ -220,9 +224,17 @@ void ImpTotVentana::acabar(const ventanas::Faena::Fin& fin) {
     ponerEstado(bloque_ ? kListo : kRealizado);
   if (fin.error || fin.parado) return;
   if (supuestas_ > 0)
-    decirDuda(t(kTxLeidasComoDeOtro, supuestas_), t(kTxSiEranNuestras));
+    decirDuda(t(kTxLeidasComoDeOtro, supuestas_),
+              (QStringList(t(kTxSiEranNuestras)) + faltas_).join(u'\n'));
   else if (!bloque_)
-    decirBien(t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_));
+    decirImportado();
+}
+
+// A period that came back without some of its groups foots all the same.
+void ImpTotVentana::decirImportado() {
+  const QString bien = t(kTxImportado) + u": "_s + t(kTxNPeriodos, hechos_);
+  if (faltas_.isEmpty()) return decirBien(bien);
+  decirDuda(bien + u". "_s + faltas_.front(), faltas_.mid(1).join(u'\n'));
 }
 
 void ImpTotVentana::Alto() {

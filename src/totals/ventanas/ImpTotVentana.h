@@ -30,9 +30,11 @@ class ImpTotVentana final : public ventanas::Ventana {
   Resultado<> incorporarUno();
   void acabar(const ventanas::Faena::Fin& fin);
   void contar();
+  void decirImportado();
   void Alto();
 
   Ui::ImpTot ui_;
+  Periodos& p_;
   ImpTot motor_;
   std::unique_ptr<Importacion> fichero_;
   std::optional<Importacion::Bloque> bloque_;
@@ -40,7 +42,8 @@ class ImpTotVentana final : public ventanas::Ventana {
   int estado_ = 0;
   int hechos_ = 0;
   qint64 lineas_ = 0;
-  int supuestas_ = 0;  // lines taken for another system's
+  QStringList faltas_;  // of each period imported, what is missing from it
+  int supuestas_ = 0;   // lines taken for another system's
 };
 
 }  // namespace tarvo::totals

@@ -407,7 +407,8 @@ void VerTotVentana::descontar(bool deshacer) {
         if (c.bien > 0)
           apuntar({t(deshacer ? kTxQueIncorporar : kTxQueDescontar, c.bien),
                    [=, this] { return desdescontar(*hechos, !deshacer); }, *hechos});
-        decirCuentas(t(deshacer ? kTxIncorporados : kTxDescontados, c.bien), kTxNoDescontados, c);
+        decirCuentas(t(deshacer ? kTxIncorporados : kTxDescontados, c.bien),
+                     deshacer ? kTxNoIncorporados : kTxNoDescontados, c);
       });
 }
 
@@ -458,8 +459,7 @@ void VerTotVentana::exportar() {
   const auto links = elegidos();
   if (links.empty()) return;
   static_cast<void>(preguntar(PuertaXporTot{links}));
-  ui_.Grid->limpiarSeleccion();
-  refrescar();
+  refrescar();  // those that were deleted leave the selection, the others stay in it
 }
 
 void VerTotVentana::importar() {

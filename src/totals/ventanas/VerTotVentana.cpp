@@ -209,10 +209,12 @@ QString VerTotVentana::textoCuadre(const Columna& c) {
   QStringList malos;
   for (const int grupo : cuadre->malos) malos << QString::number(grupo);
   const auto sinArticulos = decirSinArticulos(p_, c.LINK);
-  if (!haIdoBien(sinArticulos)) return {};
-  return ((malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s))) + u' ' +
-          *sinArticulos)
-      .trimmed();
+  const auto ausentes = decirAusentes(p_, c.LINK);
+  if (!haIdoBien(sinArticulos) || !haIdoBien(ausentes)) return {};
+  QStringList frases{malos.isEmpty() ? t(kTxCuadra) : t(kTxNoCuadra).arg(malos.join(u", "_s)),
+                     *sinArticulos, *ausentes};
+  frases.removeAll(QString());
+  return frases.join(u' ');
 }
 
 void VerTotVentana::VerIntervalo(TipoTotal clase) {

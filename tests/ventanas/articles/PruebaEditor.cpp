@@ -362,6 +362,40 @@ TEST(Editor, ElCodigoDeBarrasRaroSeDice) {
   }
 }
 
+// However it is saved, a cell still open counts, and a price that became 0 is told in the list.
+TEST(Editor, ElPrecioACeroSeDiceSeGuardeComoSeGuarde) {
+  enum Modo { kIntro, kRaton, kLetra };
+  for (const Modo modo : {kIntro, kRaton, kLetra})
+    for (const bool vale : {true, false}) {
+      SCOPED_TRACE(testing::Message() << modo << vale);
+      MesaDeArticulos t;
+      auto* lista = t.abrir(u"BrowPLUs"_s);
+      t.tecla(Qt::Key_F4);
+      const QPointer<ventanas::Ventana> v = t.cargada(u"xEditPLU#1.10"_s);
+      auto& precios = t.lista(v, u"GrdPre");
+      t.abrirCelda(precios, u"P0"_s);
+      t.escribir(vale ? u"0"_s : u"x"_s);
+      auto* guardar = t.control<QPushButton>(v, u"Guardar");
+      if (modo == kRaton) {
+        QTest::mousePress(guardar, Qt::LeftButton);
+        QApplication::processEvents();
+        QTest::mouseRelease(guardar, Qt::LeftButton);
+      } else {
+        if (modo == kIntro) t.tecla(Qt::Key_Return);
+        QApplication::processEvents();
+        t.tecla(Qt::Key_G, Qt::AltModifier);
+      }
+      EXPECT_TRUE(esperar([&] { return (v && v->isVisible()) == !vale; }));
+      EXPECT_EQ(t.leer(u"select PRECIO_00 from PLUSES where SECCION=1 and CODPLU=10"_s),
+                vale ? u"0" : u"100");
+      EXPECT_TRUE(vale || precios.editando());
+      const auto& tira = (vale ? lista : v.data())->tira();
+      const QString dicho = vale ? u"El precio era 1,00 y ahora es 0"_s : u"«x»"_s;
+      EXPECT_TRUE(esperar([&] { return tira.texto().contains(dicho); }))
+          << tira.texto().toStdString();
+    }
+}
+
 // The history beside the prices shows what each was and is, at the form's own size.
 TEST(Editor, LaHistoriaEnsenaElPrecioDeAhora) {
   MesaDeArticulos t;

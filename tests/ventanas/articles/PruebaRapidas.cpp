@@ -1,4 +1,6 @@
 // From the list into the fast windows and the calculator, with keys alone.
+#include <QClipboard>
+
 #include "MesaDeArticulos.h"
 #include "articles/precios/ventanas/RegistrarVentanas.h"
 
@@ -72,6 +74,41 @@ TEST(RapidasDesdeLaLista, TreintaPrecios) {
   EXPECT_EQ(t.cambiadas(), std::vector<int>{1});
   t.salir(u"FastModf"_s);
   EXPECT_EQ(t.lista(t.lista_).texto(2, u"PRECIO_00"), u"10,01") << "the list is refreshed";
+}
+
+// What the fast change wrote is undone in the list once it is closed, except what was undone there;
+// cells filled together come back together.
+TEST(RapidasDesdeLaLista, LoDelCambioRapidoVuelveDesdeLaLista) {
+  Mercado t;
+  const QString antes = t.precios();
+  auto* v = t.porMenu(Qt::Key_F3, u"FastModf"_s);
+  ASSERT_TRUE(t.irA(u"precio00"_s));
+  for (const QString& precio : {u"1,10"_s, u"2,20"_s, u"3,30"_s}) {
+    t.escribir(precio);
+    t.tecla(Qt::Key_Return);
+  }
+  v->findChild<QAction*>(u"Deshacer"_s)->trigger();
+  auto& grid = t.lista(v, u"Grd");
+  grid.vista()->setFocus();
+  grid.vista()->setCurrentIndex(grid.modelo()->index(5, grid.modelo()->columna(u"PRECIO_00")));
+  QApplication::clipboard()->setText(u"7\n8"_s);
+  grid.pegar();
+  t.salir(u"FastModf"_s);
+  const auto deshacer = [&] {
+    t.lista(t.lista_).vista()->setFocus();
+    t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  };
+  EXPECT_TRUE(t.precios().startsWith(u"10 110 | 20 220 | 30 300 | 40 400"_s));
+  EXPECT_TRUE(t.precios().contains(u"700 | "_s) && t.precios().contains(u"800 | "_s));
+  deshacer();
+  EXPECT_TRUE(
+      t.precios().startsWith(u"10 110 | 20 220 | 30 300 | 40 400 | 50 500 | 60 600 | 70 700"_s))
+      << t.precios().left(90).toStdString();
+  deshacer();
+  EXPECT_EQ(t.lista_->tira().texto(), u"Deshecho: P. Base, Tarifa 1, que era «2,00».");
+  deshacer();
+  EXPECT_EQ(t.precios(), antes);
+  EXPECT_FALSE(t.lista_->findChild<QAction*>(u"Deshacer"_s)->isEnabled());
 }
 
 TEST(RapidasDesdeLaLista, UnArticuloNuevo) {

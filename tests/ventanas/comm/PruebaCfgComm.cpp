@@ -87,6 +87,31 @@ TEST_F(Configuracion, ValoresDeFabrica) {
   EXPECT_EQ(delMotor().IntentosManual, 0);
 }
 
+// The file was edited while the program is open: it is said, and what isn't changed here stays
+// there.
+TEST_F(Configuracion, LoCambiadoDesdeFueraSeDice) {
+  bien(ajustes->GuardarConfig());
+  abrir(u"CfgComm"_s);
+  EXPECT_TRUE(escritorio.ventanas().cargada(u"CfgComm"_s)->tira().isHidden());
+  pulsar(u"Cancelo"_s);
+  QCoreApplication::processEvents();
+  QFile f(ajustes->rutaConfig());
+  ASSERT_TRUE(f.open(QIODevice::ReadWrite));
+  const QByteArray texto = f.readAll().replace("TimeACK= 2000", "TimeACK= 3000");
+  f.resize(0);
+  f.write(texto);
+  f.close();
+  abrir(u"CfgComm"_s);
+  EXPECT_TRUE(escritorio.ventanas()
+                  .cargada(u"CfgComm"_s)
+                  ->tira()
+                  .texto()
+                  .contains(u"desde fuera (TimeACK)"));
+  escribir(en<QLineEdit>(u"TimeOut"_s), u"12000"_s);
+  pulsar(u"Acepto"_s);
+  EXPECT_EQ(enFichero(u"TimeACK"_s) + u' ' + enFichero(u"TimeOut"_s), u"3000 12000");
+}
+
 // A channel put into use works at once; one taken out of use stops.
 TEST_F(Configuracion, ElMotorSigueElUso) {
   abrir(u"CfgComm"_s);

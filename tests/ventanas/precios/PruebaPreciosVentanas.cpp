@@ -26,6 +26,7 @@ TEST(VentanaCalculo, ElMargenBloqueadoPasaPorTresArticulos) {
   m.campo(v, u"costeN"_s).setFocus();
   for (int i = 0; i < 2; ++i) m.pulsar(Qt::Key_PageDown);
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000005  Artículo 5");
+  m.responder(u"Acepto"_s);  // it is three times the former price
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00 from PLUSES where CODPLU in (3, 4, 5, 6) order by CODPLU"_s),
             u"750 | 1200 | 1505 | 600")

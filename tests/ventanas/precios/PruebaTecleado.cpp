@@ -61,6 +61,34 @@ TEST(VentanaCalculo, LoQueNoValeSeDiceYNoSeGuarda) {
   }
 }
 
+// Return saves a jump only if that is meant: the default answer is no.
+TEST(VentanaCalculo, IntroPreguntaPorUnSalto) {
+  const struct {
+    QString precio;
+    bool pregunta, acepta;
+    QString queda;
+  } casos[] = {{u"30"_s, true, false, u"300"_s},
+               {u"30"_s, true, true, u"3000"_s},
+               {u"3,30"_s, false, true, u"330"_s}};
+  for (const auto& c : casos) {
+    Tecleado m;
+    auto* v = m.abrir(u"CalcPre"_s);
+    MesaDePrecios::escribir(v, u"Calcu"_s, c.precio);
+    if (c.pregunta)
+      m.alAbrirse([&](QWidget* w) {
+        c.acepta ? w->findChild<QPushButton*>(u"Acepto"_s)->click()
+                 : QTest::keyClick(w->focusWidget(), Qt::Key_Return);
+      });
+    m.pulsar(Qt::Key_Return);
+    EXPECT_EQ(m.precio(3), c.queda) << c.precio.toStdString();
+    EXPECT_EQ(
+        m.textoModal.contains(u"Artículo 3, P. Base, tarifa 1: El precio pasa de 3,00 a 30,00"),
+        c.pregunta)
+        << m.textoModal.toStdString();
+    EXPECT_EQ(m.campo(v, u"precio00"_s).text(), c.pregunta ? u"30,00" : u"3,30");
+  }
+}
+
 // Walking on stores the prices as well, and the warning is told beside the next article.
 TEST(VentanaCalculo, LaDudaDeUnPrecioSeDiceTambienAlPasar) {
   Tecleado m;
@@ -91,6 +119,7 @@ TEST(VentanaCalculo, NoPasaDeArticuloConUnPrecioQueNoVale) {
   EXPECT_EQ(m.enFoco(), u"costeN");
   MesaDePrecios::escribir(v, u"costeN"_s, u"4"_s);
   MesaDePrecios::escribir(v, u"pcMarg"_s, u"50"_s);
+  m.responder(u"Acepto"_s);
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select PRECIO_00, COSTE from PLUSES where CODPLU=3"_s), u"660 400");
 }
@@ -274,6 +303,7 @@ TEST(VentanaCalculo, PreguntaAntesDeDejarUnPrecio) {
   m.abrir(precios::PuertaCalcPre{.seccion = 1, .codigo = 8});
   EXPECT_EQ(pregunta, u"¿Abandonar los cambios realizados?");
   EXPECT_EQ(m.texto(v, u"lbPLU"_s), u"0000003  Artículo 3");
+  m.responder(u"Acepto"_s);  // the price follows the cost
   m.boton(v, u"Salvar"_s);
   EXPECT_EQ(m.leer(u"select COSTE from PLUSES where CODPLU=3"_s), u"900");
   m.foco();

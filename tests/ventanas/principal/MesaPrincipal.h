@@ -52,8 +52,8 @@ struct MesaPrincipal : Tienda {
     app::registrarVentanasPrincipal(todas(), aplicacion);
     suplir<articles::PuertaBrowPLUs, automation::PuertaAutomat, automation::PuertaCronos,
            automation::PuertaVeoLog, comm::PuertaEstadoEnvio, comm::PuertaGestcomm,
-           precios::PuertaCambioLote, totals::PuertaCerrSes, totals::PuertaVerCols,
-           totals::PuertaVerTot>(suplentes);
+           precios::PuertaCambioLote, totals::PuertaCerrSes, totals::PuertaDudasCero,
+           totals::PuertaVerCols, totals::PuertaVerTot>(suplentes);
   }
 
   ventanas::Ventanas& todas() { return escritorio.ventanas(); }

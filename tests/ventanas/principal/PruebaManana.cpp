@@ -41,15 +41,46 @@ TEST(Manana, TrasUnGrupoFallido) {
   EXPECT_EQ(linea->objectName(), u"Linea0");
   linea->setFocus();
   QTest::keyClick(linea, Qt::Key_Return);
-  ASSERT_TRUE(t.suplente(u"gestcomm"_s));
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->como<comm::PuertaGestcomm>().grupo, 2);
-  EXPECT_EQ(t.suplente(u"gestcomm"_s)->dueno(), v);
+  ASSERT_TRUE(t.suplente(u"VeoLog"_s));
+  EXPECT_EQ(t.suplente(u"VeoLog"_s)->dueno(), v);
   QTest::mouseClick(pieza(*v, u"Bien. 0001 FRUTERIA"_s), Qt::LeftButton);
   ASSERT_TRUE(t.suplente(u"VerCols#7"_s)) << "its sales in that period";
   EXPECT_EQ(t.suplente(u"VerCols#7"_s)->como<totals::PuertaVerCols>().grupo, 1);
   QTest::mouseClick(pieza(*v, u"La noche tuvo problemas"_s), Qt::LeftButton);
   EXPECT_TRUE(
       t.suplente(u"VeoLog"_s)->como<automation::PuertaVeoLog>().fichero.endsWith(u"/NOCHE.TZA"));
+}
+
+// A failed group opens what tells of it: never a queue without its tasks while there is anything
+// else.
+TEST(Manana, UnGrupoFallidoAbreLoQueLoExplica) {
+  const struct {
+    bool duda, tarea, traza, bandeja;
+    const char16_t* abre;
+  } casos[] = {{true, true, true, true, u"DudasCero"},
+               {false, true, true, true, u"gestcomm"},
+               {false, false, true, true, u"VeoLog"},
+               {false, false, false, true, u"CerrSes"},
+               {false, false, false, false, u"gestcomm"}};
+  for (const auto& c : casos) {
+    MesaPrincipal t({u"gestcomm"_s, u"CerrSes"_s, u"VeoLog"_s, u"DudasCero"_s});
+    t.nocheMala();
+    if (c.duda) t.sql(u"INSERT INTO Dudas (GRUPO, ADDR) VALUES (2, 0)"_s);
+    if (c.tarea) {
+      EXPECT_EQ(t.aplicacion.gestcomm().NuevaTarea(2, true, 0, 0, TipoTarea::RxGrTot), 0);
+    }
+    if (!c.traza) t.sql(u"UPDATE Ejecuciones SET TRAZA=''"_s);
+    if (c.bandeja) {
+      bien(t.aplicacion.sesion().ponerEstado(2));
+      t.sql(u"DELETE FROM Sesiones"_s);
+      t.sql(u"INSERT INTO Sesiones (CODGPO, SS_GRT) VALUES (2, 1)"_s);
+    }
+    auto* v = t.conManana();
+    auto* linea = pieza(*v, u"Fallido. 0002 PESCADERIA"_s);
+    ASSERT_TRUE(linea);
+    QTest::mouseClick(linea, Qt::LeftButton);
+    EXPECT_TRUE(t.suplente(QString::fromUtf16(c.abre))) << QString::fromUtf16(c.abre).toStdString();
+  }
 }
 
 // A process of the day is told after the night, and so is what has been mended.

@@ -162,6 +162,34 @@ TEST(VentanaAcciones, DescuentaSoloLoQueVinoDeLasBalanzas) {
   }
 }
 
+// What couldn't be put back into the stock is told as that.
+TEST(VentanaAcciones, LoQueNoSeIncorporaSeDice) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018");
+  t.sql(u"update COLUMNA set stkABLE=0"_s);
+  auto* v = t.abrirLista();
+  t.grid->elegir({lunes});
+  t.alAbrirse([&](QWidget* pregunta) {
+    QTest::mouseClick(pregunta->findChild<QPushButton*>(u"Acepto"_s), Qt::LeftButton);
+    t.responder(u"Procesar"_s);
+  });
+  t.tecla(Qt::Key_F8, Qt::ShiftModifier);
+  ASSERT_TRUE(esperar([&] { return v->tira().estado() == ventanas::Estado::Duda; }));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"1 periodo sin incorporar al stock"))
+      << v->tira().texto().toStdString();
+}
+
+// What was selected stays so after an export that was called off.
+TEST(VentanaAcciones, CancelarLaExportacionDejaLosElegidos) {
+  Lista t;
+  const qint64 lunes = t.dia("04/06/2018"), martes = t.dia("05/06/2018");
+  t.abrirLista();
+  t.grid->elegir({lunes, martes});
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+  t.tecla(Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.grid->filasElegidas().size(), 2U);
+}
+
 // An import may replace a period while its deduction can still be undone.
 TEST(VentanaAcciones, LoQueYaNoEstaNoSeDeshaceYSeDice) {
   Lista t;
@@ -383,6 +411,26 @@ TEST(VentanaAcciones, LoQueCuadraSinArticulosSeDice) {
         u"cuadran entre sí. Sin totales por artículos: 0002 Mostrador "
         u"2. No consta qué artículos se vendieron.");
   })) << detalle->text().toStdString();
+}
+
+// What isn't there can't disagree: the groups without anything are named, and those without a grand
+// total.
+TEST(VentanaAcciones, LosGruposQueFaltanSeNombran) {
+  const struct {
+    const char16_t *tabla, *dice;
+  } casos[] = {
+      {u"TOTGRT", u"De estos grupos no hay Gran Total con el que comparar: 0002 Mostrador 2."},
+      {u"", u"En este periodo no hay nada de estos grupos: 0002 Mostrador 2."}};
+  for (const auto& c : casos) {
+    Lista t;
+    t.sql(u"update GRUPOS set REMOTO=3"_s);
+    t.dia("04/06/2018");
+    for (const QString& tabla : {u"TOTGRT"_s, u"TOTPLU"_s, u"TOTHOR"_s})
+      if (!*c.tabla || tabla == c.tabla) t.sql(u"delete from %1 where GRUPO=2"_s.arg(tabla));
+    const auto* detalle = t.abrirLista()->findChild<QLabel*>(u"detalle"_s);
+    EXPECT_TRUE(esperar([&] { return detalle->text().endsWith(c.dice); }))
+        << detalle->text().toStdString();
+  }
 }
 
 TEST(VentanaAcciones, OperadorYHora) {

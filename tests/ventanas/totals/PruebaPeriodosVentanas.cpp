@@ -214,6 +214,25 @@ TEST(VentanaPeriodos, ExportaYVuelveAImportar) {
   EXPECT_EQ(t.leer(suma), antes);
 }
 
+// A period that comes back without a group foots all the same: whoever imports is told.
+TEST(VentanaPeriodos, ImportarDiceQueGruposFaltan) {
+  MesaDeTotales t;
+  t.ajustes.HomeDir = t.carpeta.path();
+  t.sql(u"update GRUPOS set REMOTO=3"_s);
+  QFile f(t.ruta(u"CORTO.EXP"_s));
+  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+  f.write("*Lunes\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n01010001" + QByteArray(33, '0') +
+          "1\r\n");
+  f.close();
+  auto* i = t.abrir(u"ImpTot"_s);
+  QTest::keyClick(i->findChild<QListWidget*>(u"LstFich"_s), Qt::Key_Return);
+  QTest::mouseClick(i->findChild<QPushButton*>(u"Haz"_s), Qt::LeftButton);
+  ASSERT_TRUE(esperar([&] { return t.cuenta(u"COLUMNA"_s) == 1 && !i->trabajo().enMarcha(); }));
+  EXPECT_TRUE(i->tira().texto().endsWith(
+      u"4 junio 2018 (DIARIO): En este periodo no hay nada de estos grupos: 0002 Mostrador 2."))
+      << i->tira().texto().toStdString() << t.leer(u"select * from TOTGRT"_s).toStdString();
+}
+
 // Each state is seen: also that the period is being emptied, which goes on without a pause.
 TEST(VentanaPeriodos, ImportarDiceEnQueEsta) {
   MesaDeTotales t;

@@ -47,6 +47,20 @@ TEST(VentanaSesion, MemorizaEnElPeriodoQueSeElige) {
   EXPECT_EQ(t.sesion.estado(), 0);
 }
 
+// The name of the night that was stopped is proposed, and what is typed takes its place.
+TEST(VentanaSesion, ElNombreDeLaNocheParada) {
+  for (const QString& otro : {QString(), u"Feria"_s}) {
+    MesaDeTotales t;
+    recibirDosDias(t);
+    bien(t.sesion.ponerNombre(u"Ventas 04"_s));
+    auto* v = t.abrir(u"CerrSes"_s);
+    QTest::keyClicks(v->findChild<QLineEdit*>(u"Descrip"_s), otro);
+    QTest::mouseClick(v->findChild<QPushButton*>(u"Guardar"_s), Qt::LeftButton);
+    EXPECT_EQ(t.leer(u"select DESCR from COLUMNA"_s), otro.isEmpty() ? u"Ventas 04"_s : otro);
+    EXPECT_EQ(bien(t.sesion.nombre()), u"");
+  }
+}
+
 // Before memorising: the amount, and the groups whose sales will be missing.
 TEST(VentanaSesion, DiceCuantoYQuienFalta) {
   MesaDeTotales t;

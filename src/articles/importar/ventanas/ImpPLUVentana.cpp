@@ -27,7 +27,7 @@ void ImpPLUVentana::montar() {
   ui_.ficheros->preparar(contexto(), {u"*.PLU"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
   ui_.BorrPrevio->setChecked(true);
-  ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
+  ui_.deshacer->setIcon(ventanas::icono(u"deshacer"_s));
   ui_.tabla->setIcon(ventanas::icono(u"columnas"_s));
   ventanas::ponerLetra(*ui_.aviso, ventanas::Letra::Secundaria);
   connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpPLUVentana::abrir);

@@ -44,7 +44,7 @@ ImpTablaVentana::ImpTablaVentana(ventanas::Contexto& contexto, const QString& no
 void ImpTablaVentana::montar() {
   ui_.ficheros->preparar(contexto(), {u"*.csv"_s, u"*.txt"_s, u"*.xlsx"_s, u"*.ods"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
-  ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
+  ui_.deshacer->setIcon(ventanas::icono(u"deshacer"_s));
   connect(ui_.ficheros, &PanelFicheros::escogido, this, &ImpTablaVentana::leer);
   connect(ui_.ficheros->lista(), &QListWidget::currentRowChanged, this, &ImpTablaVentana::botones);
   connect(ui_.columnas, &ColumnasTabla::cambiado, this, &ImpTablaVentana::mirarSigno);

@@ -34,7 +34,7 @@ void MainTvcVentana::montar() {
   ui_.ficheros->preparar(contexto(), {u"*.PLU"_s});
   prepararMalas(*ui_.malas, contexto(), nombre());
   ventanas::ponerLetra(*ui_.ayudaPfjo, ventanas::Letra::Secundaria);
-  ui_.deshacer->setIcon(ventanas::icono(u"atras"_s));
+  ui_.deshacer->setIcon(ventanas::icono(u"deshacer"_s));
   ui_.SSOption1->setChecked(true);
   ui_.Secc->setText(u"001"_s);
   for (QLineEdit* e : ui_.rejaPfjo->parentWidget()->findChildren<QLineEdit*>()) e->setText(u"0"_s);

@@ -7,6 +7,7 @@
 #include "articles/precios/ventanas/Comun.h"
 #include "articles/precios/ventanas/TextosPreciosVentanas.h"
 #include "core/ventanas/edicion/Ficha.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 
 namespace tarvo::precios {
 
@@ -88,21 +89,14 @@ std::optional<QString> CalcPreVentana::impedimento() const {
   return std::nullopt;
 }
 
-// The first of the prices to be stored that a person should look at again.
-QString CalcPreVentana::dudaDePrecios(const articles::Precios& antes,
-                                      const articles::Precios& ahora) const {
-  for (std::size_t nivel = 0; nivel < articles::kNiveles; ++nivel)
-    for (std::size_t tarifa = 0; tarifa < articles::kTarifas; ++tarifa) {
-      const qint64 viejo = antes[nivel][tarifa], nuevo = ahora[nivel][tarifa];
-      if (viejo == nuevo) continue;
-      const Textos& textos = contexto().textos;
-      const QString cual =
-          articles::nombrePrecio(static_cast<int>(nivel), static_cast<int>(tarifa), textos);
-      if (const auto aviso =
-              avisoCambio(articulo_.nombre, cual, viejo, nuevo, contexto().ajustes, textos))
-        return *aviso;
-    }
-  return {};
+// A price that becomes 0 or jumps is stored only if that is meant: Return saves what is on view.
+bool CalcPreVentana::conforme() {
+  if (articulo_.clave.deSistema() || impedimento()) return true;
+  const auto aviso = avisoCambio(articulo_.nombre, articulo_.precios, precios_, contexto().ajustes,
+                                 contexto().textos);
+  return !aviso ||
+         ventanas::MyMsgBox::Decide(this, contexto().textos, *aviso + u"\n\n"_s + t(kTxGuardarAsi),
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }
 
 // Told after the next article is shown, which clears the strip.
@@ -138,8 +132,9 @@ bool CalcPreVentana::guardar() {
     return false;
   tocado_ = false;
   if (nuevo == **ahora) return true;
-  if (const QString duda = dudaDePrecios((*ahora)->precios, nuevo.precios); !duda.isEmpty())
-    dudaGuardada_ = duda;
+  dudaGuardada_ = avisoCambio(nuevo.nombre, (*ahora)->precios, nuevo.precios, contexto().ajustes,
+                              contexto().textos)
+                      .value_or(QString());
   if (alGuardar_) alGuardar_(**ahora, nuevo);
   articulo_ = nuevo;
   precios_ = nuevo.precios;
@@ -150,7 +145,7 @@ bool CalcPreVentana::guardar() {
 }
 
 void CalcPreVentana::salvar() {
-  if (!terminar() || !guardar()) return;
+  if (!terminar() || !conforme() || !guardar()) return;
   decirBien(t(kTxPrecioGuardado).arg(articulo_.nombre));
   avisarDelGuardado();
 }

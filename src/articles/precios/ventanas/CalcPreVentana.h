@@ -59,7 +59,7 @@ class CalcPreVentana final : public ventanas::Ventana {
 
   // The reason why the figures can't be saved, in words.
   std::optional<QString> impedimento() const;
-  QString dudaDePrecios(const articles::Precios& antes, const articles::Precios& ahora) const;
+  bool conforme();
   bool guardar();
   void avisarDelGuardado();
   void salvar();

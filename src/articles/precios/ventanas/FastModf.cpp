@@ -59,6 +59,7 @@ void FastModf::montar() {
   unir(ui_.Configurar, u"ajustes"_s, Qt::Key_F9, [this] { configurar(); });
   deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
   deshacer_->seguirTandas(*ui_.Grd);
+  seguirTandas();
   ui_.Grd->ponerTodoONada([this](const auto& hacer) { return catalogo_.todoONada(hacer); });
   ui_.Grd->filtros()->addWidget(ui_.filtros);
   ui_.GrdP->preparar(contexto());
@@ -84,6 +85,7 @@ void FastModf::montar() {
 Resultado<> FastModf::entrar(const PuertaFastModf& puerta) {
   if (!ui_.GrdP->terminar()) return {};
   lista_.unir(puerta.lista);
+  alCerrar_ = puerta.alCerrar;
   TARVO_INTENTAR(ventanas::llenar(*ui_.dbS, contexto().nombres.secciones(), 3));
   if (puerta.seccion > 0) elegir(*ui_.dbS, puerta.seccion);
   TARVO_INTENTAR(abrirLista());
@@ -222,11 +224,13 @@ Resultado<> FastModf::escribirPrecio(Celda celda, qint64 precio) {
 // Identified by the article, not by its row: the list may show other articles by then.
 void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
                        const articles::Articulo& ahora) {
-  const auto volver = [this, antes, ahora]() -> Resultado<ventanas::Deshacer::Vuelto> {
-    const auto hecho = catalogo_.volver(antes, ahora, nombre());
+  const auto cambio = std::make_shared<const CambioHecho>(que, antes, ahora);
+  hechos_.push_back({cambio, enTanda_ ? tanda_ : ++tanda_});
+  const auto volver = [this, cambio]() -> Resultado<ventanas::Deshacer::Vuelto> {
+    const auto hecho = catalogo_.volver(cambio->antes, cambio->ahora, nombre());
     if (!hecho) return std::unexpected(informe(contexto(), hecho.error()));
     TARVO_INTENTAR(ui_.Grd->refrescar());
-    TARVO_TOMAR(const auto fila, articles::filaDe(catalogo_, antes.clave));
+    TARVO_TOMAR(const auto fila, articles::filaDe(catalogo_, cambio->antes.clave));
     const int i = fila ? ui_.Grd->filaDe(*fila) : -1;
     if (i >= 0) ui_.Grd->irA(i);
     articuloCambiado();
@@ -235,6 +239,33 @@ void FastModf::apuntar(const QString& que, const articles::Articulo& antes,
   deshacer_->apuntar(que, volver, {.de = QString::number(ahora.clave.codigo), .hay = [=, this] {
                                      return catalogo_.cambiadoDespues(antes, ahora);
                                    }});
+}
+
+void FastModf::seguirTandas() {
+  connect(ui_.Grd, &ventanas::Parrilla::vanVarias, this, [this] {
+    enTanda_ = true;
+    ++tanda_;
+  });
+  const auto acabada = [this] { enTanda_ = false; };
+  connect(ui_.Grd, &ventanas::Parrilla::variasEscritas, this, acabada);
+  connect(ui_.Grd, &ventanas::Parrilla::variasDejadas, this, acabada);
+}
+
+// The list from which it was opened goes on undoing.
+void FastModf::entregarHechos() {
+  std::vector<CambioHecho> juntos;
+  int tanda = 0;
+  const auto entregar = [&] {
+    if (!juntos.empty() && alCerrar_) alCerrar_(juntos);
+    juntos.clear();
+  };
+  for (const Hecho& h : std::exchange(hechos_, {})) {
+    const auto cambio = h.cambio.lock();
+    if (!cambio) continue;
+    if (h.tanda != std::exchange(tanda, h.tanda)) entregar();
+    juntos.push_back(*cambio);
+  }
+  entregar();
 }
 
 void FastModf::avisar(const QString& articulo, Celda celda, qint64 antes, qint64 ahora) {
@@ -323,6 +354,7 @@ bool FastModf::QueryUnload() {
   if (!ui_.GrdP->terminar()) return true;
   if (lista_) lista_->refrescar();
   lista_.soltar();
+  entregarHechos();
   return false;
 }
 

@@ -38,6 +38,8 @@ class FastModf final : public ventanas::Ventana {
   Resultado<> escribirPrecio(Celda celda, qint64 precio);
   void apuntar(const QString& que, const articles::Articulo& antes,
                const articles::Articulo& ahora);
+  void seguirTandas();
+  void entregarHechos();
   void avisar(const QString& articulo, Celda celda, qint64 antes, qint64 ahora);
   void avisarDepartamento(int seccion, int departamento);
   void intro(Celda celda);
@@ -54,6 +56,15 @@ class FastModf final : public ventanas::Ventana {
   qint64 fila_ = 0;              // its key in the list
   ModoIntro modo_;
   ventanas::Deshacer* deshacer_;
+  // What can still be undone: its way back owns it. Those of one `tanda` were written together.
+  struct Hecho {
+    std::weak_ptr<const CambioHecho> cambio;
+    int tanda;
+  };
+  std::vector<Hecho> hechos_;
+  int tanda_ = 0;
+  bool enTanda_ = false;
+  std::function<void(std::span<const CambioHecho>)> alCerrar_;
 };
 
 }  // namespace tarvo::precios

@@ -1,6 +1,7 @@
 // The doors of the windows of offers and prices.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "articles/precios/ParrillaRapida.h"
@@ -36,10 +37,17 @@ struct PuertaFastAlta {
   int seccion = 0;
   QString lista = kListaArticulos;
 };
+// `alCerrar`: receives, when the window closes, each change that wasn't undone in it, the oldest
+// first; those written together, together.
+struct CambioHecho {
+  QString que;
+  articles::Articulo antes, ahora;
+};
 struct PuertaFastModf {
   static constexpr QStringView kNombre = u"FastModf";
   int seccion = 0;
   QString lista = kListaArticulos;
+  std::function<void(std::span<const CambioHecho> juntos)> alCerrar = {};
 };
 
 // One change for many articles: those of the codes, or those selected in the window if there are

@@ -22,7 +22,7 @@ void gestcommVentana::conectarOrdenes() {
   const std::pair<QAction*, const char16_t*> imagenes[] = {
       {ui_.RunP, u"ejecutar"},     {ui_.PauseP, u"pausa"},         {ui_.StopP, u"parar"},
       {ui_.TrashP, u"borrar"},     {ui_.Diagn, u"informacion"},    {ui_.AutoP, u"automatico"},
-      {ui_.TodoP, u"refrescar"},   {ui_.ReponP, u"atras"},         {ui_.ManuP, u"operador"},
+      {ui_.TodoP, u"refrescar"},   {ui_.ReponP, u"deshacer"},      {ui_.ManuP, u"operador"},
       {ui_.BotonTramas, u"linea"}, {ui_.BotonEstado, u"articulo"}, {ui_.MnAbrSs, u"sesionAbierta"},
       {ui_.MnCerSs, u"sesion"},    {ui_.MnCanSs, u"cerrar"}};
   const std::pair<QAction*, QKeySequence> teclas[] = {{ui_.RunP, Qt::Key_F6},

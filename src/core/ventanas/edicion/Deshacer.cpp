@@ -23,7 +23,7 @@ Deshacer::Deshacer(Ventana& ventana, QAction* accion)
     accion_->setText(v_.t(kTxDeshacer));
     v_.addAction(accion_);
   }
-  accion_->setIcon(icono(u"atras"_s));
+  accion_->setIcon(icono(u"deshacer"_s));
   accion_->setShortcut(QKeySequence(QKeySequence::Undo));
   connect(accion_, &QAction::triggered, this, &Deshacer::deshacer);
   connect(qApp, &QApplication::focusChanged, this, [this](QWidget* antes, QWidget* ahora) {
@@ -80,6 +80,12 @@ void Deshacer::seguirTandas(Parrilla& lista) {
     std::erase_if(pila_, [desde](const Cambio& c) { return c.numero > *desde; });
     pintar();
   });
+}
+
+void Deshacer::comoUno(const std::function<void()>& apuntarVarios) {
+  const int desde = ultimo_;
+  apuntarVarios();
+  juntar(desde, ultimo_ - desde);
 }
 
 // Merges the changes noted after that number into one. Those that can't be undone are left as they

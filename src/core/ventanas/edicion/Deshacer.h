@@ -46,6 +46,8 @@ class Deshacer final : public QObject {
   void seguirCeldas(Parrilla& lista, std::function<bool(int columna)> cuando = {});
   // Makes cells written together a single step, or none when none of them was written.
   void seguirTandas(Parrilla& lista);
+  // Makes what `apuntarVarios` pushes a single step.
+  void comoUno(const std::function<void()>& apuntarVarios);
   void deshacer();
   bool vacia() const { return pila_.empty(); }
   void olvidar();

@@ -11,6 +11,7 @@
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/marco/EscogeFecha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
+#include "core/ventanas/parrilla/Parrilla.h"
 
 namespace tarvo::ventanas {
 
@@ -256,8 +257,13 @@ bool Ficha::consiente() {
   return consienteFechas(*this, dias);
 }
 
+// A key that saves doesn't move the focus, which would end the editing of a cell.
+bool Ficha::acabarCeldas() {
+  return std::ranges::all_of(cuerpo()->findChildren<Parrilla*>(), &Parrilla::acabarCelda);
+}
+
 void Ficha::confirmar() {
-  if (leer() && consiente() && conforme() && haIdoBien(aplicar())) aplicada();
+  if (acabarCeldas() && leer() && consiente() && conforme() && haIdoBien(aplicar())) aplicada();
 }
 
 bool Ficha::QueryUnload() {

@@ -12,10 +12,10 @@
 //     void aplicada() override { entregar(r); }
 //   };
 //
-// "Acepto" reads all fields. Faults are marked beside their fields and listed in one box, and the
-// first of them gets the focus; then nothing is applied. Otherwise aplicar() is called, once, and
-// the window closes if it succeeds. "Cancelo", Escape and the close button ask first if there are
-// changes.
+// "Acepto" writes the cells still open in its lists, and reads all fields. Faults are marked beside
+// their fields and listed in one box, and the first of them gets the focus; then nothing is
+// applied. Otherwise aplicar() is called, once, and the window closes if it succeeds. "Cancelo",
+// Escape and the close button ask first if there are changes.
 #pragma once
 
 #include <memory>
@@ -146,6 +146,7 @@ class Ficha : public Ventana {
                 qint64 menor, qint64 mayor) const;
   std::vector<FaltaCampo> faltas();
   void hacerSitio();
+  bool acabarCeldas();
   bool consiente();  // asks about days far away; true to go on
 
   std::vector<Campo*> campos_;

@@ -162,6 +162,15 @@ void Ventana::alDar(QAction* accion, const std::function<void()>& hacer) {
   });
 }
 
+void Ventana::decirCambiadosFuera() {
+  constexpr qsizetype kNombrados = 4;
+  QStringList claves = c_.ajustes.cambiadosFuera();
+  if (claves.isEmpty()) return;
+  const QString todas = claves.join(u'\n');
+  if (claves.size() > kNombrados) claves = claves.mid(0, kNombrados) << QStringLiteral("…");
+  decirDuda(c_.textos(kTxCambiadosFuera, {claves.join(u", ")}), todas);
+}
+
 void Ventana::decirPista(const QString& texto) {
   decirDuda(texto);
   pista_ = tira_->veces();

@@ -87,6 +87,9 @@ class Ventana : public QWidget {
   void quitarPista();
   // Connects a command of this window; giving it removes an earlier hint.
   void alDar(QAction* accion, const std::function<void()>& hacer);
+  // For a window of settings: a doubt that names those that another program has changed in
+  // TARVO.INI meanwhile.
+  void decirCambiadosFuera();
   // Shows a refusal until it is settled: a text that a cell of a list didn't accept.
   void decirPendiente(const Error& error);
   void resuelto();

@@ -77,10 +77,14 @@ bool Delegado::eventFilter(QObject* objeto, QEvent* evento) {
     default:
       return QStyledItemDelegate::eventFilter(objeto, evento);
   }
-  Q_EMIT commitData(campo);
-  if (std::exchange(rechazada_, false)) return true;
-  Q_EMIT closeEditor(campo, NoHint);
-  Q_EMIT acabada(pasos);
+  if (acabar(*campo)) Q_EMIT acabada(pasos);
+  return true;
+}
+
+bool Delegado::acabar(QLineEdit& campo) {
+  Q_EMIT commitData(&campo);
+  if (std::exchange(rechazada_, false)) return false;
+  Q_EMIT closeEditor(&campo, NoHint);
   return true;
 }
 

@@ -5,6 +5,8 @@
 
 #include <QStyledItemDelegate>
 
+class QLineEdit;
+
 namespace tarvo::ventanas {
 
 class Delegado final : public QStyledItemDelegate {
@@ -21,6 +23,8 @@ class Delegado final : public QStyledItemDelegate {
                  const QModelIndex& indice) override;
   // The next cell editor opens with this text instead of the cell's own; only once.
   void empezarCon(const QString& texto) { primero_ = texto; }
+  // Writes an open cell editor and closes it; false if its text is refused: then it stays open.
+  bool acabar(QLineEdit& campo);
 
  Q_SIGNALS:
   // A cell was written, and left by Return (0), Tab (1) or Backtab (-1).

@@ -92,6 +92,9 @@ class Parrilla final : public QWidget, private Buscable {
   // Opens the current cell, or the first editable one of its row. False if there is none.
   bool editarCelda();
   bool editando() const;
+  // Writes the cell being edited, if there is one, and closes its editor. False if its text is
+  // refused: the editor stays open, and the failure is reported.
+  bool acabarCelda();
 
   // --- appearance
   void ponerVacia(const QString& texto, QAction* remedio = nullptr);  // hint for an empty list

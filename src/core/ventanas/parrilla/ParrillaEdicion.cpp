@@ -53,6 +53,11 @@ bool Parrilla::editando() const {
   return d->campoAbierto() != nullptr;
 }
 
+bool Parrilla::acabarCelda() {
+  QLineEdit* campo = d->campoAbierto();
+  return !campo || d->delegado->acabar(*campo);
+}
+
 void Parrilla::ponerEscribeAlTeclear(bool si) {
   d->escribeAlTeclear = si;
 }
