@@ -58,6 +58,7 @@ class EdiEtqu final : public ventanas::Ventana {
   void elegirJuego();
   void copiarEtiqueta();
   void pegarEtiqueta();
+  std::optional<FormatoLeido> delPortapapeles();
   void pegarEntera(const FormatoLeido& leido);
   void verMuestra();
 

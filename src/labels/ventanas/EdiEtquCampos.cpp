@@ -23,7 +23,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kPegadoAparte = 8;  // dots between a pasted field and its original
-const QString kCabecera = u"00"_s, kFin = u"\r\n"_s;
+const QString kFin = u"\r\n"_s;
 
 }  // namespace
 
@@ -192,11 +192,10 @@ void EdiEtqu::copiar() {
 
 // Fields without a header are added; a whole format takes the place of this one.
 void EdiEtqu::pegar() {
-  const QString texto = QApplication::clipboard()->text();
-  const auto leido = leerFormato(texto);
-  if (!leido || (leido->formato.campos.empty() && !texto.startsWith(kCabecera)))
-    return decirFallo(t(kTxNoSeCopio));
-  if (texto.startsWith(kCabecera) || leido->juego) return pegarEntera(*leido);
+  const auto leido = delPortapapeles();
+  if (!leido) return;
+  if (leido->juego || QApplication::clipboard()->text().startsWith(kCabeceraFormato))
+    return pegarEntera(*leido);
   Formato f = borrador_.formato();
   std::vector<size_t> nuevos;
   int fuera = 0;
