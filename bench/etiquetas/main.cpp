@@ -2,8 +2,8 @@
 // from the pointer's movement to the painted frame, that of 99 in 100. Prints a line, as
 // tarvo-bench
 // --razones does.
-#include <QAction>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QSpinBox>
 
 #include "Pintado.h"
@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
   v->resize(1920, 1040);
   v->findChild<QSpinBox*>(u"Zoom"_s)->setValue(kZoom);
   auto* lienzo = v->findChild<Lienzo*>(u"Lienzo"_s);
+  lienzo->verticalScrollBar()->setValue(0);
   QWidget* vista = lienzo->viewport();
   Pintor p(vista);
   esperar("el primer pintado", [&] { return p.pintadas > 0; });
@@ -81,7 +82,7 @@ int main(int argc, char** argv) {
     QElapsedTimer t;
     t.start();
     p.pintadas = 0;
-    raton(QEvent::MouseMove, desde + QPointF(4.0 * (i % 60), -4.0 * (i % 90)), Qt::LeftButton);
+    raton(QEvent::MouseMove, desde + QPointF(40 + 4.0 * (i % 60), -4.0 * (i % 90)), Qt::LeftButton);
     esperar("el cuadro", [&] { return p.pintadas > 0; });
     tardan.push_back(ms(t));
   }

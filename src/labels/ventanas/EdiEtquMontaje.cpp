@@ -84,7 +84,9 @@ QWidget* EdiEtqu::panelEtiquetas() {
   connect(lista_, &Parrilla::actualCambiada, this, [this] { actualCambiada(); });
   // A renamed one may get another place.
   connect(lista_, &Parrilla::editada, this, [this] { irAEtiqueta(actual_); }, Qt::QueuedConnection);
-  juego_ = con(new QPushButton(panel), u"JueTxt"_s, kTxJuegoPista);
+  juego_ = con(new QPushButton(panel), u"JueTxt"_s);
+  juego_->setText(t(kTxSinJuego));
+  juego_->setToolTip(t(kTxJuegoPista));
   connect(juego_, &QPushButton::clicked, this, [this] { elegirJuego(); });
   v->addWidget(rotulo);
   v->addLayout(linea);
