@@ -30,7 +30,7 @@ EdiEtqu::EdiEtqu(Contexto& contexto, const QString& nombre, articles::Catalogo& 
   lienzo_->ponerFuente(fuente_);
   if (!hallada.aviso.isEmpty()) decirDuda(hallada.aviso);
   // Some commands act on the list that has the keyboard.
-  connect(qApp, &QApplication::focusChanged, this, [this] { ordenes_->actualizar(); });
+  connect(qApp, &QApplication::focusChanged, this, [this] { actualizarOrdenes(); });
 }
 
 Resultado<> EdiEtqu::entrar(const PuertaEdiEtqu&) {

@@ -90,11 +90,15 @@ void EdiEtqu::mostrar() {
   mostrarCampos();
   setWindowModified(borrador_.cambiado());
   setWindowTitle(actual_.isEmpty() ? t(kTxEdiEtqu) : actual_ + u"[*] - "_s + t(kTxEdiEtqu));
-  ordenes_->actualizar();
-  ordenesEtiqueta_->actualizar();
+  actualizarOrdenes();
+}
+
+void EdiEtqu::actualizarOrdenes() {
+  for (Ordenes* o : {ordenes_, ordenesEtiqueta_, ordenesLista_}) o->actualizar();
 }
 
 void EdiEtqu::mostrarCampos() {
+  campos_->ponerVacia(t(actual_.isEmpty() ? kTxEligeEtiqueta : kTxSinCampos));
   std::vector<FilaViva> filas;
   const auto& campos = borrador_.formato().campos;
   for (size_t i = 0; i < campos.size(); ++i) {
