@@ -11,6 +11,7 @@ namespace tarvo::labels {
 
 inline constexpr int kAnchoCabezal = 192, kLargoEtiqueta = 466;  // dots
 inline constexpr int kCamposMaximos = 30;
+inline constexpr QStringView kCabeceraFormato = u"00";  // begins the text of a whole format
 
 enum class TipoCampo : int {
   Peso = 1,

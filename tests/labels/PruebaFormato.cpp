@@ -45,6 +45,7 @@ TEST(FormatoDeEtiqueta, ElPortapapelesSeCompruebaEntero) {
   EXPECT_EQ(leerFormato(*paraCopiar(leido->formato, u"Dos"_s))->juego, u"Dos"_s);
   EXPECT_EQ(leerFormato(u"JT:"_s)->juego, u""_s);
   EXPECT_FALSE(leerFormato({})->juego);
+  EXPECT_EQ(leerFormato(QString(bueno).remove(u'\r'))->formato, leido->formato);
   for (const QString& mala :
        {u"01010020016000"_s, u"0101002001600010"_s, u"01010020016000x"_s, u"190100200160001"_s,
         u"011920200160001"_s, u"010104660160001"_s, u"010100200190001"_s, u"010100200160004"_s,
@@ -60,6 +61,10 @@ TEST(FormatoDeEtiqueta, CadaReservaTieneSuLimite) {
   EXPECT_TRUE(f.cabeOtro(TipoCampo::Rectangulo));
   while (std::ssize(f.campos) < kCamposMaximos) f.campos.push_back({.tipo = TipoCampo::Peso});
   EXPECT_FALSE(f.cabeOtro(TipoCampo::Precio));
+  f.campos.push_back({.tipo = TipoCampo::Rectangulo});
+  f.campos.insert(f.campos.begin(), {.tipo = TipoCampo::CodigoDeBarras});
+  EXPECT_EQ(f.recortar(), 2);
+  EXPECT_FALSE(f.cabeOtro(TipoCampo::Rectangulo));
 }
 
 TEST(TextosDeEtiqueta, DelJuegoODeLaTienda) {

@@ -16,8 +16,8 @@ QImage imagenDe(const Impresion& impresion, int lado);
 Resultado<> guardarImpresion(const Impresion& impresion, const QString& ruta,
                              const QString& noSePudo);
 
-// As wide as there is room, in whole pixels for each dot, so that bars stay sharp; as high as it then
-// needs. For a scroll area.
+// As wide as there is room, in whole pixels for each dot, so that bars stay sharp; as high as it
+// then needs. For a scroll area.
 class DibujoImpresion final : public QWidget {
   Q_OBJECT
  public:

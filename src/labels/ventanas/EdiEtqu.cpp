@@ -29,6 +29,8 @@ EdiEtqu::EdiEtqu(Contexto& contexto, const QString& nombre, articles::Catalogo& 
   fuente_ = hallada.fuente;
   lienzo_->ponerFuente(fuente_);
   if (!hallada.aviso.isEmpty()) decirDuda(hallada.aviso);
+  // Some commands act on the list that has the keyboard.
+  connect(qApp, &QApplication::focusChanged, this, [this] { actualizarOrdenes(); });
 }
 
 Resultado<> EdiEtqu::entrar(const PuertaEdiEtqu&) {
@@ -225,9 +227,17 @@ void EdiEtqu::copiarEtiqueta() {
   decirBien(contexto().textos(kTxEtiquetaCopiada, {actual_}));
 }
 
+// Nothing where there is no format: an empty clipboard isn't an empty one.
+std::optional<FormatoLeido> EdiEtqu::delPortapapeles() {
+  const QString texto = QApplication::clipboard()->text();
+  auto leido = leerFormato(texto);
+  if (leido && leido->formato.campos.empty() && !texto.startsWith(kCabeceraFormato)) leido.reset();
+  if (!leido) decirFallo(t(kTxNoSeCopio));
+  return leido;
+}
+
 void EdiEtqu::pegarEtiqueta() {
-  const auto leido = leerFormato(QApplication::clipboard()->text());
-  leido ? pegarEntera(*leido) : decirFallo(t(kTxNoSeCopio));
+  if (const auto leido = delPortapapeles()) pegarEntera(*leido);
 }
 
 void EdiEtqu::pegarEntera(const FormatoLeido& leido) {

@@ -58,6 +58,7 @@ class EdiEtqu final : public ventanas::Ventana {
   void elegirJuego();
   void copiarEtiqueta();
   void pegarEtiqueta();
+  std::optional<FormatoLeido> delPortapapeles();
   void pegarEntera(const FormatoLeido& leido);
   void verMuestra();
 
@@ -68,6 +69,7 @@ class EdiEtqu final : public ventanas::Ventana {
   void rehacer();
   void mostrar();
   void mostrarCampos();
+  void actualizarOrdenes();
   void nuevo(TipoCampo tipo);
   void pedirNuevo();
   void propiedades();
@@ -102,7 +104,7 @@ class EdiEtqu final : public ventanas::Ventana {
   QPushButton* juego_;
   QSpinBox *x0_, *y0_, *zoom_;
   QLabel *lbPos_, *lbMov_, *lbx0_, *lby0_;
-  ventanas::Ordenes *ordenes_, *ordenesEtiqueta_;
+  ventanas::Ordenes *ordenes_, *ordenesEtiqueta_, *ordenesLista_;
   ventanas::Deshacer* deshacer_;
   QToolBar* barra_;
   QAction *nuevoCampo_, *alinear_, *rehacer_;

@@ -23,7 +23,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kPegadoAparte = 8;  // dots between a pasted field and its original
-const QString kCabecera = u"00"_s, kFin = u"\r\n"_s;
+const QString kFin = u"\r\n"_s;
 
 }  // namespace
 
@@ -90,11 +90,15 @@ void EdiEtqu::mostrar() {
   mostrarCampos();
   setWindowModified(borrador_.cambiado());
   setWindowTitle(actual_.isEmpty() ? t(kTxEdiEtqu) : actual_ + u"[*] - "_s + t(kTxEdiEtqu));
-  ordenes_->actualizar();
-  ordenesEtiqueta_->actualizar();
+  actualizarOrdenes();
+}
+
+void EdiEtqu::actualizarOrdenes() {
+  for (Ordenes* o : {ordenes_, ordenesEtiqueta_, ordenesLista_}) o->actualizar();
 }
 
 void EdiEtqu::mostrarCampos() {
+  campos_->ponerVacia(t(actual_.isEmpty() ? kTxEligeEtiqueta : kTxSinCampos));
   std::vector<FilaViva> filas;
   const auto& campos = borrador_.formato().campos;
   for (size_t i = 0; i < campos.size(); ++i) {
@@ -192,11 +196,10 @@ void EdiEtqu::copiar() {
 
 // Fields without a header are added; a whole format takes the place of this one.
 void EdiEtqu::pegar() {
-  const QString texto = QApplication::clipboard()->text();
-  const auto leido = leerFormato(texto);
-  if (!leido || (leido->formato.campos.empty() && !texto.startsWith(kCabecera)))
-    return decirFallo(t(kTxNoSeCopio));
-  if (texto.startsWith(kCabecera) || leido->juego) return pegarEntera(*leido);
+  const auto leido = delPortapapeles();
+  if (!leido) return;
+  if (leido->juego || QApplication::clipboard()->text().startsWith(kCabeceraFormato))
+    return pegarEntera(*leido);
   Formato f = borrador_.formato();
   std::vector<size_t> nuevos;
   int fuera = 0;

@@ -8,6 +8,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Recuerdos.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "labels/ventanas/EdiEtqu.h"
 #include "labels/ventanas/TextosLabelsVentanas.h"
@@ -20,7 +21,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kAncho = 1280, kAlto = 700, kPasoZoom = 50;
-constexpr int kAnchoEtiquetas = 230, kAnchoCampos = 340;
+constexpr int kAnchoEtiquetas = 230, kAnchoCampos = 380;
 
 }  // namespace
 
@@ -84,7 +85,9 @@ QWidget* EdiEtqu::panelEtiquetas() {
   connect(lista_, &Parrilla::actualCambiada, this, [this] { actualCambiada(); });
   // A renamed one may get another place.
   connect(lista_, &Parrilla::editada, this, [this] { irAEtiqueta(actual_); }, Qt::QueuedConnection);
-  juego_ = con(new QPushButton(panel), u"JueTxt"_s, kTxJuegoPista);
+  juego_ = con(new QPushButton(panel), u"JueTxt"_s);
+  juego_->setText(t(kTxSinJuego));
+  juego_->setToolTip(t(kTxJuegoPista));
   connect(juego_, &QPushButton::clicked, this, [this] { elegirJuego(); });
   v->addWidget(rotulo);
   v->addLayout(linea);
@@ -97,16 +100,16 @@ QWidget* EdiEtqu::panelCampos() {
   auto* panel = new QWidget(cuerpo());
   auto* v = new QVBoxLayout(panel);
   v->setContentsMargins(0, 0, 0, 0);
+  v->addWidget(con(new QToolBar(panel), u"barraCampos"_s));
   campos_ = con(new Parrilla(panel), u"Campos"_s);
   campos_->preparar(
       contexto(), nombre() + u"Campos"_s,
-      {{.titulo = kTxColumnaOrden, .campo = u"orden"_s, .clase = Clase::Entero, .ancho = 44},
-       {.titulo = kTxColumnaCampo, .campo = u"campo"_s, .ancho = 150},
-       {.titulo = kTxColumnaX, .campo = u"x"_s, .clase = Clase::Entero, .ancho = 46},
-       {.titulo = kTxColumnaY, .campo = u"y"_s, .clase = Clase::Entero, .ancho = 46},
+      {{.titulo = kTxColumnaOrden, .campo = u"orden"_s, .clase = Clase::Entero, .ancho = 36},
+       {.titulo = kTxColumnaCampo, .campo = u"campo"_s, .ancho = 120},
+       {.titulo = kTxColumnaX, .campo = u"x"_s, .clase = Clase::Entero, .ancho = 42},
+       {.titulo = kTxColumnaY, .campo = u"y"_s, .clase = Clase::Entero, .ancho = 42},
        {.titulo = kTxColumnaLetra, .campo = u"letra"_s, .ancho = 54, .rango = 1}});
   campos_->vivas();
-  campos_->ponerVacia(t(kTxSinCampos), nullptr);
   campos_->ponerBusca(false);
   connect(campos_, &Parrilla::activada, this, [this] { propiedades(); });
   connect(campos_, &Parrilla::seleccionCambiada, this, [this] {
@@ -116,7 +119,7 @@ QWidget* EdiEtqu::panelCampos() {
       cuales.push_back(static_cast<size_t>(campos_->clave(fila)));
     const QScopedValueRollback en(llenando_, true);
     lienzo_->elegir(cuales);
-    ordenes_->actualizar();
+    actualizarOrdenes();
   });
   const auto medida = [&](QSpinBox*& campo, const QString& como, int menor, int mayor) {
     campo = con(new QSpinBox(panel), como);
@@ -173,6 +176,8 @@ QWidget* EdiEtqu::pie() {
   zoom_->setSingleStep(kPasoZoom);
   zoom_->setSuffix(u" %"_s);
   zoom_->setKeyboardTracking(false);
+  if (const int antes = contexto().recuerdos.leer(nombre(), u"Zoom"_s).toInt(); antes > 0)
+    lienzo_->ponerZoom(antes);
   zoom_->setValue(lienzo_->zoom());
   linea->addWidget(dice);
   linea->addWidget(zoom_);
@@ -181,13 +186,16 @@ QWidget* EdiEtqu::pie() {
 
 void EdiEtqu::enlazarLienzo() {
   connect(zoom_, &QSpinBox::valueChanged, lienzo_, &Lienzo::ponerZoom);
-  connect(lienzo_, &Lienzo::zoomCambiado, zoom_, &QSpinBox::setValue);
+  connect(lienzo_, &Lienzo::zoomCambiado, this, [this](int porCiento) {
+    zoom_->setValue(porCiento);
+    contexto().recuerdos.poner(nombre(), u"Zoom"_s, QString::number(porCiento));
+  });
   connect(lienzo_, &Lienzo::eleccion, this, [this](const std::vector<size_t>& cuales) {
     if (llenando_) return;
     const QScopedValueRollback en(llenando_, true);
     campos_->limpiarSeleccion();
     campos_->elegir({cuales.begin(), cuales.end()});
-    ordenes_->actualizar();
+    actualizarOrdenes();
   });
   connect(lienzo_, &Lienzo::hecho, this, [this](const Formato& f, bool sigue) {
     const Formato& antes = borrador_.formato();
@@ -258,10 +266,12 @@ void EdiEtqu::montarCampos(QToolBar* barra) {
                        [this] { pedirLado(); },
                        [this] { return lienzo_->elegidos().size() > 1; }});
   alinear_->setProperty(kPorQueNo, t(kTxAlinearDos));
-  o.anadir({u"Subir"_s, kTxAntes, u"subir"_s, Qt::ALT | Qt::Key_Up,
-            [this] { reordenarElegidos(-1); }, elegido});
-  o.anadir({u"Bajar"_s, kTxDespues, u"bajar"_s, Qt::ALT | Qt::Key_Down,
-            [this] { reordenarElegidos(1); }, elegido});
+  // Beside the list, whose order is that of the printing.
+  ordenesLista_ = new Ordenes(*this, findChild<QToolBar*>(u"barraCampos"_s));
+  ordenesLista_->anadir({u"Subir"_s, kTxAntes, u"subir"_s, Qt::ALT | Qt::Key_Up,
+                         [this] { reordenarElegidos(-1); }, elegido});
+  ordenesLista_->anadir({u"Bajar"_s, kTxDespues, u"bajar"_s, Qt::ALT | Qt::Key_Down,
+                         [this] { reordenarElegidos(1); }, elegido});
   const auto sinBoton = [this](const QString& nombreOrden, int texto, int pasos) {
     auto* a = new QAction(t(texto), this);
     alDar(a, [this, pasos] { zoom_->stepBy(pasos); });

@@ -230,7 +230,7 @@ void Lienzo::moverCampos(QPoint cuanto, bool pegarse) {
     ensuciar(i);
     juntas |= cajaDe(antes_.campos[i], muestraDe(antes_.campos[i], textos_));
   }
-  const auto guias = std::pair(guiaX_, guiaY_);
+  sucio += guias();
   guiaX_ = guiaY_ = {};
   if (pegarse) {
     std::vector<QRect> otras{areaDe(formato_)};
@@ -251,7 +251,17 @@ void Lienzo::moverCampos(QPoint cuanto, bool pegarse) {
     const CampoEtiqueta& c = formato_.campos[elegidos_.front()];
     Q_EMIT movido({c.X, c.Y});
   }
-  guias == std::pair(guiaX_, guiaY_) ? viewport()->update(sucio) : viewport()->update();
+  viewport()->update(sucio + guias());
+}
+
+// The lines to which fields have snapped, in the viewport.
+QRegion Lienzo::guias() const {
+  QRegion r;
+  if (guiaX_)
+    r += QRect(static_cast<int>(enVista({*guiaX_ * 1.0, 0}).x()), 0, 1, viewport()->height());
+  if (guiaY_)
+    r += QRect(0, static_cast<int>(enVista({0, *guiaY_ * 1.0}).y()), viewport()->width(), 1);
+  return r;
 }
 
 void Lienzo::mouseReleaseEvent(QMouseEvent* evento) {

@@ -58,6 +58,7 @@ class Lienzo final : public QAbstractScrollArea {
   void reposar();
   void arrastrar(QPointF vista, Qt::KeyboardModifiers mandos);
   void moverCampos(QPoint cuanto, bool pegarse);
+  QRegion guias() const;
   void recalcular(size_t cual);
   void soltar();
   const QPixmap& dibujo(size_t cual);

@@ -116,14 +116,7 @@ void Lienzo::paintEvent(QPaintEvent* evento) {
     if (elegidos_.size() == 1) p.fillRect(asa(i), acento);
   }
   p.setPen(QPen(acento, 1, Qt::DashLine));
-  if (guiaX_) {
-    const auto x = static_cast<int>(enVista({*guiaX_ * 1.0, 0}).x());
-    p.drawLine(x, 0, x, viewport()->height());
-  }
-  if (guiaY_) {
-    const auto y = static_cast<int>(enVista({0, *guiaY_ * 1.0}).y());
-    p.drawLine(0, y, viewport()->width(), y);
-  }
+  for (const QRect& guia : guias()) p.drawLine(guia.topLeft(), guia.bottomRight());
   if (marco_.isValid()) p.drawRect(marco_);
 }
 

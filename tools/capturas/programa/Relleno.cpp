@@ -7,6 +7,8 @@
 #include "articles/importar/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
+#include "labels/Etiquetas.h"
+#include "labels/ventanas/Puertas.h"
 #include "totals/ventanas/Puertas.h"
 
 namespace tarvo::capturas {
@@ -33,6 +35,25 @@ const QByteArray kTarifa =
     "10;MANZANA EXTRA;1,95;1,20;8400000000109;FRUTAS;oferta\r\n"
     "11;PERA EXTRA;2,05;1.250,00;8400000000116;FRUTAS;\r\n900;PI\xD1"
     "A MINI;x;1,10;;TROPICALES;\r\n";
+
+// A label of a fruit shop, the upper third of the paper.
+const QString kEtiqueta =
+    u"001910000000000\r\n150020021891482\r\n070080280160000\r\n080080380140000\r\n"
+    u"120080430011750\r\n130080540140050\r\n130700540140060\r\n131280540140070\r\n"
+    u"010080740160000\r\n020700740160000\r\n031200790180000\r\n060081180360000\r\n"
+    u"131150930140170\r\n091151020140000\r\n131151130140110\r\n101151220140000\r\n"
+    u"160081400140010\r\n"_s;
+
+Resultado<labels::Formato> hacerEtiqueta(articles::Catalogo& catalogo) {
+  labels::Etiquetas etiquetas(catalogo);
+  const auto leida = labels::leerFormato(kEtiqueta);
+  if (!leida) return fallo(Fallo::Formato, kEtiqueta);
+  const QString nombre = u"FRUTERIA"_s;
+  if (const auto hecha = etiquetas.crear(nombre); !hecha && hecha.error().clase != Fallo::Duplicado)
+    return std::unexpected(hecha.error());
+  TARVO_INTENTAR(etiquetas.guardar({nombre, kEtiqueta}));
+  return leida->formato;
+}
 
 Resultado<> escribir(const QString& ruta, const QByteArray& bytes) {
   QFile f(ruta);
@@ -105,6 +126,8 @@ Resultado<> ponerMuestrasLlenas(ventanas::Ventanas& ventanas, app::Aplicacion& a
   TARVO_INTENTAR(c.AnalizarScratch(avisos));
   ventanas.ponerMuestra(PuertaFormDetalles{{c.recibidos(), c.propuestos(), c.OverWr, c.elegido()}});
   ventanas.ponerMuestra(automation::PuertaEdiCron{horario});
+  TARVO_TOMAR(const auto etiqueta, hacerEtiqueta(aplicacion.catalogo()));
+  ventanas.ponerMuestra(labels::PuertaVistaEtq{.nombre = u"FRUTERIA"_s, .formato = etiqueta});
   ventanas.ponerMuestra(importar::PuertaImpTabla{.fichero = tarifa});
   return {};
 }
