@@ -7,7 +7,9 @@
 
 #include "comm/configuracion/Aceptado.h"
 #include "comm/envios/TablasEnvios.h"
+#include "comm/exploracion/Aplicar.h"
 #include "comm/tareas/Repertorio.h"
+#include "groups/Grupos.h"
 #include "totals/libros/Grupos.h"
 
 namespace tarvo::app {
@@ -32,6 +34,7 @@ struct Aplicacion::Interior {
       : db(*fondo.db),
         casa(fondo),
         hora(reloj),
+        cables(fabrica),
         catalogo(db, fondo.textos, reloj, personaDeAqui()),
         operadores(db, fondo.textos),
         ofertas(db, fondo.textos, reloj),
@@ -81,6 +84,7 @@ struct Aplicacion::Interior {
   dao::Database& db;
   Fondo& casa;
   Reloj& hora;
+  enlace::FabricaEnlaces& cables;
   articles::Catalogo catalogo;
   articles::Operadores operadores;
   precios::Ofertas ofertas;
@@ -155,6 +159,13 @@ totals::VerTot& Aplicacion::verTot() {
 }
 totals::XporTot& Aplicacion::xporTot() {
   return d->xporTot;
+}
+enlace::FabricaEnlaces& Aplicacion::fabrica() {
+  return d->cables;
+}
+Resultado<bool> Aplicacion::porEstrenar() {
+  groups::Grupos grupos(d->catalogo, d->casa.ajustes);
+  return exploracion::Aplicador(grupos, d->catalogo, d->casa.ajustes).porEstrenar();
 }
 envios::Grupos& Aplicacion::grupos() {
   return d->grupos;

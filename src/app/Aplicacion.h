@@ -87,12 +87,16 @@ class Aplicacion {
   const automation::Lenguaje& lenguaje() const;
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
+  // Its wires are those of all links: a line that one of them holds can't be opened again.
+  enlace::FabricaEnlaces& fabrica();
   const motor::RepertorioTareas& repertorio() const;
   envios::Grupos& grupos();
   automation::Pendientes& debidos();
   // The morning summary, to be read in steps.
   std::shared_ptr<automation::LectorResumen> resumen();
   Resultado<std::vector<articles::LoteAMedias>> lotesAMedias() const;
+  // The shop has only what it began with: no machines of its own yet.
+  Resultado<bool> porEstrenar();
   // Deletes tickets left open on an earlier day, if any.
   Resultado<> olvidarTiquesViejos();
   articles::Catalogo& catalogo();

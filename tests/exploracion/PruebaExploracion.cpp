@@ -206,6 +206,10 @@ TEST(Exploracion, DiceLoQueHayEnCadaLinea) {
 
 TEST(Exploracion, VaDeUnAccesoAOtroHastaQueSePara) {
   Mundo w;
+  const auto texto = leerTexto(u" h:1, h:2;x\n/dev/a\t10.0.0.1-2:5\r\nh:0 "_s);
+  EXPECT_EQ(texto.accesos.size(), 5U);
+  EXPECT_EQ(texto.malos, (QStringList{u"x"_s, u"h:0"_s}));
+  EXPECT_TRUE(leerTexto(u"10.0.0.0-255:1 h:1"_s).demasiados);
   Ajustes ajustes(u"/tienda"_s, Idioma::Espanol, {enlace::ajustesCables()});
   EXPECT_LE(std::abs(w.explorar(accesosDe(ajustes)) - 4 * 22000), 4 * 22000 / 20);
   EXPECT_EQ(w.e.hallazgos().size(), 4U);
@@ -269,7 +273,12 @@ TEST(Exploracion, LeeAccesosYReconoceLosDeUnCanal) {
                                                {{u"h:1-x"_s}, -1},
                                                {{u":1"_s}, -1},
                                                {{u"::1:80"_s}, -1},
-                                               {{u""_s}, -1}};
+                                               {{u""_s}, -1},
+                                               {{u"10.0.0.1-9:7"_s, u"10.0.0.3:7"_s}, 9},
+                                               {{u"mi-balanza:3000"_s}, 1},
+                                               {{u"10.0.0.9-1:7"_s}, -1},
+                                               {{u"10.0.0.1-256:7"_s}, -1},
+                                               {{u"10.0.0.1-250:1-2"_s}, -1}};
   for (const auto& [textos, cuantos] : casos) {
     const auto hay = leerAccesos(textos);
     EXPECT_EQ(hay ? static_cast<int>(hay->size()) : -1, cuantos) << textos.join(u' ').toStdString();

@@ -10,6 +10,7 @@
 #include "articles/precios/ventanas/Puertas.h"
 #include "articles/ventanas/Puertas.h"
 #include "automation/ventanas/Puertas.h"
+#include "comm/exploracion/ventanas/Puertas.h"
 #include "comm/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "labels/ventanas/Puertas.h"
@@ -28,10 +29,10 @@ using Lleva =
                  articles::PuertaBrowGrupos, articles::PuertaBrowOper, articles::PuertaBrowPLUs,
                  automation::PuertaAutomat, automation::PuertaCronos, automation::PuertaDebidos,
                  automation::PuertaEdiCron, automation::PuertaVeoLog, comm::PuertaCfgComm,
-                 comm::PuertaEstadoEnvio, comm::PuertaGestcomm, importar::PuertaMainTvc,
-                 labels::PuertaEdiEtqu, precios::PuertaBrowOfer, precios::PuertaCambioLote,
-                 totals::PuertaCerrSes, totals::PuertaDudasCero, totals::PuertaVerCols,
-                 totals::PuertaVerTot>;
+                 comm::PuertaEstadoEnvio, comm::PuertaGestcomm, exploracion::PuertaWizInicio,
+                 importar::PuertaMainTvc, labels::PuertaEdiEtqu, precios::PuertaBrowOfer,
+                 precios::PuertaCambioLote, totals::PuertaCerrSes, totals::PuertaDudasCero,
+                 totals::PuertaVerCols, totals::PuertaVerTot>;
 
 // Empty if there is no destination.
 QString ventanaDe(const Lleva& lleva);

@@ -159,6 +159,9 @@ void Manana::acabar(const Resultado<Trabajo::Fin>& fin) {
       anteponerLotes(vista, *lotes, c_.textos);
     else
       Q_EMIT fallo(lotes.error());
+    const auto nueva = app_.porEstrenar();
+    if (nueva && *nueva && c_.ventanas.conoce<exploracion::PuertaWizInicio>())
+      ofrecerAsistente(vista, c_.textos);
     mostrar(vista);
   }
   Q_EMIT renovada();

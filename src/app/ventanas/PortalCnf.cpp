@@ -25,6 +25,7 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
     QString icono;
     Lleva lleva;
   } entradas[] = {{ui_.Comunicaciones, u"modem"_s, comm::PuertaCfgComm()},
+                  {ui_.Explorar, u"buscar"_s, exploracion::PuertaWizInicio()},
                   {ui_.CopiarBases, u"copiar"_s, PorNombre{u"CopiaMDB"_s}},
                   {ui_.Euros, u"sumar"_s, PorNombre{u"Pts2Eur"_s}},
                   {ui_.CopiaSeguridad, u"guardar"_s, PorNombre{u"gesBackup"_s}},

@@ -1,5 +1,7 @@
 #include "app/ventanas/RegistrarVentanas.h"
 
+#include <random>
+
 #include "app/ventanas/ElemPerso.h"
 #include "app/ventanas/MainTarvo.h"
 #include "app/ventanas/Olvidos.h"
@@ -8,6 +10,7 @@
 #include "articles/precios/ventanas/RegistrarVentanas.h"
 #include "articles/ventanas/RegistrarVentanas.h"
 #include "automation/ventanas/RegistrarVentanas.h"
+#include "comm/exploracion/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/RegistrarVentanas.h"
 #include "labels/ventanas/RegistrarVentanas.h"
 #include "devices/ventanas/RegistrarVentanas.h"
@@ -37,6 +40,10 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
   devices::registrarVentanasTeclados(ventanas, aplicacion.catalogo());
+  exploracion::registrarVentanasExploracion(ventanas, {.catalogo = aplicacion.catalogo(),
+                                                       .fabrica = aplicacion.fabrica(),
+                                                       .motor = aplicacion.gestcomm(),
+                                                       .semilla = std::random_device{}()});
   totals::registrarVentanasTotales(ventanas, aplicacion.sesion(), aplicacion.periodos());
   automation::registrarVentanasAutomation(
       ventanas, {.automat = aplicacion.automat(),

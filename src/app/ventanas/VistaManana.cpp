@@ -455,6 +455,15 @@ void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> l
   vista.avisos.insert(vista.avisos.begin(), lineas.begin(), lineas.end());
 }
 
+void ofrecerAsistente(VistaManana& vista, const Textos& textos) {
+  vista.avisos.insert(vista.avisos.begin(), {.estado = Estado::Duda,
+                                             .palabra = textos(kTxVerAviso),
+                                             .titulo = {},
+                                             .texto = textos(kTxOfrecerAsistente),
+                                             .valor = {},
+                                             .lleva = exploracion::PuertaWizInicio()});
+}
+
 void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Textos& textos) {
   QStringList vacios, pendientes;
   int vacio = 0, pendiente = 0;

@@ -38,6 +38,9 @@ VistaManana vistaDe(const automation::Resumen& resumen, const Textos& textos,
 void anteponerLotes(VistaManana& vista, std::span<const articles::LoteAMedias> lotes,
                     const Textos& textos);
 
+// A shop without machines is offered to look for them, before everything else.
+void ofrecerAsistente(VistaManana& vista, const Textos& textos);
+
 // Articles still to be sent to the groups, below the other notices.
 void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Textos& textos);
 

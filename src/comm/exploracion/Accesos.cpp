@@ -1,6 +1,7 @@
 #include "comm/exploracion/Accesos.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <algorithm>
 
 #include "comm/cables/AjustesCables.h"
@@ -11,7 +12,7 @@ namespace tarvo::exploracion {
 namespace {
 
 constexpr int kVigilarCts = 1;
-constexpr int kUltimoPuerto = 0xFFFF;
+constexpr int kUltimoPuerto = 0xFFFF, kUltimoDeDireccion = 255;
 
 Acceso deSerie(const enlace::ParamCanal& canal, int numero, const QString& ruta) {
   Acceso a{.canal = numero, .nombre = ruta};
@@ -38,23 +39,48 @@ int puertoDe(const QString& texto) {
   return puerto <= kUltimoPuerto ? puerto : 0;
 }
 
-// Once; true.
-bool anadir(std::vector<Acceso>& accesos, Acceso acceso) {
+// Once.
+void anadir(std::vector<Acceso>& accesos, Acceso acceso) {
   if (std::ranges::find(accesos, claveDe(acceso), claveDe) == accesos.end())
     accesos.push_back(std::move(acceso));
-  return true;
 }
 
-// "host:port" or "host:port-port".
-bool anadirPuertos(std::vector<Acceso>& accesos, const QString& texto) {
+// The hosts of a name, or of an address whose last number is a range; none for a bad range.
+QStringList hostsDe(const QString& texto) {
+  static const QRegularExpression rango(
+      QStringLiteral(R"(^(\d{1,3}\.\d{1,3}\.\d{1,3}\.)(\d{1,3})-(\d{1,3})$)"));
+  const auto m = rango.match(texto);
+  if (!m.hasMatch()) return {texto};
+  const int desde = m.captured(2).toInt(), hasta = m.captured(3).toInt();
+  QStringList hosts;
+  for (int n = desde; n <= hasta && hasta <= kUltimoDeDireccion; ++n)
+    hosts << m.captured(1) + QString::number(n);
+  return hosts;
+}
+
+// "host:port", "host:port-port", "1.2.3.4-9:port".
+enum class Leido { Bien, Malo, Demasiados };
+Leido anadirPuertos(std::vector<Acceso>& accesos, const QString& texto) {
   const QString host = texto.section(u':', 0, 0).trimmed(), puertos = texto.section(u':', 1);
   const QString ultimo = puertos.contains(u'-') ? puertos.section(u'-', 1) : puertos;
   const int desde = puertoDe(puertos.section(u'-', 0, 0)), hasta = puertoDe(ultimo);
-  if (host.isEmpty() || host.contains(u',') || desde < 1 || hasta < desde ||
-      hasta - desde >= static_cast<int>(kMaxAccesos))
-    return false;
-  for (int puerto = desde; puerto <= hasta; ++puerto) anadir(accesos, deTcp(host, puerto));
-  return true;
+  const QStringList hosts = hostsDe(host);
+  if (host.isEmpty() || host.contains(u',') || hosts.empty() || desde < 1 || hasta < desde)
+    return Leido::Malo;
+  if (static_cast<size_t>(hosts.size()) * static_cast<size_t>(hasta - desde + 1) > kMaxAccesos)
+    return Leido::Demasiados;
+  for (const QString& uno : hosts)
+    for (int puerto = desde; puerto <= hasta; ++puerto) anadir(accesos, deTcp(uno, puerto));
+  return Leido::Bien;
+}
+
+Leido anadirTexto(std::vector<Acceso>& accesos, const QString& texto) {
+  if (!texto.contains(u'/')) {
+    if (const Leido como = anadirPuertos(accesos, texto); como != Leido::Bien) return como;
+  } else {
+    anadir(accesos, deSerie({.Puerto = 0}, 0, texto));
+  }
+  return accesos.size() > kMaxAccesos ? Leido::Demasiados : Leido::Bien;
 }
 
 }  // namespace
@@ -73,12 +99,25 @@ std::vector<Acceso> accesosDe(const Ajustes& ajustes) {
 
 std::optional<std::vector<Acceso>> leerAccesos(const QStringList& textos) {
   std::vector<Acceso> accesos;
-  for (const QString& texto : textos) {
-    const bool bien = texto.contains(u'/') ? anadir(accesos, deSerie({.Puerto = 0}, 0, texto))
-                                           : anadirPuertos(accesos, texto);
-    if (!bien || accesos.size() > kMaxAccesos) return std::nullopt;
-  }
+  for (const QString& texto : textos)
+    if (anadirTexto(accesos, texto) != Leido::Bien) return std::nullopt;
   return accesos;
+}
+
+AccesosLeidos leerTexto(const QString& texto) {
+  static const QRegularExpression separa(QStringLiteral("[\\s,;]+"));
+  AccesosLeidos leidos;
+  for (const QString& uno : texto.split(separa, Qt::SkipEmptyParts))
+    switch (anadirTexto(leidos.accesos, uno)) {
+      case Leido::Bien:
+        break;
+      case Leido::Malo:
+        leidos.malos << uno;
+        break;
+      case Leido::Demasiados:
+        return {.malos = leidos.malos, .demasiados = true};
+    }
+  return leidos;
 }
 
 std::vector<Acceso> conSusCanales(std::vector<Acceso> accesos, const Ajustes& ajustes) {

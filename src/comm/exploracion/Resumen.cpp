@@ -20,42 +20,15 @@ int textoDeRazon(const Hallazgo& h) {
   }
 }
 
-// "0, 1 y 3", or nothing.
-QString lista(const std::vector<bool>& balanzas, const Textos& t) {
-  QStringList numeros;
-  for (size_t i = 0; i < balanzas.size(); ++i)
-    if (balanzas[i]) numeros << QString::number(i);
-  if (numeros.size() < 2) return numeros.join(QString());
-  const QString ultimo = numeros.takeLast();
-  return t(kTxListaY, {numeros.join(QStringLiteral(", ")), ultimo});
-}
-
 QString deGrupos(const Hallazgo& h, const Textos& t) {
   const bool nodal = h.resultado == ResultadoCanal::Nodal;
   QStringList grupos;
   for (const GrupoHallado& g : h.grupos) {
-    const QString suyas = lista(g.balanzas, t);
+    const QString suyas = balanzas(g, t);
     const int cual = suyas.isEmpty() ? 0 : suyas.contains(u' ') ? 2 : 1;
     grupos << t((nodal ? kTxGrupoNodal : kTxGrupoVek) + cual, {g.estacion, suyas});
   }
   return t(nodal ? kTxHayNodal : kTxHayVek, {grupos.join(QStringLiteral("; "))});
-}
-
-QString queHay(const Hallazgo& h, const Textos& t) {
-  switch (h.resultado) {
-    case ResultadoCanal::SinPuerto:
-      return t(textoDeRazon(h));
-    case ResultadoCanal::SinCts:
-      return t(kTxSinCts);
-    case ResultadoCanal::Cable:
-      return t(kTxNadaConocido + static_cast<int>(h.motivo), {h.sonda});
-    case ResultadoCanal::Modem:
-      return t(kTxHayModem);
-    case ResultadoCanal::Vek:
-    case ResultadoCanal::Nodal:
-      return deGrupos(h, t);
-  }
-  return {};
 }
 
 }  // namespace
@@ -88,6 +61,32 @@ QString consecuencia(const Cuentas& c, const Textos& t) {
   if (c.grupos > 0) texto += Plural(t(kTxSeCrearan), c.grupos);
   if (c.modems > 0) texto += t(kTxPorTelefono);
   return texto;
+}
+
+QString balanzas(const GrupoHallado& grupo, const Textos& t) {
+  QStringList numeros;
+  for (size_t i = 0; i < grupo.balanzas.size(); ++i)
+    if (grupo.balanzas[i]) numeros << QString::number(i);
+  if (numeros.size() < 2) return numeros.join(QString());
+  const QString ultimo = numeros.takeLast();
+  return t(kTxListaY, {numeros.join(QStringLiteral(", ")), ultimo});
+}
+
+QString queHay(const Hallazgo& h, const Textos& t) {
+  switch (h.resultado) {
+    case ResultadoCanal::SinPuerto:
+      return t(textoDeRazon(h));
+    case ResultadoCanal::SinCts:
+      return t(kTxSinCts);
+    case ResultadoCanal::Cable:
+      return t(kTxNadaConocido + static_cast<int>(h.motivo), {h.sonda});
+    case ResultadoCanal::Modem:
+      return t(kTxHayModem);
+    case ResultadoCanal::Vek:
+    case ResultadoCanal::Nodal:
+      return deGrupos(h, t);
+  }
+  return {};
 }
 
 QString nombre(const Acceso& a, const Textos& t) {

@@ -22,6 +22,10 @@ QString consecuencia(const Cuentas& cuentas, const Textos& textos);
 
 // One access: "/dev/ttyS0: ...", in one line.
 QString frase(const Hallazgo& hallazgo, const Textos& textos);
+// The same without its name.
+QString queHay(const Hallazgo& hallazgo, const Textos& textos);
+// Its scales: "0, 1 y 3", or nothing.
+QString balanzas(const GrupoHallado& grupo, const Textos& textos);
 // Its name, with its channel if it has one.
 QString nombre(const Acceso& acceso, const Textos& textos);
 

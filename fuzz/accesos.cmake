@@ -1,0 +1,1 @@
+tarvo_fuzz(accesos LINKS exploracion)
