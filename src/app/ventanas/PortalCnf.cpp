@@ -50,6 +50,7 @@ PortalCnf::PortalCnf(ventanas::Contexto& contexto, const QString& nombre)
 
 Resultado<> PortalCnf::entrar(const PuertaPortalCnf&) {
   decirCambiadosFuera();
+  ui_.Comunicaciones->setFocus();
   return {};
 }
 

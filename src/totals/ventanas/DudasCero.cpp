@@ -18,10 +18,10 @@ DudasCero::DudasCero(Contexto& contexto, const QString& nombre, Sesion& sesion, 
   enlazar();
   ui_.Lista->preparar(
       contexto, nombre,
-      {{.titulo = kTxDudaMaquina, .campo = u"maquina"_s, .ancho = 240, .ordenable = false},
-       {.titulo = kTxDudaDesde, .campo = u"desde"_s, .ancho = 150, .ordenable = false},
-       {.titulo = kTxDudaSi, .campo = u"si"_s, .ancho = 150, .ordenable = false},
-       {.titulo = kTxDudaNo, .campo = u"no"_s, .ancho = 150, .ordenable = false}});
+      {{.titulo = kTxDudaMaquina, .campo = u"maquina"_s, .ancho = 220, .ordenable = false},
+       {.titulo = kTxDudaDesde, .campo = u"desde"_s, .ancho = 156, .ordenable = false},
+       {.titulo = kTxDudaSi, .campo = u"si"_s, .ancho = 210, .ordenable = false},
+       {.titulo = kTxDudaNo, .campo = u"no"_s, .ancho = 130, .ordenable = false}});
   ui_.Lista->vivas();
   ui_.Lista->ponerUnaSola(true);
   ui_.Lista->ponerBusca(false);

@@ -167,6 +167,16 @@ TEST_F(Gestcomm, LasOrdenesTienenPalabras) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return barra->sizeHint().width() <= barra->width(); }));
     EXPECT_EQ(todo->sizeHint().width() > iconoSolo, ancho == 1366) << ancho;
   }
+  // Larger letters, chosen while it is open.
+  v->resize(1366, 600);
+  const auto* manual = barra->widgetForAction(control<QAction>(u"ManuP"_s));
+  for (const double escala : {1.25, 1.5}) {
+    escritorio.tema().ponerEscala(escala);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return manual->isVisible() && manual->geometry().right() <= barra->width();
+    })) << escala;
+  }
+  escritorio.tema().ponerEscala(1);
 }
 
 // A waiting or failed task survives the closing of the window, but not the end of the program: the

@@ -63,16 +63,16 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
       {.titulo = kTxColTarea,
        .campo = u"Tarea"_s,
        .clase = Clase::Codigo,
-       .ancho = 88,
+       .ancho = 76,
        .ver = [](const dao::Valor& v) { return Ceros(v.entero() / kEstados, 3); },
        .imagen =
            [](const dao::Valor& v) {
              return imagenDeEstado(static_cast<int>(v.entero() % kEstados));
            }},
       {.titulo = kTxColDestino, .campo = u"Destino"_s, .clase = Clase::Codigo, .ancho = 208},
-      {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56},
-      {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92, .rango = 1},
-      {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68, .rango = 2},
+      {.titulo = kTxColBza, .campo = u"bza"_s, .clase = Clase::Entero, .ancho = 56, .rango = 2},
+      {.titulo = kTxColTraza, .campo = u"Traza"_s, .clase = Clase::Codigo, .ancho = 92, .rango = 3},
+      {.titulo = kTxColCont, .campo = u"cont"_s, .clase = Clase::Entero, .ancho = 68, .rango = 4},
       {.titulo = ventanas::kTxEstado,
        .campo = u"Estado"_s,
        .ancho = 220,
@@ -82,8 +82,9 @@ std::vector<ventanas::Columna> columnasTareas(const Textos& textos) {
              if (e >= kReteniendo) return reteniendo;
              return e >= kIncompleta ? incompleta : motor::TextoEstado(e, textos);
            },
-       .estado = [](const dao::Valor& v) { return tonoDeEstado(static_cast<int>(v.entero())); }},
-      {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 260}};
+       .estado = [](const dao::Valor& v) { return tonoDeEstado(static_cast<int>(v.entero())); },
+       .rango = 1},
+      {.titulo = ventanas::kTxResultado, .campo = u"Problema"_s, .ancho = 244, .minimo = 244}};
 }
 
 ventanas::FilaViva filaTarea(const motor::VistaTarea& t, const motor::ClaseTarea* clase,

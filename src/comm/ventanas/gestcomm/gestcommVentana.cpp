@@ -88,6 +88,8 @@ void gestcommVentana::irAGrupo(int grupo) {
 
 void gestcommVentana::changeEvent(QEvent* evento) {
   Ventana::changeEvent(evento);
+  if (evento->type() == QEvent::StyleChange || evento->type() == QEvent::FontChange)
+    luegoPalabras();
   if (evento->type() != QEvent::ActivationChange || !isActiveWindow()) return;
   ponerMenus();
   ponerSesion();
@@ -96,6 +98,16 @@ void gestcommVentana::changeEvent(QEvent* evento) {
 void gestcommVentana::resizeEvent(QResizeEvent* evento) {
   Ventana::resizeEvent(evento);
   ponerPalabras();
+}
+
+// Letters and fonts given when the window shows change the widths of the words.
+void gestcommVentana::showEvent(QShowEvent* evento) {
+  Ventana::showEvent(evento);
+  luegoPalabras();
+}
+
+void gestcommVentana::luegoPalabras() {
+  QMetaObject::invokeMethod(this, &gestcommVentana::ponerPalabras, Qt::QueuedConnection);
 }
 
 // The two least used commands of the bar show their words only where those of all have room.

@@ -71,7 +71,9 @@ class gestcommVentana final : public ventanas::Ventana, private motor::Observado
 
   void changeEvent(QEvent* evento) override;
   void resizeEvent(QResizeEvent* evento) override;
+  void showEvent(QShowEvent* evento) override;
   void ponerPalabras();
+  void luegoPalabras();
   void keyPressEvent(QKeyEvent* evento) override;
 
   Ui::FormaGestcomm ui_;

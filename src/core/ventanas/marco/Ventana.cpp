@@ -166,9 +166,8 @@ void Ventana::decirCambiadosFuera() {
   constexpr qsizetype kNombrados = 4;
   QStringList claves = c_.ajustes.cambiadosFuera();
   if (claves.isEmpty()) return;
-  const QString todas = claves.join(u'\n');
   if (claves.size() > kNombrados) claves = claves.mid(0, kNombrados) << QStringLiteral("…");
-  decirDuda(c_.textos(kTxCambiadosFuera, {claves.join(u", ")}), todas);
+  decirDuda(c_.textos(kTxCambiadosFuera, {claves.join(u", ")}));
 }
 
 void Ventana::decirPista(const QString& texto) {

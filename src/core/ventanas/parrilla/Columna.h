@@ -61,6 +61,9 @@ struct Columna {
   // Where space is short the columns with the highest rank are hidden first, until the others fit;
   // 0 is never hidden.
   int rango = 0;
+  // The least width, at 100 %, to which the first text column is squeezed before others are hidden;
+  // 0 for that of all.
+  int minimo = 0;
 };
 
 bool esNumerica(Clase clase);  // right-aligned, tabular, with pale zeros

@@ -44,6 +44,7 @@ struct Parrilla::Interior {
   void colocarColumnas();
   void leerColumnas();
   bool crece(int columna) const;
+  int anchoMenor(int columna) const;
   void estirar();
   void holgar(int sobra);
   QString nombreMemoria() const;

@@ -312,6 +312,12 @@ bool Parrilla::Interior::crece(int columna) const {
   return col.clase == Clase::Texto && !col.estado;
 }
 
+// Below which it isn't squeezed.
+int Parrilla::Interior::anchoMenor(int columna) const {
+  const int suyo = columnas[static_cast<size_t>(columna)].minimo;
+  return std::min(anchoInicial(columna), escalar(std::max(suyo, kAnchoMinimo)));
+}
+
 // Hides columns with a rank, the highest first, until the others fit with the text at its minimum.
 // The current column stays.
 void Parrilla::Interior::hacerSitio() {
@@ -322,9 +328,7 @@ void Parrilla::Interior::hacerSitio() {
   int ancho = 0;
   for (const int i : columnasVistas()) {
     const bool esta = elastica && crece(i);
-    ancho += esta       ? std::min(anchoInicial(i), escalar(kAnchoMinimo))
-             : crece(i) ? anchoInicial(i)
-                        : h->sectionSize(i);
+    ancho += esta ? anchoMenor(i) : crece(i) ? anchoInicial(i) : h->sectionSize(i);
     if (esta) elastica = false;
   }
   while (ancho > yo.vista_->viewport()->width()) {
@@ -368,7 +372,7 @@ void Parrilla::Interior::estirar() {
     const int suyo = anchoInicial(i);
     const int tope = i == vistas.back() ? suyo + std::max(sobra, 0)
                                         : std::max(escalar(kAnchoElastica), 2 * suyo);
-    const int ancho = sobra < 0 ? std::max(suyo + sobra, std::min(suyo, escalar(kAnchoMinimo)))
+    const int ancho = sobra < 0 ? std::max(suyo + sobra, anchoMenor(i))
                                 : std::min(suyo + sobra * suyo / peso, tope);
     h->resizeSection(i, ancho);
     sobra = std::max(sobra - (ancho - suyo), 0);
