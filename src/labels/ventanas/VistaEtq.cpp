@@ -188,6 +188,7 @@ void VistaEtq::mostrar(std::function<Resultado<Ejemplo>()> cual) {
 void VistaEtq::mostrarTropiezos() {
   std::vector<FilaViva> filas;
   const auto& todos = dibujo_->impresion().tropiezos;
+  filas.reserve(todos.size());
   for (size_t i = 0; i < todos.size(); ++i)
     filas.push_back({static_cast<qint64>(i),
                      {decirTropiezo(contexto().textos, puerta_.formato, todos[i], lector())}});
