@@ -19,7 +19,7 @@ void usar(Formato f, const FuenteImpresora& fuente) {
   const auto texto = f.texto();
   exigir(texto.has_value());
   const auto otra = leerFormato(*texto);
-  exigir(otra && otra->formato == f);
+  exigir(otra && otra->formato.texto() == texto);
   const LectorTextos textos = [](int n) { return QString(n, u'€'); };
   Ejemplo ejemplo;
   ejemplo.textos.fill(QStringLiteral("Ñandú 1234567890123456789012345"));

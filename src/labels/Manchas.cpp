@@ -11,12 +11,14 @@ namespace {
 constexpr int kAnchoBarras = 100, kAnchoTexto = kAnchoCabezal - 1;
 
 Mancha vacia(const QRect& caja) {
-  return {caja, std::vector<quint8>(static_cast<size_t>(caja.width() * caja.height()))};
+  return {caja, std::vector<quint8>(static_cast<size_t>(caja.width()) *
+                                    static_cast<size_t>(caja.height()))};
 }
 
 void poner(Mancha& m, int x, int y) {
   if (x >= 0 && y >= 0 && x < m.caja.width() && y < m.caja.height())
-    m.puntos[static_cast<size_t>(y * m.caja.width() + x)] = 1;
+    m.puntos[static_cast<size_t>(y) * static_cast<size_t>(m.caja.width()) +
+             static_cast<size_t>(x)] = 1;
 }
 
 // A dot of a drawing of `ancho` by `alto` after its quarter turns.

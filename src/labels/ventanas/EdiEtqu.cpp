@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Retenida.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 #include "labels/ventanas/TextosLabelsVentanas.h"
@@ -211,7 +212,9 @@ void EdiEtqu::leerTextos() {
   const auto& juego = borrador_.estado().juego;
   if (!juego) return;
   const auto leidas = juegos_.lineas(*juego);
-  if (haIdoBien(leidas)) lineas_ = *leidas;
+  if (!haIdoBien(leidas)) return;
+  lineas_ = *leidas;
+  if (!lineas_) decirDuda(contexto().textos(kTxJuegoNoEsta, {*juego}));
 }
 
 LectorTextos EdiEtqu::lector() const {
@@ -246,12 +249,12 @@ void EdiEtqu::pegarEntera(const FormatoLeido& leido) {
     return;
   EstadoFormato nuevo{leido.formato, borrador_.estado().juego};
   if (leido.juego) nuevo.juego = leido.juego->isEmpty() ? std::nullopt : leido.juego;
-  const int sobran = nuevo.formato.recortar();
+  const int sobran = nuevo.formato.recortar(), dicho = tira().veces();
   lienzo_->elegir({});
   ilegible_ = false;
   ponerEstado(t(kTxHizoPegarEtiqueta), std::move(nuevo));
-  sobran > 0 ? decirDuda(t(kTxCamposDeMas, sobran))
-             : decirBien(contexto().textos(kTxEtiquetaPegada, {actual_}));
+  if (sobran > 0) decirDuda(t(kTxCamposDeMas, sobran));
+  if (tira().veces() == dicho) decirBien(contexto().textos(kTxEtiquetaPegada, {actual_}));
 }
 
 void EdiEtqu::verMuestra() {

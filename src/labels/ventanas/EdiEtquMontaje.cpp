@@ -290,6 +290,17 @@ void EdiEtqu::montarCampos(QToolBar* barra) {
                                             {u"Bajar"_s, kTxEligeCampo},
                                             {u"NvoCpo"_s, kTxEligeEtiqueta}})
     findChild<QAction*>(nombreOrden)->setProperty(kPorQueNo, t(porQue));
+  const QList<QAction*> menu{nuevoCampo_,
+                             findChild<QAction*>(u"Propiedades"_s),
+                             findChild<QAction*>(u"Borro"_s),
+                             findChild<QAction*>(u"copiar"_s),
+                             findChild<QAction*>(u"pegar"_s),
+                             alinear_,
+                             findChild<QAction*>(u"Subir"_s),
+                             findChild<QAction*>(u"Bajar"_s)};
+  campos_->ponerAcciones(menu);
+  lienzo_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  lienzo_->addActions(menu);
 }
 
 }  // namespace tarvo::labels

@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <numeric>
 
 #include "core/ventanas/aspecto/Medidas.h"
 #include "labels/ventanas/Regla.h"
@@ -66,6 +67,7 @@ void Lienzo::elegir(std::vector<size_t> cuales) {
   std::ranges::sort(cuales);
   if (cuales == elegidos_) return;
   elegidos_ = std::move(cuales);
+  if (!elegidos_.empty() && arrastre_ == Arrastre::Nada) hacerVisible(elegidos_.front());
   viewport()->update();
   Q_EMIT eleccion(elegidos_);
 }
@@ -95,6 +97,16 @@ QPointF Lienzo::enPuntos(QPointF vista) const {
 
 QRect Lienzo::vistaDe(const QRect& puntos) const {
   return QRectF(enVista(puntos.topLeft()), QSizeF(puntos.size()) * escala()).toAlignedRect();
+}
+
+void Lienzo::hacerVisible(size_t cual) {
+  const QRect caja = vistaDe(cajas_[cual]), vista = viewport()->rect();
+  const auto correr = [](QScrollBar* barra, int desde, int hasta, int largo) {
+    const int falta = desde < 0 ? desde : std::min(desde, std::max(0, hasta - largo));
+    if (falta != 0) barra->setValue(barra->value() + falta);
+  };
+  correr(horizontalScrollBar(), caja.left(), caja.right(), vista.width());
+  correr(verticalScrollBar(), caja.top(), caja.bottom(), vista.height());
 }
 
 // The topmost field there; a chosen one first, so that it can be moved from below another. -1 if
@@ -161,6 +173,7 @@ void Lienzo::mousePressEvent(QMouseEvent* evento) {
       std::erase(nuevos, cual);
     else
       nuevos.push_back(cual);
+    pulsado_ = !mas && estaba ? std::optional(cual) : std::nullopt;
     if (mas || !estaba) elegir(nuevos);
   } else if (arrastre_ == Arrastre::Marco) {
     marco_ = QRect(vista.toPoint(), QSize());
@@ -268,14 +281,26 @@ void Lienzo::mouseReleaseEvent(QMouseEvent* evento) {
   if (evento->button() == Qt::LeftButton) soltar();
 }
 
+// A click on one of several chosen fields chooses it alone; a drag moves them all.
 void Lienzo::soltar() {
   const bool cambia = empezado_ && arrastre_ != Arrastre::Marco && !(formato_ == antes_);
+  const bool solo = !empezado_ && arrastre_ == Arrastre::Campos && pulsado_;
   arrastre_ = Arrastre::Nada;
+  if (solo) elegir({*pulsado_});
   empezado_ = false;
   guiaX_ = guiaY_ = {};
   marco_ = {};
   viewport()->update();
   if (cambia) Q_EMIT hecho(formato_, false);
+}
+
+void Lienzo::abandonar() {
+  formato_ = antes_;
+  for (size_t i = 0; i < cajas_.size(); ++i) recalcular(i);
+  empezado_ = false;
+  pulsado_.reset();
+  soltar();
+  reposar();
 }
 
 void Lienzo::mouseDoubleClickEvent(QMouseEvent* evento) {
@@ -321,12 +346,19 @@ void Lienzo::keyPressEvent(QKeyEvent* evento) {
       return irA(1);
     case Qt::Key_PageUp:
       return irA(-1);
+    case Qt::Key_Escape:
+      if (arrastre_ == Arrastre::Nada) return QAbstractScrollArea::keyPressEvent(evento);
+      return abandonar();
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (!elegidos_.empty()) Q_EMIT pidePropiedades();
       return;
     default:
-      return QAbstractScrollArea::keyPressEvent(evento);
+      if (!evento->matches(QKeySequence::SelectAll))
+        return QAbstractScrollArea::keyPressEvent(evento);
+      std::vector<size_t> todos(formato_.campos.size());
+      std::iota(todos.begin(), todos.end(), size_t{0});
+      return elegir(std::move(todos));
   }
   if (elegidos_.empty()) return QAbstractScrollArea::keyPressEvent(evento);
   if (mandos & Qt::AltModifier) return evento->ignore();
@@ -337,6 +369,7 @@ void Lienzo::keyPressEvent(QKeyEvent* evento) {
   const CampoEtiqueta& c = nuevo.campos[elegidos_.front()];
   Q_EMIT movido({c.X, c.Y});
   Q_EMIT hecho(nuevo, evento->isAutoRepeat());
+  if (!elegidos_.empty()) hacerVisible(elegidos_.front());
 }
 
 }  // namespace tarvo::labels

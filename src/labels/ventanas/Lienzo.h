@@ -61,6 +61,8 @@ class Lienzo final : public QAbstractScrollArea {
   QRegion guias() const;
   void recalcular(size_t cual);
   void soltar();
+  void abandonar();
+  void hacerVisible(size_t cual);
   const QPixmap& dibujo(size_t cual);
   void pintarCampo(QPainter& p, size_t cual);
   void pintarFondo(QPainter& p);
@@ -93,8 +95,9 @@ class Lienzo final : public QAbstractScrollArea {
   bool iman_ = true;
   Arrastre arrastre_ = Arrastre::Nada;
   bool empezado_ = false;
-  QPointF desde_;  // of the drag, in dots
-  QRect marco_;    // of a selection being drawn, in the viewport
+  std::optional<size_t> pulsado_;  // a chosen field that was pressed alone
+  QPointF desde_;                  // of the drag, in dots
+  QRect marco_;                    // of a selection being drawn, in the viewport
   std::optional<int> guiaX_, guiaY_;
   Regla *reglaX_, *reglaY_;
 };

@@ -99,7 +99,7 @@ void Lienzo::pintarFondo(QPainter& p) {
 void Lienzo::paintEvent(QPaintEvent* evento) {
   QPainter p(viewport());
   pintarFondo(p);
-  const QRegion sucio = evento->region();
+  const QRegion& sucio = evento->region();
   for (size_t i = 0; i < cajas_.size(); ++i)
     if (sucio.intersects(vistaDe(cajas_[i]).adjusted(-1, -1, 1, 1))) pintarCampo(p, i);
   // What is outside the printed area isn't printed.

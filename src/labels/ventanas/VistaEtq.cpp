@@ -132,8 +132,15 @@ Resultado<> VistaEtq::entrar(const PuertaVistaEtq& puerta) {
     TARVO_TOMAR(lineas_, juegos_.lineas(*puerta.juego));
   }
   if (!puerta.nombre.isEmpty()) setWindowTitle(puerta.nombre + u" - "_s + t(kTxVistaEtq));
-  const QSignalBlocker callado(secciones_);
-  TARVO_INTENTAR(llenar(*secciones_, contexto().nombres.secciones(), 3));
+  // Opened again after changes in the editor, it shows the same article.
+  if (ultimo_) {
+    mostrar(ultimo_);
+    return {};
+  }
+  {
+    const QSignalBlocker callado(secciones_);
+    TARVO_INTENTAR(llenar(*secciones_, contexto().nombres.secciones(), 3));
+  }
   listar();
   articuloCambiado();
   busca_->setFocus();
@@ -158,16 +165,21 @@ void VistaEtq::listar() {
 void VistaEtq::articuloCambiado() {
   const int fila = articulos_->filaActual();
   if (fila < 0) return;
-  mostrar(muestras_.deArticulo(
-      {static_cast<int>(elegido(*secciones_)), articulos_->valor(fila, u"CODPLU").entero()}));
+  const articles::ClaveArticulo clave{static_cast<int>(elegido(*secciones_)),
+                                      articulos_->valor(fila, u"CODPLU").entero()};
+  mostrar([this, clave] { return muestras_.deArticulo(clave); });
 }
 
 void VistaEtq::peorCaso() {
-  mostrar(muestras_.peorCaso(static_cast<int>(elegido(*secciones_))));
+  mostrar([this, seccion = static_cast<int>(elegido(*secciones_))] {
+    return muestras_.peorCaso(seccion);
+  });
 }
 
-void VistaEtq::mostrar(const Resultado<Ejemplo>& ejemplo) {
+void VistaEtq::mostrar(std::function<Resultado<Ejemplo>()> cual) {
+  const auto ejemplo = cual();
   if (!haIdoBien(ejemplo)) return;
+  ultimo_ = std::move(cual);
   titulo_->setText(ejemplo->nombre);
   dibujo_->poner(imprimir(puerta_.formato, *ejemplo, lector(), fuente_));
   mostrarTropiezos();
@@ -176,6 +188,7 @@ void VistaEtq::mostrar(const Resultado<Ejemplo>& ejemplo) {
 void VistaEtq::mostrarTropiezos() {
   std::vector<FilaViva> filas;
   const auto& todos = dibujo_->impresion().tropiezos;
+  filas.reserve(todos.size());
   for (size_t i = 0; i < todos.size(); ++i)
     filas.push_back({static_cast<qint64>(i),
                      {decirTropiezo(contexto().textos, puerta_.formato, todos[i], lector())}});

@@ -32,7 +32,7 @@ class VistaEtq final : public ventanas::Ventana {
   void listar();
   void articuloCambiado();
   void peorCaso();
-  void mostrar(const Resultado<Ejemplo>& ejemplo);
+  void mostrar(std::function<Resultado<Ejemplo>()> ejemplo);
   void mostrarTropiezos();
   void guardar();
   LectorTextos lector() const;
@@ -43,6 +43,7 @@ class VistaEtq final : public ventanas::Ventana {
   FuenteImpresora fuente_;
   PuertaVistaEtq puerta_;
   std::optional<QString> lineas_;
+  std::function<Resultado<Ejemplo>()> ultimo_;  // what is shown, to be read again
   QComboBox* secciones_;
   QLineEdit* busca_;
   ventanas::Parrilla *articulos_, *tropiezos_;

@@ -79,6 +79,40 @@ TEST(EditorDeEtiquetas, ArrastrarConElRaton) {
   }
 }
 
+// Several fields are moved together; Escape gives a drag up; a click chooses one of them.
+TEST(EditorDeEtiquetas, VariosALaVez) {
+  MesaDeEtiquetas t;
+  auto* v = t.abrir(PuertaEdiEtqu());
+  auto& l = t.lienzo(v);
+  v->resize(1280, 1100);
+  QApplication::processEvents();
+  auto& lista = t.lista(v, u"Campos");
+  const auto xs = [&] { return lista.texto(0, u"x") + u' ' + lista.texto(1, u"x"); };
+  l.setFocus();
+  t.tecla(Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(lista.filasElegidas().size(), 2U);
+  const QPoint peso = t.centro(l, 0);
+  QTest::mousePress(l.viewport(), Qt::LeftButton, {}, peso);
+  QMouseEvent mueve(QEvent::MouseMove, peso + QPoint(60, 60), QPointF(), Qt::NoButton,
+                    Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(l.viewport(), &mueve);
+  t.tecla(Qt::Key_Escape);
+  QTest::mouseRelease(l.viewport(), Qt::LeftButton, {}, peso + QPoint(60, 60));
+  EXPECT_EQ(xs(), u"10 5");
+  t.arrastrar(l, t.centro(l, 0), QPoint(20, 0) * l.zoom() / 100, Qt::AltModifier);
+  EXPECT_EQ(xs(), u"30 25");
+  v->findChild<QAction*>(u"Alinear"_s)->trigger();
+  auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_NE(menu, nullptr);
+  QTest::keyClick(menu, Qt::Key_Return);
+  EXPECT_EQ(xs(), u"25 25");
+  QTest::mouseClick(l.viewport(), Qt::LeftButton, {}, t.centro(l, 0));
+  EXPECT_EQ(l.elegidos(), std::vector<size_t>{0});
+  t.tecla(Qt::Key_Down, Qt::AltModifier);
+  EXPECT_EQ(lista.texto(1, u"campo"), u"PESO");
+  EXPECT_EQ(l.elegidos(), std::vector<size_t>{1});
+}
+
 TEST(EditorDeEtiquetas, UnaPosicionNegativaNoSeGuardaNiSeCopia) {
   MesaDeEtiquetas t;
   auto* v = t.abrir(PuertaEdiEtqu());
