@@ -198,6 +198,7 @@ void LienzoTeclado::mouseMoveEvent(QMouseEvent* evento) {
   raton_ = evento->position();
   update(zonaFantasma());
   apuntar(teclaEnPunto(raton_));
+  Q_EMIT arrastrada(evento->globalPosition().toPoint());
 }
 
 void LienzoTeclado::mouseReleaseEvent(QMouseEvent* evento) {
@@ -214,7 +215,7 @@ void LienzoTeclado::mouseReleaseEvent(QMouseEvent* evento) {
 // Ends a drag or a carrying; the key stays where it was.
 void LienzoTeclado::soltar() {
   apretada_ = levantada_ = destino_ = 0;
-  arrastra_ = false;
+  if (std::exchange(arrastra_, false)) Q_EMIT arrastrada({});
   fantasma_ = {};
   update();
 }

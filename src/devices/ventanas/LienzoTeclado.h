@@ -39,6 +39,7 @@ class LienzoTeclado final : public QWidget {
  Q_SIGNALS:
   void actualCambiada(int tecla);
   void mover(int de, int a);
+  void arrastrada(const QPoint& global);  // a key is being dragged; null when it no longer is
   void soltadaFuera(int tecla, const QPoint& global);  // dragged off the keyboard
   void editar(int tecla);
   void tecleado(const QString& texto);  // what a person begins to type on a key

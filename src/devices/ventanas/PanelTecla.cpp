@@ -79,6 +79,12 @@ bool Panel::eventFilter(QObject* objeto, QEvent* evento) {
   return QWidget::eventFilter(objeto, evento);
 }
 
+void Panel::keyPressEvent(QKeyEvent* evento) {
+  if (evento->key() != Qt::Key_Escape) return QWidget::keyPressEvent(evento);
+  EntNum_->setModified(false);
+  Q_EMIT dejado();
+}
+
 // --- of the scales
 
 PanelTecla::PanelTecla(const Textos& textos, const CodigosDeTecla& codigos, QWidget* padre)

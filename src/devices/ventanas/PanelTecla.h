@@ -15,7 +15,7 @@ class QStackedWidget;
 
 namespace tarvo::devices {
 
-// A panel that edits one key. Return in it stores the key and gives the keyboard back.
+// A panel that edits one key. Return in it stores the key, Escape leaves it as it was.
 class Panel : public QWidget {
   Q_OBJECT
  public:
@@ -27,6 +27,7 @@ class Panel : public QWidget {
 
  Q_SIGNALS:
   void acabado();  // Return
+  void dejado();   // Escape: what was typed isn't stored
 
  protected:
   QString t(int numero) const { return t_(numero); }
@@ -42,6 +43,7 @@ class Panel : public QWidget {
 
  private:
   bool eventFilter(QObject* objeto, QEvent* evento) override;
+  void keyPressEvent(QKeyEvent* evento) override;
 };
 
 class PanelTecla final : public Panel {

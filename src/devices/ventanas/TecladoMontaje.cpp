@@ -305,6 +305,9 @@ void TecladoVentana::conectarLienzo() {
   connect(lienzo_, &LienzoTeclado::mover, this, &TecladoVentana::mover);
   connect(lienzo_, &LienzoTeclado::editar, this, &TecladoVentana::editarTecla);
   connect(lienzo_, &LienzoTeclado::menuPedido, this, &TecladoVentana::menu);
+  connect(lienzo_, &LienzoTeclado::arrastrada, this, [this](const QPoint& p) {
+    basura_->setDown(!p.isNull() && basura_->rect().contains(basura_->mapFromGlobal(p)));
+  });
   connect(lienzo_, &LienzoTeclado::soltadaFuera, this, [this](int tecla, const QPoint& p) {
     if (basura_->rect().contains(basura_->mapFromGlobal(p))) borrar(tecla);
   });
@@ -321,6 +324,11 @@ void TecladoVentana::conectarLienzo() {
     });
   });
   connect(PanEdi_, &Panel::acabado, this, volver);
+  for (Panel* p : {static_cast<Panel*>(PanEdi_), static_cast<Panel*>(PanelEdi_)})
+    connect(p, &Panel::dejado, this, [this] {
+      mostrarTecla(lienzo_->actual());
+      lienzo_->setFocus();
+    });
   connect(PanelEdi_, &PanelEbony::elegida, this, [this](const TecladoEbony::Tecla& que) {
     const int tecla = lienzo_->actual();
     cambiar(t(kTxTecla).arg(tecla), [=](TecladoEditado& k) -> Resultado<> {

@@ -11,7 +11,6 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/Recuerdos.h"
-#include "core/ventanas/marco/Retenida.h"
 #include "devices/ventanas/TextosDevicesVentanas.h"
 
 namespace tarvo::devices {
@@ -178,11 +177,11 @@ void TecladoVentana::listarArticulos() {
 }
 
 void TecladoVentana::menu(const QPoint& global) {
-  const ventanas::Retenida mientras(this);
-  QMenu m(this);
-  m.addActions(lienzo_->actions());
-  ventanas::ponerLetras(m);
-  ventanas::desplegar(m, global);
+  auto* m = new QMenu(this);
+  m->setAttribute(Qt::WA_DeleteOnClose);
+  m->addActions(lienzo_->actions());
+  ventanas::ponerLetras(*m);
+  ventanas::desplegar(*m, global);
 }
 
 void TecladoVentana::irABuscar() {

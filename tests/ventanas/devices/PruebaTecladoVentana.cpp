@@ -97,6 +97,12 @@ TEST(TecladoVentana, UnaTeclaSeMueveConElRatonYConElTeclado) {
   EXPECT_FALSE(t.lienzo().levantada());
   for (int i = 0; i < 4; ++i) t.tecla(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(t.hace(1), u"TOTAL");
+  t.lienzo().irA(1);
+  t.tecla(Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_TRUE(QApplication::activePopupWidget());
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_B);  // its letter: delete
+  EXPECT_EQ(t.hace(1), u"NULO");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
   t.v->close();  // as it was: nothing is asked
   EXPECT_TRUE(esperar([&] { return !t.escritorio.ventanas().cargada(u"Teclado"_s); }));
 }
@@ -279,7 +285,12 @@ TEST(TecladoVentana, EnUnaEbonyIntroPasaALaTeclaSiguiente) {
     t.tecla(Qt::Key_Return);
     EXPECT_EQ(t.lienzo().actual(), 1);
     EXPECT_EQ(t.foco(), u"tpotec");  // a key that does nothing has no number
-    t.lienzo().setFocus();
+    t.lienzo().irA(28);
+    t.control<QLineEdit>(u"EntNum")->setFocus();
+    t.escribir(u"7"_s);
+    t.tecla(Qt::Key_Escape);  // the key stays as it was
+    EXPECT_EQ(t.foco(), u"lienzo");
+    t.lienzo().irA(1);
     t.escribir(u"12"_s);
     t.tecla(Qt::Key_Return);
   });
