@@ -266,8 +266,15 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
                          irA(nodo);
                          return Vuelto();
                        });
-  // Queued, so that the tree finishes its own handling of the edit first.
-  QMetaObject::invokeMethod(this, [this] { RefrescoArbol(); }, Qt::QueuedConnection);
+  // Queued, so that the tree finishes its own handling of the edit first; by then a quick person
+  // may be writing the next name, whose editor the new reading would take away.
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        porLeer_ = ui_.Arbol->isPersistentEditorOpen(ui_.Arbol->currentItem());
+        if (!porLeer_) RefrescoArbol();
+      },
+      Qt::QueuedConnection);
 }
 
 QString BrowGrupos::decirNodo(Nodo nodo) const {
@@ -287,6 +294,7 @@ void BrowGrupos::nombrarNuevo(Nodo nodo) {
 
 void BrowGrupos::nombreDejado(bool renunciado) {
   const auto nuevo = std::exchange(nuevo_, std::nullopt);
+  if (std::exchange(porLeer_, false) && !nuevo) RefrescoArbol();
   if (!nuevo) return;
   if (!renunciado) return apuntarNuevo(*nuevo);
   const bool seccion = nuevo->departamento == 0;

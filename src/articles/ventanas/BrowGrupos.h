@@ -98,7 +98,8 @@ class BrowGrupos final : public ventanas::Ventana {
   std::optional<Nodo> nuevo_;  // just created, while its name is being edited
   QString nombreAntes_;        // of the current node, when it was read
   bool llenando_ = false;
-  qint64 cambios_ = 0;  // the database's change count when the tree was read
+  bool porLeer_ = false;  // once the name being edited is left
+  qint64 cambios_ = 0;    // the database's change count when the tree was read
 };
 
 }  // namespace tarvo::articles
