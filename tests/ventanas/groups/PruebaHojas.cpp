@@ -16,6 +16,7 @@ void enHoja(MesaDeGrupos& t, ventanas::Ventana* v, const QString& orden, const Q
             F hacer) {
   t.activa(v);
   t.alAbrirse([=](QWidget* w) {
+    ASSERT_TRUE(esperar([w] { return w->isActiveWindow() && QApplication::focusWidget(); }, 3000));
     hacer(w);
     auto* b = w->findChild<QPushButton*>(boton);
     ASSERT_NE(b, nullptr);
