@@ -456,24 +456,6 @@ TEST_F(ConProceso, AbortarVaciaLaColaYSePuedeVolverAEjecutar) {
   EXPECT_EQ(p->lineas.filter(u"Se reanuda"_s).size(), 0);
 }
 
-// What it had read is memorised by hand under the name that it would have given, and only that.
-TEST_F(ConProceso, ParadoAntesDeMemorizarDejaElNombre) {
-  maquinasDePrueba().mudas = {1};
-  const auto p = tienda_.programa();
-  p->automat().desatendido = false;
-  p->correr(kNoche);
-  for (int i = 0; i < 600 && p->sesion().estado() != 2; ++i) tienda_.reloj.avanzar(500);
-  ASSERT_EQ(p->sesion().estado(), 2);
-  p->automat().confirmando(true);
-  p->automat().abortar();
-  ASSERT_TRUE(p->hastaElFin(1));
-  EXPECT_EQ(p->sesion().nombre().value_or(u"-"_s), u"Ventas 04");
-  for (int estado : {0, 1}) {
-    ASSERT_TRUE(p->motor().LaSesion(estado));
-    EXPECT_EQ(p->sesion().nombre().value_or(u"-"_s), u"") << estado;
-  }
-}
-
 // With somebody there a wait that drops no failures lasts until that person removes the task.
 TEST_F(ConProceso, AtendidoElGrupoMudoEsperaAUnaPersona) {
   maquinasDePrueba().mudas = {2};

@@ -1,4 +1,4 @@
-// Values that a run asks for, and where they go.
+// Values that a run asks for, and where they go; the name that it leaves.
 #include "automation/ConProceso.h"
 
 namespace tarvo::automation {
@@ -41,6 +41,24 @@ TEST_F(ConProceso, UnParametroSinValorAbortaYSeDice) {
     EXPECT_EQ(fin_, ResultadoProceso::Abortado);
     EXPECT_EQ(lineas.filter(u"Falta el valor del parámetro %1 (Grupo)"_s).size(), 1);
     EXPECT_TRUE(lineas.back().startsWith(u"Ejecución interrumpida: "));
+  }
+}
+
+// What it had read is memorised by hand under the name that it would have given, and only that.
+TEST_F(ConProceso, ParadoAntesDeMemorizarDejaElNombre) {
+  maquinasDePrueba().mudas = {1};
+  const auto p = tienda_.programa();
+  p->automat().desatendido = false;
+  p->correr(kNoche);
+  for (int i = 0; i < 600 && p->sesion().estado() != 2; ++i) tienda_.reloj.avanzar(500);
+  ASSERT_EQ(p->sesion().estado(), 2);
+  p->automat().confirmando(true);
+  p->automat().abortar();
+  ASSERT_TRUE(p->hastaElFin(1));
+  EXPECT_EQ(p->sesion().nombre().value_or(u"-"_s), u"Ventas 04");
+  for (int estado : {0, 1}) {
+    ASSERT_TRUE(p->motor().LaSesion(estado));
+    EXPECT_EQ(p->sesion().nombre().value_or(u"-"_s), u"") << estado;
   }
 }
 

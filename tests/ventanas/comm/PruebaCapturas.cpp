@@ -1,6 +1,8 @@
 // Every window of the room, with nothing cut off in any theme, size or scale. The variable
 // TARVO_CAPTURAS keeps the pictures.
-#include "MesaDeComm.h"
+#include <QToolBar>
+
+#include "MesaDeGestcomm.h"
 #include "capturas/Capturas.h"
 
 namespace tarvo::prueba {
@@ -48,6 +50,31 @@ TEST_F(CapturasComm, Llenas) {
 TEST_F(CapturasComm, Vacias) {
   grupo(1, 1, u"cable 1"_s);
   capturar(u"vacia"_s);
+}
+
+// Every command of the bar shows its words on the narrowest usual screen, and none is cut off on a
+// narrower one.
+TEST_F(Gestcomm, LasOrdenesTienenPalabras) {
+  dosGrupos();
+  auto* v = abrir(u"gestcomm"_s);
+  auto* barra = v->findChild<QToolBar*>(u"barra"_s);
+  auto* todo = barra->widgetForAction(control<QAction>(u"TodoP"_s));
+  const int iconoSolo = todo->height() * 2;
+  for (const int ancho : {1366, 950}) {
+    v->resize(ancho, 600);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return barra->sizeHint().width() <= barra->width(); }));
+    EXPECT_EQ(todo->sizeHint().width() > iconoSolo, ancho == 1366) << ancho;
+  }
+  // Larger letters, chosen while it is open.
+  v->resize(1366, 600);
+  const auto* manual = barra->widgetForAction(control<QAction>(u"ManuP"_s));
+  for (const double escala : {1.25, 1.5}) {
+    escritorio.tema().ponerEscala(escala);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return manual->isVisible() && manual->geometry().right() <= barra->width();
+    })) << escala;
+  }
+  escritorio.tema().ponerEscala(1);
 }
 
 }  // namespace tarvo::prueba

@@ -1,7 +1,6 @@
 // The jobs of an operator: receive, see failures, try again, give up, close.
 
 #include <QTimer>
-#include <QToolBar>
 
 #include "MesaDeGestcomm.h"
 #include "totals/ventanas/Puertas.h"
@@ -152,31 +151,6 @@ TEST_F(Gestcomm, SeVeQueSeEnviaQueSeBorraYQueSePoneACero) {
   gestor->dejarDeObservar(&mirada);
   for (const auto& paso : {u"P 0000020"_s, u"B 0000020"_s, u"** CERO **"_s})
     EXPECT_TRUE(mirada.pasos.contains(paso)) << paso.toStdString();
-}
-
-// Every command of the bar shows its words on the narrowest usual screen, and none is cut off on a
-// narrower one.
-TEST_F(Gestcomm, LasOrdenesTienenPalabras) {
-  dosGrupos();
-  auto* v = abrir(u"gestcomm"_s);
-  auto* barra = v->findChild<QToolBar*>(u"barra"_s);
-  auto* todo = barra->widgetForAction(control<QAction>(u"TodoP"_s));
-  const int iconoSolo = todo->height() * 2;
-  for (const int ancho : {1366, 950}) {
-    v->resize(ancho, 600);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return barra->sizeHint().width() <= barra->width(); }));
-    EXPECT_EQ(todo->sizeHint().width() > iconoSolo, ancho == 1366) << ancho;
-  }
-  // Larger letters, chosen while it is open.
-  v->resize(1366, 600);
-  const auto* manual = barra->widgetForAction(control<QAction>(u"ManuP"_s));
-  for (const double escala : {1.25, 1.5}) {
-    escritorio.tema().ponerEscala(escala);
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-      return manual->isVisible() && manual->geometry().right() <= barra->width();
-    })) << escala;
-  }
-  escritorio.tema().ponerEscala(1);
 }
 
 // A waiting or failed task survives the closing of the window, but not the end of the program: the
