@@ -72,11 +72,15 @@ class Grupo {
   QString Horario;  // as stored, see totals/periodos/Calendario.h; empty for none
   std::map<int, Miembro> LasBalanzas;  // by number
 
+  // REQUIRES the operators of both closed.
+  bool operator==(const Grupo&) const = default;
+
  private:
   struct OperadorGrupo {
     int codigo = 0;
     QString nombre;
     bool training = false;
+    bool operator==(const OperadorGrupo&) const = default;
   };
   Resultado<QString> nombreOperador(int codigo) const;
   void leerFila(const dao::Recordset& fila);

@@ -20,17 +20,21 @@ constexpr std::pair<const char16_t*, const char16_t*> kPropias[] = {
     {u"Sesiones", u"CODGPO"}, {u"OFERTAS", u"GRUPO"}, {u"Cross", u"Grupo"}};
 
 // Addresses of registers: each its own, and none 0 where there are several.
-void faltasDeCajas(const devices::Grupo& g, const Textos& textos, QStringList& faltas) {
+void faltasDeCajas(const devices::Grupo& g, const Textos& textos,
+                   std::vector<Grupos::Falta>& faltas) {
   std::set<int> vistas;
+  const auto falta = [&](int texto) {
+    const Grupos::Falta nueva{Grupos::FaltaDe::Direccion, textos(texto)};
+    if (std::ranges::find(faltas, nueva) == faltas.end()) faltas.push_back(nueva);
+  };
   for (const auto& [numero, miembro] : g.LasBalanzas) {
     const auto* caja = std::get_if<devices::Registradora>(&miembro);
-    constexpr int kUltimaDireccion = 16;
     const int suya = caja ? caja->Direccion.value_or(-1) : -1;
     const bool sola = g.LasBalanzas.size() < 2;
     if (suya < 0 || suya > kUltimaDireccion || (suya == 0 && !sola))
-      faltas += textos(kTxDireccionIncorrecta);
+      falta(kTxDireccionIncorrecta);
     else if (!vistas.insert(suya).second)
-      faltas += textos(kTxDireccionRepetida);
+      falta(kTxDireccionRepetida);
   }
 }
 
@@ -40,18 +44,20 @@ Grupos::Grupos(articles::Catalogo& catalogo, const Ajustes& ajustes)
     : db_(catalogo.base()),
       textos_(catalogo.textos()),
       cambios_(catalogo.cambios()),
-      idioma_(ajustes.idioma) {}
+      ajustes_(ajustes) {}
 
 Resultado<std::vector<Resumen>> Grupos::todos() {
   return dao::reunir(
-      db_.consultar(u"SELECT g.CODGPO, g.NOMGPO, COALESCE(g.seccion, 1), COALESCE(g.tipo, 1), "
-                    u"count(b.SUGPO) FROM GRUPOS g LEFT JOIN BZAS b ON b.SUGPO=g.CODGPO GROUP BY "
-                    u"g.CODGPO ORDER BY 3, 1"),
+      db_.consultar(
+          u"SELECT g.CODGPO, g.NOMGPO, COALESCE(g.seccion, 1), COALESCE(g.tipo, 1), "
+          u"count(b.SUGPO), g.remoto FROM GRUPOS g LEFT JOIN BZAS b ON b.SUGPO=g.CODGPO GROUP BY "
+          u"g.CODGPO ORDER BY 3, 1"),
       [](const dao::Recordset& f) {
         return Resumen{.codigo = static_cast<int>(f.entero(0)),
                        .nombre = f.texto(1),
                        .seccion = static_cast<int>(f.entero(2)),
                        .tipo = deNumero<TipoGrupo>(f.entero(3)),
+                       .acceso = deNumero<TipoAcceso>(f.entero(5)),
                        .maquinas = static_cast<int>(f.entero(4))};
       });
 }
@@ -71,26 +77,62 @@ Resultado<int> Grupos::codigoNuevo() {
 Resultado<devices::Grupo> Grupos::cargar(int codigo) {
   TARVO_TOMAR(const auto fila, db_.consultar(u"SELECT * FROM GRUPOS WHERE CODGPO=?", codigo));
   if (fila->Eof()) return fallo(Fallo::NoExiste, textos_(kTxGrupoNoEsta, {codigo}));
-  devices::Grupo g(idioma_);
+  devices::Grupo g(ajustes_.idioma);
   TARVO_INTENTAR(g.LetValues(db_, *fila));
   return g;
 }
 
-Resultado<QStringList> Grupos::faltas(const devices::Grupo& g, int codigo, const QString& nombre) {
-  QStringList f;
-  if (codigo < 1 || codigo > kUltimoCodigo) f += textos_(kTxNumeroInadecuado);
+Resultado<GrupoEditado> Grupos::abrir(int codigo) {
+  TARVO_TOMAR(auto grupo, cargar(codigo));
+  TARVO_TOMAR(const auto nombre, db_.uno(u"SELECT NOMGPO FROM GRUPOS WHERE CODGPO=?", codigo));
+  return GrupoEditado{std::move(grupo), codigo, nombre.texto(), {}};
+}
+
+Resultado<GrupoEditado> Grupos::nuevo(int seccion, bool cajas) {
+  TARVO_TOMAR(const int codigo, codigoNuevo());
+  devices::Grupo grupo(ajustes_.idioma);
+  grupo.seccion = seccion;
+  if (cajas) grupo.tipo(TipoGrupo::Registradoras);
+  return GrupoEditado{std::move(grupo), codigo, {}, Marcas::todas()};
+}
+
+Resultado<std::vector<configuracion::Estado>> Grupos::estados(int codigo) {
+  TARVO_TOMAR(const auto fila,
+              db_.uno(u"SELECT COALESCE(tipo, 1) FROM GRUPOS WHERE CODGPO=?", codigo));
+  TARVO_TOMAR(const auto addr,
+              db_.uno(u"SELECT COALESCE(Addr, 1) FROM GRUPOS WHERE CODGPO=?", codigo));
+  const auto tipo = deNumero<TipoGrupo>(fila.entero());
+  if (!tipo) return std::vector<configuracion::Estado>{};
+  return configuracion::estadoDe(
+      db_, ajustes_, {.grupo = codigo, .tipo = *tipo, .addr = static_cast<int>(addr.entero())});
+}
+
+Resultado<std::vector<FormatoEtiqueta>> Grupos::formatos() {
+  // Without a set the column is Null, or 0 by its default.
+  return dao::reunir(
+      db_.consultar(u"SELECT NUMETQ, CASE WHEN typeof(settxt)='text' AND settxt<>'' THEN settxt "
+                    u"END FROM ETIQUETAS ORDER BY NUMETQ"),
+      [](const dao::Recordset& f) {
+        return FormatoEtiqueta{f.texto(0), f.nulo(1) ? std::nullopt : std::optional(f.texto(1))};
+      });
+}
+
+Resultado<std::vector<Grupos::Falta>> Grupos::faltas(const devices::Grupo& g, int codigo,
+                                                     const QString& nombre) {
+  std::vector<Falta> f;
+  const auto falta = [&](FaltaDe de, int texto) { f.push_back({de, textos_(texto)}); };
+  if (codigo < 1 || codigo > kUltimoCodigo) falta(FaltaDe::Codigo, kTxNumeroInadecuado);
   TARVO_TOMAR(const auto otro, db_.uno(u"SELECT count(*) FROM GRUPOS WHERE CODGPO=?", codigo));
-  if (otro.entero() > 0 && g.codigo() != codigo) f += textos_(kTxCodigoExiste);
-  if (nombre.trimmed().isEmpty()) f += textos_(kTxSinNombre);
+  if (otro.entero() > 0 && g.codigo() != codigo) falta(FaltaDe::Codigo, kTxCodigoExiste);
+  if (nombre.trimmed().isEmpty()) falta(FaltaDe::Nombre, kTxSinNombre);
   const bool cajas = g.tipo() == TipoGrupo::Registradoras;
-  if (g.LasBalanzas.empty()) f += textos_(cajas ? kTxSinCajas : kTxSinBalanzas);
+  if (g.LasBalanzas.empty()) falta(FaltaDe::Maquinas, cajas ? kTxSinCajas : kTxSinBalanzas);
   TARVO_TOMAR(const auto seccion, db_.uno(u"SELECT count(*) FROM SECCS WHERE NMSECC=?", g.seccion));
-  if (seccion.entero() == 0) f += textos_(kTxSeccionNoValida);
+  if (seccion.entero() == 0) falta(FaltaDe::Seccion, kTxSeccionNoValida);
   const bool conTexto = g.Acceso == TipoAcceso::Modem || g.Acceso == TipoAcceso::TcpIp ||
                         g.Acceso == TipoAcceso::Conector;
-  if (conTexto && g.Telefono.trimmed().isEmpty()) f += textos_(kTxSinTelefono);
+  if (conTexto && g.Telefono.trimmed().isEmpty()) falta(FaltaDe::Telefono, kTxSinTelefono);
   if (cajas) faltasDeCajas(g, textos_, f);
-  f.removeDuplicates();
   return f;
 }
 
@@ -136,7 +178,11 @@ Resultado<> Grupos::mudar(int de, int a) {
 
 Resultado<> Grupos::guardar(devices::Grupo& g, int codigo, const QString& nombre) {
   TARVO_TOMAR(const auto mal, faltas(g, codigo, nombre));
-  if (!mal.isEmpty()) return fallo(Fallo::Restriccion, mal.join(u'\n'));
+  if (!mal.empty()) {
+    QStringList lineas;
+    for (const Falta& f : mal) lineas << f.texto;
+    return fallo(Fallo::Restriccion, lineas.join(u'\n'));
+  }
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
   if (const auto antes = g.codigo()) {
     TARVO_TOMAR(const auto tipo, tipoGuardado(*antes));

@@ -7,9 +7,10 @@
 #include <vector>
 
 #include "articles/Catalogo.h"
+#include "comm/configuracion/Aceptado.h"
 #include "core/ajustes/Ajustes.h"
 #include "core/dao/Apartado.h"
-#include "devices/Grupo.h"
+#include "groups/Edicion.h"
 
 namespace tarvo::groups {
 
@@ -20,6 +21,7 @@ struct Resumen {
   QString nombre = {};
   int seccion = 0;
   std::optional<TipoGrupo> tipo = {};
+  std::optional<TipoAcceso> acceso = {};
   int maquinas = 0;
 };
 
@@ -36,8 +38,26 @@ class Grupos {
   // NoExiste when there is none with that code.
   Resultado<devices::Grupo> cargar(int codigo);
 
-  // What keeps the group from being stored under that code and name, in words; empty for nothing.
-  Resultado<QStringList> faltas(const devices::Grupo& grupo, int codigo, const QString& nombre);
+  // The group with its name, to be edited: one that is stored, or a new one of a section, of which
+  // everything is to be sent. Nothing is stored.
+  Resultado<GrupoEditado> abrir(int codigo);
+  Resultado<GrupoEditado> nuevo(int seccion, bool cajas);
+  // What its machines have accepted of their configuration as it is stored, for each kind that they
+  // take.
+  Resultado<std::vector<configuracion::Estado>> estados(int codigo);
+  // By name.
+  Resultado<std::vector<FormatoEtiqueta>> formatos();
+
+  // What keeps the group from being stored under that code and name, each thing once; empty for
+  // nothing.
+  enum class FaltaDe { Codigo, Nombre, Maquinas, Seccion, Telefono, Direccion };
+  struct Falta {
+    FaltaDe de = FaltaDe::Codigo;
+    QString texto;  // in words
+    bool operator==(const Falta&) const = default;
+  };
+  Resultado<std::vector<Falta>> faltas(const devices::Grupo& grupo, int codigo,
+                                       const QString& nombre);
   // In one transaction. Under another code the group takes along all that is kept by its old one.
   // With machines of another kind what the books and the queue know of the old ones is forgotten:
   // Restriccion while the inbox has sales of them that no period has. Ocupado when a machine is
@@ -71,7 +91,7 @@ class Grupos {
   dao::Database& db_;
   const Textos& textos_;
   const articles::Cambios& cambios_;
-  Idioma idioma_;
+  const Ajustes& ajustes_;
 };
 
 // A deleted group, which can be restored as long as this object lives.

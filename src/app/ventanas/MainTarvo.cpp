@@ -60,12 +60,6 @@ const std::vector<EntradaMenu>& entradas() {
   return kEntradas;
 }
 
-// The window of that name has only its other half so far.
-bool sinGrupos(const Lleva& lleva) {
-  const auto* puerta = std::get_if<articles::PuertaBrowGrupos>(&lleva);
-  return puerta && puerta->grupos;
-}
-
 }  // namespace
 
 MainTarvo::MainTarvo(ventanas::Contexto& contexto, const QString& nombre, Aplicacion& aplicacion)
@@ -123,7 +117,6 @@ void MainTarvo::ponerEntradas() {
       ir(e.lleva);
     });
     if (!contexto().ventanas.conoce(ventana)) b->ponerSinVentana(t(kTxSinEstaVentana));
-    if (sinGrupos(e.lleva)) b->ponerSinVentana(t(kTxGruposCerrado));
   }
   connect(ui_.Almacen, &QToolButton::clicked, this, [this] { mostrarPanel(kAlmacen); });
   connect(ui_.Avanzados, &QToolButton::clicked, this, [this] { mostrarPanel(kAvanzado); });
@@ -148,7 +141,6 @@ void MainTarvo::ponerLetras() {
 }
 
 void MainTarvo::ir(const Lleva& adonde) {
-  if (sinGrupos(adonde)) return decirPista(t(kTxGruposCerrado));
   if (!contexto().ventanas.conoce(ventanaDe(adonde))) return decirPista(t(kTxSinEstaVentana));
   preguntaba_ = false;
   abrirLo(contexto().ventanas, adonde, this);

@@ -4,7 +4,9 @@
 #include "articles/ventanas/Puertas.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
 
 #include "articles/ventanas/ComunArticulos.h"
 #include "articles/ventanas/EnviarCambios.h"
@@ -21,8 +23,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The last two are the machines and the access in the tree of groups.
 enum ColumnaArbol { kNombre, kNumero, kArticulos, kIva, kColumnas };
-constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1;
+constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1, kGrupo = Qt::UserRole + 2;
+constexpr int kNombrePropio = Qt::UserRole + 3;
+
+// The name alone is edited, without the code that a group shows before it.
+class NombreSolo final : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+ private:
+  void setEditorData(QWidget* editor, const QModelIndex& indice) const override {
+    if (auto* linea = qobject_cast<QLineEdit*>(editor))
+      linea->setText(indice.data(kNombrePropio).toString());
+  }
+};
 
 QString textoIva(const Ivas& ivas, int tipo) {
   if (tipo < 1 || tipo > kTiposIva) return {};
@@ -37,7 +53,9 @@ BrowGrupos::BrowGrupos(ventanas::Contexto& contexto, const QString& nombre, Cata
     : Ventana(contexto, nombre),
       catalogo_(catalogo),
       motor_(motor),
+      deGrupos_(nombre == ventanas::nombreDe(PuertaBrowGrupos{.grupos = true})),
       secciones_(catalogo),
+      grupos_(catalogo, contexto.ajustes),
       cuentas_(contexto, *this) {
   ui_.setupUi(cuerpo());
   enlazar();
@@ -45,14 +63,24 @@ BrowGrupos::BrowGrupos(ventanas::Contexto& contexto, const QString& nombre, Cata
 }
 
 void BrowGrupos::montar() {
-  unir(ui_.VerArticulos, u"articulo"_s, Qt::Key_F4, [this] { verArticulos(); });
   unir(ui_.NuevaSecc, u"anadir"_s, Qt::CTRL | Qt::Key_Insert, [this] { nuevaSeccion(); });
-  unir(ui_.NuevoDep, u"anadir"_s, Qt::Key_Insert, [this] { nuevoDepartamento(); });
   unir(ui_.Renombrar, u"modificar"_s, Qt::Key_F2, [this] {
     if (ui_.Arbol->currentItem()) ui_.Arbol->editItem(ui_.Arbol->currentItem(), kNombre);
   });
   unir(ui_.Copia, u"copiar"_s, Qt::Key_F6, [this] { copiar(); });
   unir(ui_.Borro, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); });
+  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
+  connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });
+  deGrupos_ ? montarGrupos() : montarDepartamentos();
+  ui_.Arbol->addActions({ui_.Renombrar, ui_.Copia, ui_.Borro});
+  if (!deGrupos_) ui_.Arbol->addActions({ui_.Iva, ui_.VerPrecios, ui_.VerXtrac});
+  ui_.Arbol->addAction(ui_.Deshacer);
+  montarArbol();
+}
+
+void BrowGrupos::montarDepartamentos() {
+  unir(ui_.VerArticulos, u"articulo"_s, Qt::Key_F4, [this] { verArticulos(); });
+  unir(ui_.NuevoDep, u"anadir"_s, Qt::Key_Insert, [this] { nuevoDepartamento(); });
   unir(ui_.Iva, u"sumar"_s, Qt::Key_F7, [this] {
     if (const auto en = actual()) abrir(PuertaEdIvaSeccs{en->seccion});
   });
@@ -64,18 +92,18 @@ void BrowGrupos::montar() {
       abrir(totals::PuertaVerFils{
           .clase = TipoTotal::Departamentos, .seccion = en->seccion, .codigo = en->departamento});
   });
-  deshacer_ = new ventanas::Deshacer(*this, ui_.Deshacer);
-  connect(deshacer_, &ventanas::Deshacer::deshecho, this, [this] { actualCambiado(); });
-  ui_.Arbol->setColumnCount(kColumnas);
+  ui_.Arbol->addActions({ui_.VerArticulos, ui_.NuevaSecc, ui_.NuevoDep});
   ui_.Arbol->setHeaderLabels(
       {t(ventanas::kTxNombre), t(kTxNumero), t(ventanas::kTxArticulos), t(kTxIva)});
+}
+
+void BrowGrupos::montarArbol() {
   ui_.Arbol->setAccessibleName(windowTitle());
+  ui_.Arbol->setItemDelegateForColumn(kNombre, new NombreSolo(ui_.Arbol));
   ui_.Arbol->setEditTriggers(QAbstractItemView::NoEditTriggers);
   ui_.Arbol->setExpandsOnDoubleClick(false);
   ui_.Arbol->setUniformRowHeights(true);
   ui_.Arbol->setContextMenuPolicy(Qt::ActionsContextMenu);
-  ui_.Arbol->addActions({ui_.VerArticulos, ui_.NuevaSecc, ui_.NuevoDep, ui_.Renombrar, ui_.Copia,
-                         ui_.Borro, ui_.Iva, ui_.VerPrecios, ui_.VerXtrac, ui_.Deshacer});
   ui_.Arbol->header()->setSectionResizeMode(kNombre, QHeaderView::Stretch);
   ui_.Arbol->header()->setStretchLastSection(false);
   for (int c = kNumero; c < kColumnas; ++c)
@@ -84,19 +112,18 @@ void BrowGrupos::montar() {
     ui_.Arbol->headerItem()->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
   ui_.Arbol->header()->setMinimumHeight(ventanas::escalar(ventanas::kAltoFila));
   connect(ui_.Arbol, &QTreeWidget::currentItemChanged, this, [this] { actualCambiado(); });
-  connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { verArticulos(); });
+  connect(ui_.Arbol, &QTreeWidget::itemActivated, this, [this] { abrirNodo(); });
   connect(ui_.Arbol, &QTreeWidget::itemChanged, this, &BrowGrupos::rotulado);
   // Queued, so that the tree stores the edited name first.
   connect(
-      ui_.Arbol->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+      ui_.Arbol->itemDelegateForColumn(kNombre), &QAbstractItemDelegate::closeEditor, this,
       [this](QWidget*, QAbstractItemDelegate::EndEditHint como) {
         nombreDejado(como == QAbstractItemDelegate::RevertModelCache);
       },
       Qt::QueuedConnection);
 }
 
-Resultado<> BrowGrupos::entrar(const PuertaBrowGrupos& puerta) {
-  if (puerta.grupos) return fallo(Fallo::Restriccion, t(kTxGruposCerrado));
+Resultado<> BrowGrupos::entrar(const PuertaBrowGrupos&) {
   const bool primera = ui_.Arbol->topLevelItemCount() == 0;
   TARVO_INTENTAR(llenar());
   if (primera) ui_.Arbol->setCurrentItem(ui_.Arbol->topLevelItem(0));
@@ -109,15 +136,19 @@ void BrowGrupos::RefrescoArbol() {
 }
 
 QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QString& nombre,
-                                    const QString& iva) {
+                                    const QString& ultima) {
   auto* item = padre ? new QTreeWidgetItem(padre) : new QTreeWidgetItem(ui_.Arbol);
-  item->setText(kNombre, nombre);
-  item->setText(kNumero, padre ? Ceros(nodo.departamento, 2) : Ceros(nodo.seccion, 3));
-  item->setText(kIva, iva);
+  item->setText(kNombre, nodo.grupo > 0 ? u"(%1) "_s.arg(nodo.grupo) + nombre : nombre);
+  item->setText(kNumero, nodo.esSeccion() ? Ceros(nodo.seccion, 3)
+                         : nodo.grupo > 0 ? Ceros(nodo.grupo, 4)
+                                          : Ceros(nodo.departamento, 2));
+  item->setText(kIva, ultima);
   for (int c = kNumero; c < kColumnas; ++c)
     item->setTextAlignment(c, Qt::AlignRight | Qt::AlignVCenter);
   item->setData(kNombre, kSeccion, nodo.seccion);
   item->setData(kNombre, kDepartamento, nodo.departamento);
+  item->setData(kNombre, kGrupo, nodo.grupo);
+  item->setData(kNombre, kNombrePropio, nombre);
   item->setIcon(kNombre, ventanas::icono(padre ? u"etiqueta"_s : u"almacen"_s));
   item->setSizeHint(kNombre, QSize(0, ventanas::escalar(ventanas::kAltoFila)));
   item->setFlags(item->flags() | Qt::ItemIsEditable);
@@ -126,25 +157,33 @@ QTreeWidgetItem* BrowGrupos::anadir(QTreeWidgetItem* padre, Nodo nodo, const QSt
 
 // Expanded nodes and the current node are kept.
 Resultado<> BrowGrupos::llenar() {
-  TARVO_TOMAR(const auto secciones, secciones_.arbol());
   const auto en = actual();
   std::set<int> cerradas;
   for (int i = 0; i < ui_.Arbol->topLevelItemCount(); ++i)
     if (const auto* s = ui_.Arbol->topLevelItem(i); !s->isExpanded())
       cerradas.insert(s->data(kNombre, kSeccion).toInt());
   const QScopedValueRollback llenando(llenando_, true);
+  TARVO_INTENTAR(deGrupos_ ? llenarGrupos() : llenarDepartamentos());
+  for (int i = 0; i < ui_.Arbol->topLevelItemCount(); ++i) {
+    auto* s = ui_.Arbol->topLevelItem(i);
+    s->setExpanded(!cerradas.contains(s->data(kNombre, kSeccion).toInt()));
+  }
+  cambios_ = contexto().base.cambios();
+  if (en) irA(*en);
+  if (!deGrupos_) contar();
+  actualCambiado();
+  return {};
+}
+
+Resultado<> BrowGrupos::llenarDepartamentos() {
+  TARVO_TOMAR(const auto secciones, secciones_.arbol());
   ui_.Arbol->clear();
   for (const Secciones::Rama& s : secciones) {
     auto* rama = anadir(nullptr, {s.numero, 0}, s.nombre, {});
     for (const auto& dep : s.ivas.departamentos)
       anadir(rama, {s.numero, dep.numero}, dep.nombre, textoIva(s.ivas.tasas, dep.tipo));
-    rama->setExpanded(!cerradas.contains(s.numero));
   }
-  cambios_ = contexto().base.cambios();
-  if (en) irA(*en);
   ui_.cuenta->setText(t(kTxSecciones, static_cast<int>(secciones.size())));
-  contar();
-  actualCambiado();
   return {};
 }
 
@@ -163,7 +202,8 @@ void BrowGrupos::contar() {
 }
 
 BrowGrupos::Nodo BrowGrupos::nodoDe(const QTreeWidgetItem& item) {
-  return {item.data(kNombre, kSeccion).toInt(), item.data(kNombre, kDepartamento).toInt()};
+  return {item.data(kNombre, kSeccion).toInt(), item.data(kNombre, kDepartamento).toInt(),
+          item.data(kNombre, kGrupo).toInt()};
 }
 
 std::optional<BrowGrupos::Nodo> BrowGrupos::actual() const {
@@ -200,10 +240,12 @@ void BrowGrupos::actualCambiado() {
   ui_.Copia->setProperty(ventanas::kPorQueNo, copia_ ? QString() : t(kTxSoloSecciones));
   ui_.VerXtrac->setProperty(ventanas::kPorQueNo, copia_ ? QString() : t(kTxSoloDepartamentos));
   ui_.Deshacer->setEnabled(!deshacer_->vacia() && !copia_);
-  nombreAntes_ = en ? ui_.Arbol->currentItem()->text(kNombre) : QString();
+  if (deGrupos_) permitirGrupos(en);
+  nombreAntes_ = en ? ui_.Arbol->currentItem()->data(kNombre, kNombrePropio).toString() : QString();
 }
 
 Resultado<> BrowGrupos::renombrar(Nodo nodo, const QString& nombre) {
+  if (nodo.grupo > 0) return grupos_.renombrar(nodo.grupo, nombre);
   return nodo.departamento == 0
              ? secciones_.renombrar(nodo.seccion, nombre)
              : secciones_.renombrarDepartamento(nodo.seccion, nodo.departamento, nombre);
@@ -229,6 +271,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
 }
 
 QString BrowGrupos::decirNodo(Nodo nodo) const {
+  if (nodo.grupo > 0) return t(kTxGrupoNumero).arg(nodo.grupo);
   return nodo.departamento == 0
              ? t(kTxSeccionNumero).arg(Ceros(nodo.seccion, 3))
              : t(kTxDepartamentoNumero).arg(Ceros(nodo.departamento, 2), Ceros(nodo.seccion, 3));
@@ -281,7 +324,8 @@ bool BrowGrupos::event(QEvent* evento) {
 
 bool BrowGrupos::QueryUnload() {
   trabajo().parar();
-  if (!contexto().ventanas.cargada<PuertaBrowPLUs>() && !enviarAlSalir(*this, catalogo_, motor_))
+  if (!deGrupos_ && !contexto().ventanas.cargada<PuertaBrowPLUs>() &&
+      !enviarAlSalir(*this, catalogo_, motor_))
     return true;
   deshacer_->olvidar();
   return false;

@@ -32,7 +32,8 @@ void BrowGrupos::nuevoDepartamento() {
 void BrowGrupos::copiar() {
   const auto en = actual();
   if (!en || copia_) return;
-  copia_ = std::make_shared<CopiaSeccion>(catalogo_, en->seccion);
+  if (en->grupo > 0) return copiarGrupo(*en);
+  copia_ = std::make_shared<groups::CopiaConGrupos>(catalogo_, grupos_, en->seccion, deGrupos_);
   actualCambiado();
   const auto paso = [copia = copia_](Trabajo::Avance& a) { return copia->paso(a.hechos, a.total); };
   trabajo().empezar(t(kTxCopiando), paso, [this](const Resultado<Trabajo::Fin>& fin) {
@@ -55,12 +56,14 @@ void BrowGrupos::copiar() {
 }
 
 // A copy in which something may have been changed since is removed only after a question; one that
-// has groups isn't.
-Resultado<BrowGrupos::Vuelto> BrowGrupos::quitarCopia(CopiaSeccion& copia, qint64 cambios) {
+// has got groups since isn't.
+Resultado<BrowGrupos::Vuelto> BrowGrupos::quitarCopia(groups::CopiaConGrupos& copia,
+                                                      qint64 cambios) {
   if (!contexto().ventanas.descargar<PuertaBrowPLUs>()) return Vuelto{.queda = true};
   const QString cual = decirNodo({copia.numero(), 0});
   TARVO_TOMAR(const auto va, secciones_.loQueSeVa(copia.numero()));
-  if (va.cuentas.grupos > 0) return fallo(Fallo::Restriccion, t(kTxCopiaConGrupos).arg(cual));
+  if (va.cuentas.grupos > copia.gruposCopiados())
+    return fallo(Fallo::Restriccion, t(kTxCopiaConGrupos).arg(cual));
   if (contexto().base.cambios() != cambios &&
       !MyMsgBox::Decide(this, contexto().textos, t(kTxQuitaCopia, va.cuentas.plus).arg(cual),
                         ventanas::kAceptoCancelo | ventanas::kExclamacion))
@@ -74,6 +77,7 @@ Resultado<BrowGrupos::Vuelto> BrowGrupos::quitarCopia(CopiaSeccion& copia, qint6
 void BrowGrupos::borrar() {
   const auto en = actual();
   if (!en) return;
+  if (en->grupo > 0) return borrarGrupo(*en);
   en->departamento == 0 ? borrarSeccion(en->seccion) : borrarDepartamento(*en);
 }
 
@@ -167,7 +171,7 @@ void BrowGrupos::borrarDepartamento(Nodo nodo) {
   decirBien(t(kTxDepartamentoBorrado).arg(ido->nombre()));
 }
 
-// The next department, or else the previous one, or else its section.
+// The next node of its section, or else the previous one, or else the section.
 BrowGrupos::Nodo BrowGrupos::vecinoDe(Nodo nodo) const {
   QTreeWidgetItem* item = buscar(nodo);
   if (!item || !item->parent()) return {nodo.seccion, 0};
@@ -195,6 +199,10 @@ Resultado<BrowGrupos::Vuelto> BrowGrupos::reponerDepartamento(BorradoDepartament
 void BrowGrupos::verArticulos() {
   const auto en = actual();
   if (en && !copia_) abrir(PuertaBrowPLUs{en->seccion, en->departamento});
+}
+
+void BrowGrupos::abrirNodo() {
+  deGrupos_ ? editarGrupo() : verArticulos();
 }
 
 }  // namespace tarvo::articles

@@ -8,10 +8,12 @@
 
 namespace tarvo::articles {
 
-// The tree of sections and departments; of groups if `grupos`.
+// The tree of sections and departments; that of sections and groups, if `grupos`, is another
+// window.
 struct PuertaBrowGrupos {
   static constexpr QStringView kNombre = u"BrowGrupos";
   bool grupos = false;
+  QString instancia() const { return grupos ? QStringLiteral("grupos") : QString(); }
   bool operator==(const PuertaBrowGrupos&) const = default;
 };
 

@@ -492,9 +492,6 @@ TEST(Trabajos, UnaSeccionCopiadaYSuNombre) {
   t.tecla(Qt::Key_Return);
   EXPECT_TRUE(
       esperar([&] { return t.leer(u"select NOMSEC from SECCS where NMSECC=3"_s) == u"Tienda 2"; }));
-  // Groups have no editor yet, and that is reported.
-  EXPECT_EQ(t.escritorio.ventanas().abrir(PuertaBrowGrupos{.grupos = true}, v), nullptr);
-  EXPECT_TRUE(v->tira().texto().contains(u"grupos de balanzas"));
 }
 
 }  // namespace tarvo::prueba

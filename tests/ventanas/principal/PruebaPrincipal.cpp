@@ -94,11 +94,6 @@ TEST(Principal, SinNingunaNocheDiceQueHacer) {
     return oscuro;
   };
   EXPECT_GT(masOscuro(u"Totales"_s), masOscuro(u"Avanzados"_s) + 40) << "and it looks like it";
-  // Nor has the one that opens a half of a window which isn't there yet.
-  auto* balanzas = v->findChild<QToolButton*>(u"Balanzas"_s);
-  EXPECT_TRUE(balanzas->toolTip().startsWith(u"Los grupos de balanzas todavía"));
-  balanzas->click();
-  EXPECT_EQ(v->tira().texto(), balanzas->toolTip());
   QTest::mouseClick(pieza(*v, u"Bandeja de entrada"_s), Qt::LeftButton);
   EXPECT_TRUE(v->isVisible());
 }
