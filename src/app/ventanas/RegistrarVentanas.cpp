@@ -9,6 +9,7 @@
 #include "articles/ventanas/RegistrarVentanas.h"
 #include "automation/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/RegistrarVentanas.h"
+#include "groups/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -24,6 +25,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
   registrarVentanasPrincipal(ventanas, aplicacion);
   articles::registrarVentanasArticulos(ventanas, aplicacion.catalogo(), aplicacion.operadores(),
                                        aplicacion.gestcomm());
+  groups::registrarVentanasGrupos(ventanas, aplicacion.catalogo(), aplicacion.gestcomm());
   precios::registrarVentanasPrecios(ventanas, aplicacion.catalogo(), aplicacion.ofertas());
   importar::registrarVentanasImportar(ventanas, aplicacion.catalogo());
   comm::registrarVentanasComm(ventanas, {.motor = aplicacion.gestcomm(),

@@ -1,0 +1,133 @@
+// The editor of a group: its machines in ten places, how it is reached, its section and tariff, and
+// the sheets of the group and of each machine. Works on a copy that "Guardar" stores at once; then
+// what has changed is sent, as the settings say. EdiGrupo and EdiCajas are one design, for scales
+// and for cash registers.
+#pragma once
+
+#include <QPointer>
+#include <set>
+
+#include "comm/motor/gestcomm.h"
+#include "core/ventanas/edicion/Deshacer.h"
+#include "core/ventanas/edicion/Ficha.h"
+#include "core/ventanas/edicion/Ordenes.h"
+#include "groups/Grupos.h"
+#include "groups/ventanas/DibujoEnlace.h"
+#include "groups/ventanas/Listas.h"
+#include "groups/ventanas/Puertas.h"
+
+namespace tarvo::groups {
+
+class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
+  Q_OBJECT
+ public:
+  Resultado<> entrar(const PuertaGrupo& puerta);
+  bool QueryUnload() override;
+
+ protected:
+  EditorGrupo(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo,
+              motor::gestcomm& motor, bool cajas);
+
+ private:
+  using Vuelto = ventanas::Deshacer::Vuelto;
+
+  // --- the form (EditorGrupoMontaje.cpp)
+  void montar();
+  void montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina);
+  void montarPaleta(ventanas::Formulario f);
+  void montarSitios(ventanas::Formulario f);
+  void montarCajones(ventanas::Formulario f);
+  void montarIdentidad(ventanas::Formulario f);
+  void montarAcceso(ventanas::Formulario f);
+  void montarEstado(ventanas::Formulario f);
+  void vigilar(ventanas::Campo& campo, std::optional<Grupos::FaltaDe> de = {});
+
+  // --- what is shown (EditorGrupo.cpp)
+  void pintar();
+  void pintarSitios();
+  void pintarAcceso();
+  void pintarEstado();
+  void permitir();
+  QString decirSitio(int sitio) const;
+  void mostrarFila(QWidget& control, bool si);
+  int sitio() const { return sitios_->currentRow(); }
+  const devices::Miembro* actual() const { return enSitio(r.grupo, sitio()); }
+
+  // Notes the way back from what has been changed since the last note.
+  void anotar(const QString& que);
+  void haCambiado(ventanas::Campo& campo);
+  void revisar();
+  Resultado<> ponerDireccion(const QString& texto);
+
+  // --- gestures on places (EditorGrupoGestos.cpp)
+  void soltar(const Arrastre& que, int en, bool mueve);
+  void poner(int sitio, devices::Miembro maquina, int que);
+  void insertar();
+  void copiar();
+  void cortar();
+  void pegar(int en);
+  void borrar(int de);
+  void empujar(int de, int a);
+  void menuDeMaquina(const QPoint& donde);
+
+  // --- sheets (EditorGrupoHojas.cpp)
+  template <class P>
+  void hojaDeGrupo(int que);
+  template <class P>
+  void hojaDeMaquina(int que, Parte parte, std::initializer_list<Cambio> cambios);
+  void cabecera();
+  void teclado();
+  QString deMaquina(int que) const;  // of the current place, for the undo
+
+  // --- storing and sending (EditorGrupoGuardar.cpp)
+  std::vector<FaltaCampo> comprobar() override;
+  void decir(const std::vector<FaltaCampo>& faltas) override;
+  bool conforme() override;
+  Resultado<> aplicar() override;
+  void aplicada() override;
+  std::vector<Envio> debidos() const;
+  void enviar(ventanas::Ventana* quien);
+  void montarMenuEnvio(QMenu& menu);
+
+  Grupos grupos_;
+  motor::gestcomm& motor_;
+  const bool cajas_;
+  ventanas::Deshacer* deshacer_ = nullptr;
+  ventanas::Ordenes *ordenes_ = nullptr, *ordenesMaquina_ = nullptr;
+  GrupoEditado previo_;  // as of the last note
+  bool abierta_ = false, nuevo_ = false, enviar_ = false;
+  std::function<void(int, bool)> alGuardar_;
+
+  ListaDibujos *ico_ = nullptr, *sitios_ = nullptr;
+  DibujoEnlace* enlace_ = nullptr;
+  Caja *clipbrd_ = nullptr, *basura_ = nullptr;
+  QLabel *faltaSitios_ = nullptr, *rotuloTelf_ = nullptr;
+  QComboBox *acceso_ = nullptr, *baudios_ = nullptr, *com_ = nullptr;
+  QCheckBox* rs485_ = nullptr;
+  QGridLayout* estado_ = nullptr;
+  QWidget* cajaEstado_ = nullptr;
+  QLabel* notaEstado_ = nullptr;
+  ventanas::Campo *cod_ = nullptr, *nom_ = nullptr, *telf_ = nullptr, *addr_ = nullptr,
+                  *dir_ = nullptr, *seccion_ = nullptr;
+  std::vector<std::pair<ventanas::Campo*, std::optional<Grupos::FaltaDe>>> vigilados_;
+  std::set<ventanas::Campo*> tocados_;
+  QStringList dichas_;  // the engine's faults, in its order
+};
+
+class EdiGrupo final : public EditorGrupo {
+  Q_OBJECT
+ public:
+  EdiGrupo(ventanas::Contexto& c, const QString& nombre, articles::Catalogo& catalogo,
+           motor::gestcomm& motor)
+      : EditorGrupo(c, nombre, catalogo, motor, false) {}
+};
+
+class EdiCajas final : public EditorGrupo {
+  Q_OBJECT
+ public:
+  EdiCajas(ventanas::Contexto& c, const QString& nombre, articles::Catalogo& catalogo,
+           motor::gestcomm& motor)
+      : EditorGrupo(c, nombre, catalogo, motor, true) {}
+};
+
+}  // namespace tarvo::groups

@@ -1,0 +1,50 @@
+// The sheets opened from the editor of a group.
+#include "core/ventanas/marco/Ventanas.h"
+#include "devices/ventanas/Puertas.h"
+#include "groups/ventanas/EditorGrupo.h"
+#include "groups/ventanas/HojasDe.h"
+#include "groups/ventanas/TextosGruposVentanas.h"
+
+namespace tarvo::groups {
+
+using namespace Qt::StringLiterals;
+
+QString EditorGrupo::deMaquina(int que) const {
+  return contexto().textos(kTxQueDeMaquina, {t(que).remove(u'&'), sitio() + 1});
+}
+
+void EditorGrupo::cabecera() {
+  if (!r.grupo.tipo()) return;
+  switch (*r.grupo.tipo()) {
+    case TipoGrupo::Balanzas:
+      return hojaDeMaquina<PuertaEdRzSoc>(kTxCabecera, &copiarCabecera, {Cambio::Ticket});
+    case TipoGrupo::Ebony:
+      return hojaDeMaquina<PuertaEdRzSEbony>(kTxCabecera, &copiarCabecera, {Cambio::Ticket});
+    case TipoGrupo::Birch:
+      return hojaDeMaquina<PuertaEdRzBirch>(kTxCabecera, &copiarCabecera, {Cambio::Ticket});
+    case TipoGrupo::Registradoras:
+      return;
+  }
+}
+
+void EditorGrupo::teclado() {
+  const auto hallada = r.grupo.LasBalanzas.find(sitio());
+  if (hallada == r.grupo.LasBalanzas.end()) return;
+  if (!contexto().ventanas.conoce<devices::PuertaTeclado>()) return decirPista(t(kTxSinTeclado));
+  devices::Maquina& m = maquinaDe(hallada->second);
+  const devices::TextosTeclado antes{m.Teclado.Teclado, m.Teclado.HARDPLU, m.Teclado.TARASME};
+  const auto hecho = preguntar(devices::PuertaTeclado{.tipo = m.tipo(),
+                                                      .grupo = r.nombre,
+                                                      .balanza = sitio(),
+                                                      .seccion = r.grupo.seccion,
+                                                      .textos = antes});
+  if (!hecho || *hecho == antes) return;
+  m.Teclado.Teclado = hecho->Teclado;
+  m.Teclado.HARDPLU = hecho->HARDPLU;
+  m.Teclado.TARASME = hecho->TARASME;
+  r.marcas.poner(Cambio::Teclado);
+  anotar(deMaquina(kTxTeclado));
+  pintar();
+}
+
+}  // namespace tarvo::groups
