@@ -8,8 +8,9 @@ using namespace Qt::StringLiterals;
 
 Cabecera leerCabecera(const QString& texto, int cuantas) {
   Cabecera c;
-  for (const QString& linea :
-       texto.split(u"\r\n"_s).first(std::min<qsizetype>(cuantas, texto.count(u"\r\n"_s)))) {
+  QStringList guardadas = texto.split(u"\r\n"_s);
+  if (guardadas.last().isEmpty()) guardadas.removeLast();
+  for (const QString& linea : guardadas.first(std::min<qsizetype>(cuantas, guardadas.size()))) {
     if (linea.startsWith(u'C')) ++c.arriba;
     const int fuente = linea.section(u':', 1, 1).toInt();
     c.lineas.push_back(

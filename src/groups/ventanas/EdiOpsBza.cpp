@@ -80,8 +80,10 @@ void EdiOpsBza::montarBarras(Formulario f) {
     fmato_->setText(s.toUpper());
     fmato_->setCursorPosition(donde);
   });
-  connect(fmato_, &QLineEdit::inputRejected, this,
-          [this] { decirPista(t(kTxLetrasFormato).arg(kLetrasFormato)); });
+  // The whole sentence, where the kit would only say that a key was dropped.
+  connect(
+      fmato_, &QLineEdit::inputRejected, this,
+      [this] { decirPista(t(kTxLetrasFormato).arg(kLetrasFormato)); }, Qt::QueuedConnection);
 }
 
 void EdiOpsBza::montarCodigo(Formulario f) {

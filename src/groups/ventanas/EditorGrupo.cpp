@@ -191,7 +191,6 @@ void EditorGrupo::permitir() {
     if (auto* a = findChild<QAction*>(nombre)) a->setProperty(kPorQueNo, t(kTxSitioSinMaquina));
   for (const QString& nombre : {u"MnOps"_s, u"MnIva"_s, u"MnAvan"_s})
     findChild<QAction*>(nombre)->setProperty(kPorQueNo, t(kTxAntesUnaMaquina));
-  basura_->setEnabled(hay);
   if (dir_) mostrarFila(dir_->control(), hay);
 }
 

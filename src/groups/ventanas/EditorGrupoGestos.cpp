@@ -5,7 +5,6 @@
 
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/Alcance.h"
-#include "core/ventanas/marco/Retenida.h"
 #include "devices/Modelos.h"
 #include "groups/ventanas/EditorGrupo.h"
 #include "groups/ventanas/TextosGruposVentanas.h"
@@ -54,15 +53,15 @@ void EditorGrupo::insertar() {
   const int donde = sitio();
   if (donde < 0) return;
   if (cajas_) return soltar({Arrastre::Modelo, devices::kSinModelo}, donde, false);
-  QMenu menu(this);
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
   for (int m = devices::kRowan; m <= devices::kBirch; ++m)
-    connect(menu.addAction(icono(u"maquina%1"_s.arg(m)), devices::NombreModelo(m)),
+    connect(menu->addAction(icono(u"maquina%1"_s.arg(m)), devices::NombreModelo(m)),
             &QAction::triggered, this,
             [this, m, donde] { soltar({Arrastre::Modelo, m}, donde, false); });
-  ponerLetras(menu);
-  const Retenida mientras(this);
-  desplegar(menu, sitios_->viewport()->mapToGlobal(
-                      sitios_->visualItemRect(sitios_->item(donde)).center()));
+  ponerLetras(*menu);
+  desplegar(*menu, sitios_->viewport()->mapToGlobal(
+                       sitios_->visualItemRect(sitios_->item(donde)).center()));
 }
 
 void EditorGrupo::copiar() {
@@ -86,7 +85,7 @@ void EditorGrupo::pegar(int en) {
 }
 
 void EditorGrupo::borrar(int de) {
-  if (!enSitio(r.grupo, de)) return;
+  if (!enSitio(r.grupo, de)) return decirPista(t(kTxSitioSinMaquina));
   groups::vaciar(r.grupo, de);
   anotar(t(kTxQueQuitada).arg(de + 1));
   if (dir_) dir_->mostrar();
@@ -103,11 +102,11 @@ void EditorGrupo::empujar(int de, int a) {
 }
 
 void EditorGrupo::menuDeMaquina(const QPoint& donde) {
-  QMenu menu(this);
-  menu.setObjectName(u"MnBalanza"_s);
-  menu.addActions(sitios_->actions());
-  const Retenida mientras(this);
-  desplegar(menu, donde);
+  auto* menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  menu->setObjectName(u"MnBalanza"_s);
+  menu->addActions(sitios_->actions());
+  desplegar(*menu, donde);
 }
 
 }  // namespace tarvo::groups

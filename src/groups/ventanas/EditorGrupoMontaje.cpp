@@ -1,10 +1,10 @@
 // The form of the editor of a group.
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QIntValidator>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QRegularExpressionValidator>
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
@@ -266,9 +266,12 @@ void EditorGrupo::montarAcceso(Formulario f) {
   auto modo = numero(r.grupo.NumGpo, 0, kUltimoAddr).vacioComo(u"0"_s);
   modo.ver = [this] { return r.grupo.NumGpo > 0 ? QString::number(r.grupo.NumGpo) : QString(); };
   addr_ = &enlazarCampo(*linea, std::move(modo), kTxRs485);
-  linea->setValidator(new QIntValidator(0, kUltimoAddr, linea));
-  connect(linea, &QLineEdit::inputRejected, this,
-          [this] { decirPista(t(kTxSoloHasta).arg(kUltimoAddr)); });
+  linea->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(u"1[0-5]|[0-9]"_s), linea));
+  // The whole sentence, where the kit would only say that a key was dropped.
+  connect(
+      linea, &QLineEdit::inputRejected, this,
+      [this] { decirPista(t(kTxSoloHasta).arg(kUltimoAddr)); }, Qt::QueuedConnection);
   vigilar(*addr_);
   if (cajas_) {
     dir_ = &g.fila(kTxDireccionDeCaja, u"txDir"_s,

@@ -1,0 +1,267 @@
+// Jobs of a person in the editor of a group, by keys and by dragging.
+#include "MesaDeGrupos.h"
+
+namespace tarvo::prueba {
+
+// From the tree: a new group, its name and access, two scales from the menu of models; everything
+// is sent, in order.
+TEST(EditorGrupo, UnGrupoNuevoConDosBalanzas) {
+  MesaDeGrupos t;
+  auto* arbol = t.abrir(PuertaBrowGrupos{.grupos = true});
+  t.tecla(Qt::Key_Insert);
+  auto* v = t.cargada(u"EdiGrupo"_s);
+  t.escribir(u"Frutas"_s);
+  t.elegir(v, u"lstAcceso", 3);
+  t.poner(v, u"txTelf", u"balanza:4101"_s);
+  t.ir(v, 0);
+  for (const QString& modelo : {u"Rowan"_s, u"Maple"_s}) {
+    t.tecla(Qt::Key_Insert);
+    t.enMenu(modelo);
+    t.activa(v);
+    t.tecla(Qt::Key_Right);
+  }
+  EXPECT_EQ(t.puestas(v), u"Rowan Maple");
+  EXPECT_EQ(t.leer(u"select count(*) from GRUPOS"_s), u"4") << "nothing is stored yet";
+  t.alAbrirse([](QWidget* w) {
+    EXPECT_TRUE(w->findChild<QLabel*>(u"que"_s)->text().startsWith(u"Se han realizado cambios en"));
+    w->findChild<QPushButton*>(u"Si"_s)->click();
+  });
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(
+      t.leer(u"select CODGPO, NOMGPO, seccion, tipo, remoto, telef from GRUPOS where CODGPO=5"_s),
+      u"5 Frutas 1 1 3 balanza:4101");
+  EXPECT_EQ(t.leer(u"select NMBZA, tipo from BZAS where SUGPO=5 order by 1"_s), u"0 1 | 1 2");
+  EXPECT_EQ(t.cola(), u"5 8 4 2 3 1-");
+  // It is the current one in the tree, and can be taken back while nothing else has its code.
+  auto* rama = t.control<QTreeWidget>(arbol, u"Arbol")->currentItem();
+  EXPECT_EQ(rama->text(0), u"(5) Frutas");
+  t.gestor->terminator();
+  t.activa(arbol);
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.leer(u"select count(*) from GRUPOS"_s), u"4") << arbol->tira().texto().toStdString();
+}
+
+// The three ways of sending on saving, for a change of the tariff alone.
+TEST(EditorGrupo, LaTarifaSegunElEnvio) {
+  struct Caso {
+    int como;
+    QString boton;
+    bool noMas;
+    QString cola;
+    int queda;
+  };
+  for (const Caso& c : {Caso{0, {}, false, {}, 0}, Caso{1, u"Si"_s, false, u"1-"_s, 1},
+                        Caso{1, u"No"_s, false, {}, 1}, Caso{1, u"Si"_s, true, u"1-"_s, 2},
+                        Caso{1, u"No"_s, true, {}, 0}, Caso{2, {}, false, u"1-"_s, 2}}) {
+    MesaDeGrupos t;
+    t.envio() = c.como;
+    auto* v = t.editor(1);
+    t.elegir(v, u"txTfa", 3);
+    if (!c.boton.isEmpty())
+      t.alAbrirse([c](QWidget* w) {
+        w->findChild<QCheckBox*>(u"NoMas"_s)->setChecked(c.noMas);
+        w->findChild<QPushButton*>(c.boton)->click();
+      });
+    ASSERT_TRUE(t.guardar(v));
+    EXPECT_EQ(t.leer(u"select tarifa from GRUPOS where CODGPO=1"_s), u"3");
+    EXPECT_EQ(t.cola(), c.cola);
+    EXPECT_EQ(t.envio(), c.queda);
+  }
+}
+
+// Going back at the question stores nothing; and a group that doesn't communicate isn't asked
+// about.
+TEST(EditorGrupo, VolverAtrasNoGuarda) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  t.elegir(v, u"txTfa", 3);
+  t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Escape); });
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_TRUE(v->isVisible());
+  EXPECT_EQ(t.leer(u"select coalesce(tarifa, 0) from GRUPOS where CODGPO=1"_s), u"0");
+  t.elegir(v, u"lstAcceso", 0);
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select tarifa, remoto from GRUPOS where CODGPO=1"_s), u"3 0");
+  EXPECT_EQ(t.cola(), QString());
+}
+
+TEST(EditorGrupo, SinCambiosNoEscribeNada) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  const qint64 antes = t.contexto().base.cambios();
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.contexto().base.cambios(), antes);
+}
+
+TEST(EditorGrupo, LasFaltasJuntasYJuntoASuCampo) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  t.poner(v, u"txNombre", {});
+  auto* falta = t.control<QLabel>(v, u"faltatxNombre");
+  EXPECT_EQ(falta->text(), u"El nombre de grupo no puede quedar vacío") << "while it is typed";
+  t.poner(v, u"txCodigo", u"0"_s);
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.textoModal,
+            u"El número de Grupo no es adecuado\nEl nombre de grupo no puede quedar vacío");
+  EXPECT_EQ(v->focusWidget(), t.control(v, u"txCodigo"));
+  t.poner(v, u"txCodigo", u"3"_s);
+  EXPECT_EQ(t.control<QLabel>(v, u"faltatxCodigo")->text(),
+            u"El código de registro ya existe: No debe duplicarse");
+  t.poner(v, u"txCodigo", u"12"_s);
+  t.poner(v, u"txNombre", u"Otro"_s);
+  EXPECT_TRUE(falta->text().isEmpty());
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select NOMGPO from GRUPOS where CODGPO=12"_s), u"Otro");
+}
+
+// Each gesture by keys, each undone, and at the end there is nothing to abandon.
+TEST(EditorGrupo, CadaGestoSeDeshace) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  const auto tecla = [&](Qt::Key k, Qt::KeyboardModifiers m = Qt::ControlModifier) {
+    QTest::keyClick(&t.sitios(v), k, m);
+  };
+  QStringList vistas{t.puestas(v)};
+  const auto visto = [&](const QString& como) {
+    EXPECT_EQ(t.puestas(v), como);
+    vistas << como;
+  };
+  EXPECT_EQ(vistas.front(), u"Rowan Cedar");
+  t.ir(v, 0);
+  tecla(Qt::Key_C);
+  t.ir(v, 4);
+  tecla(Qt::Key_V);
+  visto(u"Rowan Cedar . . Rowan"_s);
+  tecla(Qt::Key_Down);
+  visto(u"Rowan Cedar . . . . . . . Rowan"_s);
+  EXPECT_EQ(t.sitios(v).currentRow(), 9);
+  tecla(Qt::Key_X);
+  visto(u"Rowan Cedar"_s);
+  t.ir(v, 0);
+  tecla(Qt::Key_Right);
+  visto(u"Cedar Rowan"_s);
+  tecla(Qt::Key_Delete, Qt::NoModifier);
+  visto(u"Cedar"_s);
+  tecla(Qt::Key_V);
+  visto(u"Cedar Rowan"_s);
+  t.poner(v, u"txNombre", u"Otro"_s);
+  t.sitios(v).setFocus();
+  t.elegir(v, u"lstAcceso", 0);
+  for (int i = 0; i < 2; ++i) QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.control(v, u"txNombre")->text(), u"G");
+  EXPECT_EQ(t.control<QComboBox>(v, u"lstAcceso")->currentIndex(), 2);
+  for (vistas.removeLast(); !vistas.isEmpty(); vistas.removeLast()) {
+    QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.puestas(v), vistas.last());
+  }
+  EXPECT_TRUE(v->descargar()) << "nothing is asked";
+}
+
+TEST(EditorGrupo, SeArrastraYSeSuelta) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  auto* basura = t.control<QToolButton>(v, u"basura");
+  t.soltarEn(v, {Arrastre::Modelo, devices::kMaple}, 3);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar . Maple");
+  t.soltarEn(v, {Arrastre::Sitio, 0}, 4);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar . Maple Rowan") << "the source stays";
+  t.soltarEn(v, {Arrastre::Sitio, 0}, 0);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar . Maple Rowan");
+  t.soltarEn(v, {Arrastre::Sitio, 4}, 2, Qt::ShiftModifier);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar Rowan Maple");
+  t.soltar(v, {Arrastre::Sitio, 3}, t.control<QToolButton>(v, u"clipbrd"), {5, 5});
+  t.soltarEn(v, {Arrastre::Portapapeles}, 0);
+  EXPECT_EQ(t.puestas(v), u"Maple Cedar Rowan Maple");
+  for (const int sitio : {3, 2}) t.soltar(v, {Arrastre::Sitio, sitio}, basura, {5, 5});
+  EXPECT_EQ(t.puestas(v), u"Maple Cedar");
+  // Another kind is refused, unless it is alone.
+  t.soltarEn(v, {Arrastre::Modelo, devices::kEbony}, 2);
+  EXPECT_EQ(t.puestas(v), u"Maple Cedar");
+  EXPECT_EQ(v->tira().texto(), u"Los tipos de balanzas son incompatibles");
+  QGuiApplication::clipboard()->setText(u"otra cosa"_s);
+  t.soltarEn(v, {Arrastre::Portapapeles}, 5);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Los datos del portapapeles no parecen ser de una"));
+  for (const int sitio : {0, 1}) t.soltar(v, {Arrastre::Sitio, sitio}, basura, {5, 5});
+  t.soltarEn(v, {Arrastre::Modelo, devices::kEbony}, 2);
+  EXPECT_EQ(t.puestas(v), u". . Ebony");
+  EXPECT_FALSE(t.orden(v, u"MnCas"_s)->isEnabled()) << "it is a group of another kind now";
+  EXPECT_FALSE(t.control<QCheckBox>(v, u"MnRs485")->isVisible());
+  EXPECT_TRUE(t.control(v, u"txAddr")->isVisible());
+  t.envio() = 0;
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select tipo from GRUPOS where CODGPO=1"_s), u"2");
+  EXPECT_EQ(t.leer(u"select NMBZA, tipo from BZAS where SUGPO=1"_s), u"2 7");
+}
+
+// What each access shows, and the group number on the bus, whose keys above its limit are dropped.
+TEST(EditorGrupo, LosCamposSegunElAcceso) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  const QString visibles[] = {u"---"_s, u"T-B"_s, u"-CB"_s, u"T--"_s, u"T--"_s};
+  for (int acceso = 0; acceso < 5; ++acceso) {
+    t.elegir(v, u"lstAcceso", acceso);
+    const auto si = [&](const char16_t* campo, QChar letra) {
+      return t.control<QWidget>(v, campo)->isVisible() ? letra : QChar(u'-');
+    };
+    EXPECT_EQ(QString(si(u"txTelf", u'T')) + si(u"lstCOM", u'C') + si(u"lstBaud", u'B'),
+              visibles[acceso])
+        << acceso;
+  }
+  auto* bus = t.control<QCheckBox>(v, u"MnRs485");
+  if (bus->isChecked()) bus->click();
+  EXPECT_FALSE(t.control(v, u"txAddr")->isVisible());
+  bus->click();
+  EXPECT_EQ(t.control(v, u"txAddr")->text(), u"1");
+  t.poner(v, u"txAddr", u"19"_s);
+  EXPECT_EQ(t.control(v, u"txAddr")->text(), u"1") << "the key is dropped";
+  EXPECT_TRUE(esperar([&] { return v->tira().texto().contains(u"15"); }, 3000))
+      << "and that is told";
+  t.poner(v, u"txAddr", u"15"_s);
+  t.elegir(v, u"lstAcceso", 2);
+  t.elegir(v, u"lstCOM", 3);
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select remoto, canal, telef, Addr from GRUPOS where CODGPO=1"_s), u"2 4 - 15");
+}
+
+TEST(EditorGrupo, LasDireccionesDeLasCajas) {
+  MesaDeGrupos t;
+  auto* v = t.abrir(PuertaEdiCajas{{.codigo = 3}});
+  t.ir(v, 1);
+  t.tecla(Qt::Key_Insert);
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2") << "the first address that is free";
+  t.poner(v, u"txDir", u"1"_s);
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.textoModal, u"Alguna de las direcciones de las cajas está repetida");
+  t.poner(v, u"txDir", u"7"_s);
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 7");
+}
+
+// Each kind of configuration tells in words whether the machines have what is stored.
+TEST(EditorGrupo, LoQueTienenLasMaquinas) {
+  MesaDeGrupos t;
+  groups::Grupos grupos(t.catalogo, t.ajustes);
+  const auto envios =
+      bien(configuracion::prepararEnvio(*t.db, t.ajustes, TipoTarea::TxTick, {.grupo = 1}));
+  for (const auto& e : envios)
+    bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
+                                       momento("05/06/2018 22:15:00")));
+  const auto dicho = [&](QWidget* v) {
+    QString todo;
+    for (const QLabel* l : t.control<QWidget>(v, u"estados")->findChildren<QLabel*>())
+      todo += l->text() + u'|';
+    return todo;
+  };
+  auto* v = t.editor(1);
+  EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí||05/06/2018 22:15") ||
+              dicho(v).contains(u"Razón social: igual que aquí|05/06/2018 22:15"))
+      << dicho(v).toStdString();
+  EXPECT_TRUE(dicho(v).contains(u"Teclado: nunca enviado"));
+  EXPECT_TRUE(v->descargar());
+  t.sql(u"update BZAS set RZSOCIAL='C:0:OTRA' where SUGPO=1"_s);
+  EXPECT_TRUE(dicho(t.editor(1)).contains(u"Razón social: cambió desde el último envío"));
+}
+
+}  // namespace tarvo::prueba
