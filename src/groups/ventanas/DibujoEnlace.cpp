@@ -56,7 +56,7 @@ void DibujoEnlace::paintEvent(QPaintEvent*) {
   for (int i = 0; i < maquinas; ++i)
     icono(maquina_).paint(&p, QRect(hasta + i * lado, 2, lado, lado), Qt::AlignCenter,
                           cuantas_ > 0 ? QIcon::Normal : QIcon::Disabled);
-  const int acceso = escalar(kLadoAcceso), centro = (desde + hasta) / 2;
+  const int acceso = escalar(kLadoAcceso), centro = desde + (hasta - desde) / 4;
   const QRect sitio(centro - acceso / 2, eje - acceso / 2, acceso, acceso);
   p.fillRect(sitio.adjusted(-4, -2, 4, 2), palette().window());
   dibujoDe(acceso_).paint(&p, sitio);

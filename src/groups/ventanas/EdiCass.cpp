@@ -15,7 +15,7 @@ using namespace ventanas;
 
 namespace {
 
-constexpr int kPrimeraTecla = 11, kUltimaTecla = 20, kModos = 5, kUltimoOperador = 20;
+constexpr int kPrimeraTecla = 11, kUltimaTecla = 20, kModos = 5, kUltimoOperador = 20, kLetrasModo = 12;
 
 }  // namespace
 
@@ -55,7 +55,12 @@ void EdiCass::montarCasete(Formulario& f, int n) {
   auto g = f.grupo(kTxCaseteUno + n - 1, u"casete%1"_s.arg(n));
   Campo& modo = g.fila(kTxModo, u"modo%1"_s.arg(n), modos_[i],
                        deTextos(contexto().textos, kTxModosCasete, kModos));
-  Campo& oper = g.fila(kTxOperador, u"oper%1"_s.arg(n), numero(opers_[i], 0, kUltimoOperador));
+  auto modoOper = numero(opers_[i], 0, kUltimoOperador);
+  modoOper.faltaDebajo = true;
+  Campo& oper = g.fila(kTxOperador, u"oper%1"_s.arg(n), std::move(modoOper));
+  auto* lista = cuerpo()->findChild<QComboBox*>(u"modo%1"_s.arg(n));
+  lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lista->setMinimumContentsLength(kLetrasModo);
   connect(&modo, &Campo::cambiado, this, [this, n, i] { r.CassModo(n, modos_[i]); });
   connect(&oper, &Campo::cambiado, this, [this, n, i, &oper] {
     if (oper.leer()) r.CassOper(n, opers_[i]);

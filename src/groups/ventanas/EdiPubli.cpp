@@ -90,10 +90,14 @@ EdiPubli::EdiPubli(Contexto& contexto, const QString& nombre) : HojaDeMaquina(co
   }
   Campo& modo = anadir(
       &enlazarRadios(*caja, radios, [this] { return r.Modo; }, [this](int n) { r.Modo = n; }));
-  velo_ = new QSlider(Qt::Horizontal);
+  velo_ = new QSlider(Qt::Horizontal, cuerpo());
   velo_->setRange(1, kTiempoMayor);
   velo_->setAccessibleName(t(kTxTiempo).remove(u'&'));
-  f.fila(kTxTiempo, velo_, u"Velo"_s);
+  velo_->setObjectName(u"Velo"_s);
+  auto* rotulo = new QLabel(t(kTxTiempo), cuerpo());
+  rotulo->setBuddy(velo_);
+  cuanto_ = new QLabel(cuerpo());
+  f.enLinea({rotulo, velo_, cuanto_});
   auto* tiempo = new CampoVivo(
       *velo_, nullptr,
       {.estado = [this] { return QString::number(velo_->value()); },
@@ -102,7 +106,6 @@ EdiPubli::EdiPubli(Contexto& contexto, const QString& nombre) : HojaDeMaquina(co
   connect(velo_, &QSlider::valueChanged, tiempo, &CampoVivo::haCambiado);
   tiempo->ponerNombre(t(kTxTiempo));
   anadir(tiempo);
-  cuanto_ = f.nota(u"cuanto"_s);
   pantalla_ = f.ancho(new Pantalla(cuerpo()), u"pantalla"_s);
   pantalla_->setAccessibleName(t(kTxMuestra));
   acabarHoja(f, {520, 360});

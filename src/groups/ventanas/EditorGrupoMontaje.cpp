@@ -237,7 +237,7 @@ void EditorGrupo::montarAcceso(Formulario f) {
   Opciones accesos;
   for (int n = 0; n < 5; ++n) accesos.push_back({n, t(kTxAccesos + n).remove(u'&')});
   llenar(*acceso_, accesos);
-  g.fila(kTxAcceso, acceso_, u"lstAcceso"_s);
+  g.fila(kTxAccesoConLetra, acceso_, u"lstAcceso"_s);
   vigilar(enlazarCampo(
       *acceso_, [this] { return qint64{tarvo::numeroDe(r.grupo.Acceso, 0)}; },
       [this](qint64 n) { r.grupo.Acceso = deNumero<TipoAcceso>(n); }));
