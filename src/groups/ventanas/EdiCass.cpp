@@ -15,7 +15,8 @@ using namespace ventanas;
 
 namespace {
 
-constexpr int kPrimeraTecla = 11, kUltimaTecla = 20, kModos = 5, kUltimoOperador = 20, kLetrasModo = 12;
+constexpr int kPrimeraTecla = 11, kUltimaTecla = 20, kModos = 5, kUltimoOperador = 20,
+              kLetrasModo = 12;
 
 }  // namespace
 

@@ -72,6 +72,7 @@ Resultado<> EditorGrupo::entrar(const PuertaGrupo& puerta) {
   previo_ = editado;
   TARVO_INTENTAR(editar(std::move(editado)));
   abierta_ = true;
+  leerEstado();
   setWindowTitle(nuevo_ ? t(cajas_ ? kTxCajasNuevas : kTxGrupoNuevoTitulo)
                         : contexto().textos(kTxGrupoDe, {r.codigo, r.nombre}));
   sitios_->setCurrentRow(r.grupo.LasBalanzas.empty()
@@ -79,6 +80,9 @@ Resultado<> EditorGrupo::entrar(const PuertaGrupo& puerta) {
                              : std::clamp(r.grupo.LasBalanzas.begin()->first, 0, kSitios - 1));
   pintar();
   nuevo_ ? nom_->enfocar() : sitios_->setFocus();
+  const auto fuera = std::ranges::count_if(
+      r.grupo.LasBalanzas, [](const auto& m) { return m.first < 0 || m.first >= kSitios; });
+  if (fuera > 0) decirDuda(t(kTxFueraDeSitio, static_cast<int>(fuera)));
   return {};
 }
 
@@ -135,7 +139,8 @@ void EditorGrupo::pintarAcceso() {
   rs485_->setVisible(!r.grupo.SonCes());
   const QSignalBlocker quieto(rs485_);
   rs485_->setChecked(r.grupo.NumGpo > 0);
-  mostrarFila(addr_->control(), r.grupo.SonCes() || r.grupo.NumGpo > 0);
+  addr_->control().setVisible(r.grupo.SonCes() || r.grupo.NumGpo > 0);
+  rotuloAddr_->setVisible(r.grupo.SonCes());  // an Ebony group always has a number
   QString texto = t(kTxAccesos + tarvo::numeroDe(acceso)).remove(u'&');
   if (directo) texto = contexto().textos(kTxEnlaceDirecto, {texto, r.grupo.Canal});
   if (comunica && !directo && !r.grupo.Telefono.isEmpty()) texto += u" · "_s + r.grupo.Telefono;
@@ -146,22 +151,23 @@ void EditorGrupo::pintarAcceso() {
       static_cast<int>(maquinas.size()));
 }
 
+void EditorGrupo::leerEstado() {
+  if (nuevo_) return;
+  auto estados = grupos_.estados(*r.grupo.codigo());
+  if (haIdoBien(estados)) estados_ = std::move(*estados);
+}
+
 // Word and time for each kind of configuration that the machines take.
 void EditorGrupo::pintarEstado() {
   while (QLayoutItem* item = estado_->takeAt(0)) {
     delete item->widget();
     delete item;
   }
-  const auto estados =
-      nuevo_ ? Resultado<std::vector<configuracion::Estado>>() : grupos_.estados(*r.grupo.codigo());
-  const bool ninguno = !nuevo_ && estados && estados->empty();
-  notaEstado_->setText(nuevo_     ? t(kTxEstadoDeNuevo)
-                       : !estados ? estados.error().texto
-                       : ninguno  ? t(kTxEstadoNinguno)
-                                  : QString());
+  notaEstado_->setText(nuevo_             ? t(kTxEstadoDeNuevo)
+                       : estados_.empty() ? t(kTxEstadoNinguno)
+                                          : QString());
   notaEstado_->setVisible(!notaEstado_->text().isEmpty());
-  if (!estados) return;
-  for (const auto& e : *estados) {
+  for (const auto& e : estados_) {
     const bool pendiente = r.marcas.tiene(cambioDe(e.clase));
     const auto como = pendiente ? ventanas::Estado::Duda : estadoDe(e.situacion);
     const int fila = estado_->rowCount();
@@ -207,6 +213,11 @@ void EditorGrupo::anotar(const QString& que) {
     return Vuelto();
   });
   previo_ = r;
+}
+
+void EditorGrupo::anotarLoTecleado() {
+  for (const auto& [campo, de] : vigilados_)
+    if (campo->control().hasFocus()) anotar(campo->nombre());
 }
 
 void EditorGrupo::haCambiado(Campo& campo) {

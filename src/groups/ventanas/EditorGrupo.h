@@ -47,6 +47,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void pintarSitios();
   void pintarAcceso();
   void pintarEstado();
+  void leerEstado();
   void permitir();
   QString decirSitio(int sitio) const;
   void mostrarFila(QWidget& control, bool si);
@@ -55,6 +56,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
 
   // Notes the way back from what has been changed since the last note.
   void anotar(const QString& que);
+  void anotarLoTecleado();  // in the field that still has the focus
   void haCambiado(ventanas::Campo& campo);
   void revisar();
   Resultado<> ponerDireccion(const QString& texto);
@@ -101,9 +103,10 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   ListaDibujos *ico_ = nullptr, *sitios_ = nullptr;
   DibujoEnlace* enlace_ = nullptr;
   Caja *clipbrd_ = nullptr, *basura_ = nullptr;
-  QLabel *faltaSitios_ = nullptr, *rotuloTelf_ = nullptr;
+  QLabel *faltaSitios_ = nullptr, *rotuloAddr_ = nullptr;
   QComboBox *acceso_ = nullptr, *baudios_ = nullptr, *com_ = nullptr;
   QCheckBox* rs485_ = nullptr;
+  std::vector<configuracion::Estado> estados_;
   QGridLayout* estado_ = nullptr;
   QWidget* cajaEstado_ = nullptr;
   QLabel* notaEstado_ = nullptr;

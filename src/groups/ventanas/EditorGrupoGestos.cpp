@@ -38,6 +38,7 @@ void EditorGrupo::soltar(const Arrastre& que, int en, bool mueve) {
 
 void EditorGrupo::poner(int donde, devices::Miembro maquina, int que) {
   quitarPista();
+  anotarLoTecleado();
   const auto hecho = groups::colocar(r.grupo, donde, std::move(maquina), contexto().textos);
   if (!hecho) return decirDuda(hecho.error().texto);
   acierto();
@@ -86,6 +87,7 @@ void EditorGrupo::pegar(int en) {
 
 void EditorGrupo::borrar(int de) {
   if (!enSitio(r.grupo, de)) return decirPista(t(kTxSitioSinMaquina));
+  anotarLoTecleado();
   groups::vaciar(r.grupo, de);
   anotar(t(kTxQueQuitada).arg(de + 1));
   if (dir_) dir_->mostrar();
@@ -94,6 +96,7 @@ void EditorGrupo::borrar(int de) {
 
 void EditorGrupo::empujar(int de, int a) {
   if (!enSitio(r.grupo, de) || de == a) return;
+  anotarLoTecleado();
   permutar(r.grupo, de, a);
   sitios_->setCurrentRow(a);
   anotar(t(kTxQueMovida).arg(de + 1));

@@ -112,7 +112,7 @@ void EditorGrupo::enviar(Ventana* quien) {
   if (envios.empty()) return;
   Ventana* comunicaciones = nullptr;
   if (contexto().ventanas.conoce<comm::PuertaGestcomm>())
-    comunicaciones = contexto().ventanas.abrir(comm::PuertaGestcomm{.grupo = r.codigo}, dueno());
+    comunicaciones = contexto().ventanas.abrir(comm::PuertaGestcomm(), dueno());
   QStringList fuera;
   for (const Envio& e : envios)
     if (motor_.NuevaTarea(r.codigo, e.todo, 0, kUltimoArticulo, e.clase) != 0)

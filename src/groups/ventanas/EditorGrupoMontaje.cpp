@@ -88,6 +88,8 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina) {
          desplegar(*menu, bajo(delGrupo, *findChild<QAction*>(u"MnEnvio"_s)));
        }});
   envio->setMenu(menu);
+  qobject_cast<QToolButton*>(delGrupo.widgetForAction(envio))
+      ->setPopupMode(QToolButton::InstantPopup);
 
   ordenesMaquina_ = new Ordenes(*this, &deMaquina);
   const auto hay = [this] { return actual() != nullptr; };
@@ -213,7 +215,9 @@ void EditorGrupo::montarCajones(Formulario f) {
 
 void EditorGrupo::montarIdentidad(Formulario f) {
   auto g = f.grupo(ventanas::kTxGrupo, u"frmPLUs"_s);
-  cod_ = &g.fila(ventanas::kTxCodigoConLetra, u"txCodigo"_s, codigo(r.codigo, 4, 0, kUltimoCodigo));
+  auto modo = codigo(r.codigo, 4, 0, kUltimoCodigo);
+  modo.faltaDebajo = true;
+  cod_ = &g.fila(ventanas::kTxCodigoConLetra, u"txCodigo"_s, std::move(modo));
   nom_ = &g.fila(ventanas::kTxNombreConLetra, u"txNombre"_s, texto(r.nombre, 30));
   auto* lista = new QComboBox(cuerpo());
   llenar(*lista, contexto().nombres.secciones(), 3);
@@ -255,7 +259,9 @@ void EditorGrupo::montarAcceso(Formulario f) {
   rs485_->setObjectName(u"MnRs485"_s);
   auto* linea = new QLineEdit(cuerpo());
   linea->setObjectName(u"txAddr"_s);
-  g.enLinea({rs485_, linea, nullptr});
+  rotuloAddr_ = new QLabel(t(kTxRs485), cuerpo());
+  rotuloAddr_->setBuddy(linea);
+  g.enLinea({rs485_, rotuloAddr_, linea, nullptr});
   connect(rs485_, &QCheckBox::clicked, this, [this](bool si) {
     r.grupo.NumGpo = si ? std::max(1, r.grupo.NumGpo) : 0;
     addr_->mostrar();

@@ -8,7 +8,7 @@ namespace tarvo::groups {
 
 template <class P>
 void EditorGrupo::hojaDeGrupo(int que) {
-  leerCallada();
+  anotarLoTecleado();
   auto hecho = preguntar(P{{.nombre = r.nombre, .grupo = r.grupo}});
   if (!hecho || *hecho == r.grupo) return;
   r.grupo = std::move(*hecho);
@@ -19,6 +19,7 @@ void EditorGrupo::hojaDeGrupo(int que) {
 
 template <class P>
 void EditorGrupo::hojaDeMaquina(int que, Parte parte, std::initializer_list<Cambio> cambios) {
+  anotarLoTecleado();
   const int cual = sitio();
   const auto* de = actual();
   if (!de) return;

@@ -1,12 +1,27 @@
 // Jobs of a person in the editor of a group, by keys and by dragging.
 #include "MesaDeGrupos.h"
+#include "comm/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
+
+namespace {
+
+// In place of the window of communications: which group it was opened for.
+struct Comunicaciones final : Lisa {
+  using Lisa::Lisa;
+  Resultado<> entrar(const comm::PuertaGestcomm& puerta) {
+    setProperty("grupo", puerta.grupo);
+    return {};
+  }
+};
+
+}  // namespace
 
 // From the tree: a new group, its name and access, two scales from the menu of models; everything
 // is sent, in order.
 TEST(EditorGrupo, UnGrupoNuevoConDosBalanzas) {
   MesaDeGrupos t;
+  t.escritorio.ventanas().registrar<comm::PuertaGestcomm, Comunicaciones>();
   auto* arbol = t.abrir(PuertaBrowGrupos{.grupos = true});
   t.tecla(Qt::Key_Insert);
   auto* v = t.cargada(u"EdiGrupo"_s);
@@ -32,10 +47,15 @@ TEST(EditorGrupo, UnGrupoNuevoConDosBalanzas) {
       u"5 Frutas 1 1 3 balanza:4101");
   EXPECT_EQ(t.leer(u"select NMBZA, tipo from BZAS where SUGPO=5 order by 1"_s), u"0 1 | 1 2");
   EXPECT_EQ(t.cola(), u"5 8 4 2 3 1-");
+  auto* comunicaciones = t.escritorio.ventanas().cargada(u"gestcomm"_s);
+  ASSERT_NE(comunicaciones, nullptr);
+  EXPECT_EQ(comunicaciones->property("grupo"), 0) << "it would say that its queue is empty";
+  comunicaciones->descargar();
   // It is the current one in the tree, and can be taken back while nothing else has its code.
   auto* rama = t.control<QTreeWidget>(arbol, u"Arbol")->currentItem();
   EXPECT_EQ(rama->text(0), u"(5) Frutas");
   t.gestor->terminator();
+  arbol->activateWindow();
   t.activa(arbol);
   t.tecla(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(t.leer(u"select count(*) from GRUPOS"_s), u"4") << arbol->tira().texto().toStdString();
