@@ -45,7 +45,6 @@ void EditorGrupo::montar() {
                        .cancelo = u"Abandonar"_s,
                        .textoAcepto = ventanas::kTxGuardar,
                        .textoCancelo = kTxAbandonar});
-  ponerAlAlcance(*cuerpo());
 }
 
 void EditorGrupo::montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina) {
