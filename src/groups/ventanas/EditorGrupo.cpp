@@ -86,10 +86,6 @@ Resultado<> EditorGrupo::entrar(const PuertaGrupo& puerta) {
   return {};
 }
 
-bool EditorGrupo::QueryUnload() {
-  return FichaDe::QueryUnload();
-}
-
 // --- showing
 // --------------------------------------------------------------------------------------
 
@@ -138,8 +134,10 @@ void EditorGrupo::pintarAcceso() {
   mostrarFila(*baudios_, directo || acceso == TipoAcceso::Modem);
   rs485_->setVisible(!r.grupo.SonCes());
   const QSignalBlocker quieto(rs485_);
-  rs485_->setChecked(r.grupo.NumGpo > 0);
-  addr_->control().setVisible(r.grupo.SonCes() || r.grupo.NumGpo > 0);
+  // An empty one stays while it is typed.
+  const bool conNumero = r.grupo.NumGpo > 0 || addr_->control().hasFocus();
+  rs485_->setChecked(conNumero);
+  addr_->control().setVisible(r.grupo.SonCes() || conNumero);
   rotuloAddr_->setVisible(r.grupo.SonCes());  // an Ebony group always has a number
   QString texto = t(kTxAccesos + tarvo::numeroDe(acceso)).remove(u'&');
   if (directo) texto = contexto().textos(kTxEnlaceDirecto, {texto, r.grupo.Canal});

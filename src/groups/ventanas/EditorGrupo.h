@@ -22,7 +22,6 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   Q_OBJECT
  public:
   Resultado<> entrar(const PuertaGrupo& puerta);
-  bool QueryUnload() override;
 
  protected:
   EditorGrupo(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo,
@@ -33,12 +32,14 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
 
   // --- the form (EditorGrupoMontaje.cpp)
   void montar();
-  void montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina);
+  void montarOrdenes(QToolBar& delGrupo);
+  void montarOrdenesMaquina(QToolBar& deMaquina);
   void montarPaleta(ventanas::Formulario f);
   void montarSitios(ventanas::Formulario f);
   void montarCajones(ventanas::Formulario f);
   void montarIdentidad(ventanas::Formulario f);
   void montarAcceso(ventanas::Formulario f);
+  void montarBus(ventanas::Formulario& g);
   void montarEstado(ventanas::Formulario f);
   void vigilar(ventanas::Campo& campo, std::optional<Grupos::FaltaDe> de = {});
 

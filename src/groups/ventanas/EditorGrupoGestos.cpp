@@ -69,7 +69,7 @@ void EditorGrupo::copiar() {
   const auto* m = actual();
   if (!m) return;
   QGuiApplication::clipboard()->setText(textoDe(*m));
-  decirPista(t(kTxCopiada));
+  decirBien(t(kTxCopiada));
 }
 
 void EditorGrupo::cortar() {

@@ -40,14 +40,15 @@ void EditorGrupo::montar() {
   montarAcceso(abajo[1]);
   montarEstado(abajo[2]);
   qobject_cast<QBoxLayout*>(cuerpo()->layout())->setStretch(2, 1);  // the places
-  montarOrdenes(*barra, *barraMaquina);
+  montarOrdenes(*barra);
+  montarOrdenesMaquina(*barraMaquina);
   acabar({1010, 640}, {.acepto = u"Guardar"_s,
                        .cancelo = u"Abandonar"_s,
                        .textoAcepto = ventanas::kTxGuardar,
                        .textoCancelo = kTxAbandonar});
 }
 
-void EditorGrupo::montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina) {
+void EditorGrupo::montarOrdenes(QToolBar& delGrupo) {
   ordenes_ = new Ordenes(*this, &delGrupo);
   const auto conTipo = [this] { return r.grupo.tipo().has_value(); };
   ordenes_->anadir({u"guardar"_s,
@@ -89,7 +90,10 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo, QToolBar& deMaquina) {
   envio->setMenu(menu);
   qobject_cast<QToolButton*>(delGrupo.widgetForAction(envio))
       ->setPopupMode(QToolButton::InstantPopup);
+}
 
+// Of the machine in the current place: in its bar, its menu and, where it has a key, on the places.
+void EditorGrupo::montarOrdenesMaquina(QToolBar& deMaquina) {
   ordenesMaquina_ = new Ordenes(*this, &deMaquina);
   const auto hay = [this] { return actual() != nullptr; };
   const auto balanza = [this] { return actual() && !r.grupo.SonCes(); };
@@ -254,6 +258,25 @@ void EditorGrupo::montarAcceso(Formulario f) {
   vigilar(g.fila(kTxVelocidad, u"lstBaud"_s, r.grupo.Baudios, velocidades));
   com_ = cuerpo()->findChild<QComboBox*>(u"lstCOM"_s);
   baudios_ = cuerpo()->findChild<QComboBox*>(u"lstBaud"_s);
+  montarBus(g);
+  if (cajas_) {
+    dir_ = &g.fila(kTxDireccionDeCaja, u"txDir"_s,
+                   {.ver =
+                        [this] {
+                          const auto* m = actual();
+                          const auto d = m ? maquinaDe(*m).Direccion : std::nullopt;
+                          return d ? QString::number(*d) : QString();
+                        },
+                    .poner = [this](const QString& s) { return ponerDireccion(s); },
+                    .limites = t(ventanas::kTxDeA).arg(0).arg(kUltimaDireccion),
+                    .letras = 2});
+    vigilar(*dir_, Grupos::FaltaDe::Direccion);
+  }
+  g.muelle();
+}
+
+// The number of the group on an RS-485 bus.
+void EditorGrupo::montarBus(Formulario& g) {
   rs485_ = new QCheckBox(t(kTxRs485), cuerpo());
   rs485_->setObjectName(u"MnRs485"_s);
   auto* linea = new QLineEdit(cuerpo());
@@ -262,6 +285,7 @@ void EditorGrupo::montarAcceso(Formulario f) {
   rotuloAddr_->setBuddy(linea);
   g.enLinea({rs485_, rotuloAddr_, linea, nullptr});
   connect(rs485_, &QCheckBox::clicked, this, [this](bool si) {
+    rs485_->setFocus();
     r.grupo.NumGpo = si ? std::max(1, r.grupo.NumGpo) : 0;
     addr_->mostrar();
     anotar(t(kTxRs485));
@@ -278,20 +302,8 @@ void EditorGrupo::montarAcceso(Formulario f) {
       linea, &QLineEdit::inputRejected, this,
       [this] { decirPista(t(kTxSoloHasta).arg(kUltimoAddr)); }, Qt::QueuedConnection);
   vigilar(*addr_);
-  if (cajas_) {
-    dir_ = &g.fila(kTxDireccionDeCaja, u"txDir"_s,
-                   {.ver =
-                        [this] {
-                          const auto* m = actual();
-                          const auto d = m ? maquinaDe(*m).Direccion : std::nullopt;
-                          return d ? QString::number(*d) : QString();
-                        },
-                    .poner = [this](const QString& s) { return ponerDireccion(s); },
-                    .limites = t(ventanas::kTxDeA).arg(0).arg(kUltimaDireccion),
-                    .letras = 2});
-    vigilar(*dir_, Grupos::FaltaDe::Direccion);
-  }
-  g.muelle();
+  connect(
+      addr_, &Campo::dejado, this, [this] { pintarAcceso(); }, Qt::QueuedConnection);
 }
 
 void EditorGrupo::montarEstado(Formulario f) {

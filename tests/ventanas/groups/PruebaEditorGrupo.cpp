@@ -233,6 +233,8 @@ TEST(EditorGrupo, LosCamposSegunElAcceso) {
   EXPECT_FALSE(t.control(v, u"txAddr")->isVisible());
   bus->click();
   EXPECT_EQ(t.control(v, u"txAddr")->text(), u"1");
+  t.poner(v, u"txAddr", {});
+  EXPECT_TRUE(t.control(v, u"txAddr")->isVisible()) << "it is being typed";
   t.poner(v, u"txAddr", u"19"_s);
   EXPECT_EQ(t.control(v, u"txAddr")->text(), u"1") << "the key is dropped";
   EXPECT_TRUE(esperar([&] { return v->tira().texto().contains(u"15"); }, 3000))
