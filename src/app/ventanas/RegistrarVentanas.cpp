@@ -11,10 +11,11 @@
 #include "articles/ventanas/RegistrarVentanas.h"
 #include "automation/ventanas/RegistrarVentanas.h"
 #include "comm/exploracion/ventanas/RegistrarVentanas.h"
+#include "comm/conexion/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/RegistrarVentanas.h"
-#include "labels/ventanas/RegistrarVentanas.h"
 #include "devices/ventanas/RegistrarVentanas.h"
 #include "groups/ventanas/RegistrarVentanas.h"
+#include "labels/ventanas/RegistrarVentanas.h"
 #include "totals/ventanas/RegistroTotales.h"
 
 namespace tarvo::app {
@@ -39,6 +40,8 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .sesion = aplicacion.sesion(),
                                          .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
+  conexion::registrarVentanasConexion(
+      ventanas, {.motor = aplicacion.gestcomm(), .enlaces = aplicacion.enlaces()});
   devices::registrarVentanasTeclados(ventanas, aplicacion.catalogo());
   exploracion::registrarVentanasExploracion(ventanas, {.catalogo = aplicacion.catalogo(),
                                                        .fabrica = aplicacion.fabrica(),

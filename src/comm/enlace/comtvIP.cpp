@@ -65,6 +65,10 @@ bool comtvIP::Portadora() const {
   return d->conector || d->device != TipoAcceso::Modem || d->portadora;
 }
 
+qint64 comtvIP::Oidos() const {
+  return d->oidos;
+}
+
 QString comtvIP::Acceso() const {
   return d->acceso.isEmpty() ? QString::number(d->canal + 1) : d->acceso;
 }
@@ -99,6 +103,7 @@ void comtvIP::linea(int numero) {
 
 void comtvIP::recepcion(QByteArray& buffer) {
   if (d->paraAbierto == Para::Nada) return;
+  d->oidos += buffer.size();
   d->pasan(Sentido::Llega, buffer);
   d->maquina.recibir(buffer);
 }

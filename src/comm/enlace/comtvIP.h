@@ -88,6 +88,9 @@ class comtvIP final : private LinkSocket::Oyente {
   bool Seguida() const;
   // Did the question of the present event go out more than once? Its copies may be answered too.
   bool Repetida() const;
+  // How many bytes have come since the opening, understood or not: what tells a silent line from
+  // one that speaks in another way.
+  qint64 Oidos() const;
   QString Acceso() const;
   Para AbiertoPara() const;
 

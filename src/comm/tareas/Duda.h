@@ -50,47 +50,65 @@ class Contraste {
   int usadas_ = 0, iguales_ = 0;
 };
 
+// The record on disk that a list is under way, by its source.
+class NotaDeLista {
+ public:
+  NotaDeLista(dao::Database& db, const QString& donde)
+      : db_(db), nota_(QStringLiteral("ListaEnLinea ") + donde) {}
+  // Whether it was there: an earlier list broke off.
+  Resultado<bool> poner() {
+    TARVO_TOMAR(const auto notas,
+                db_.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota_));
+    if (notas.entero() > 0) return true;
+    TARVO_INTENTAR(db_.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota_));
+    return false;
+  }
+  Resultado<> quitar() {
+    TARVO_INTENTAR(db_.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota_));
+    return {};
+  }
+
+ private:
+  dao::Database& db_;
+  const QString nota_;
+};
+
 // The same with the record on disk.
 template <class Lista>
 class DudaDeLista {
  public:
   DudaDeLista(const motor::Entorno& e, const QString& donde)
-      : e_(e), nota_(QStringLiteral("ListaEnLinea ") + donde) {}
+      : textos_(e.textos), nota_(e.db, donde) {}
 
   // Called before the first question; further calls do nothing.
   Resultado<> empezar() {
     if (empezada_) return {};
-    TARVO_TOMAR(const auto notas,
-                e_.db.uno(u"SELECT count(*) FROM EstadoTarvo WHERE CLAVE=?", nota_));
-    if (notas.entero() > 0)
-      dudar();
-    else
-      TARVO_INTENTAR(
-          e_.db.ejecutar(u"INSERT INTO EstadoTarvo (CLAVE, VALOR) VALUES (?, 1)", nota_));
+    TARVO_TOMAR(const bool rota, nota_.poner());
+    if (rota) dudar();
     empezada_ = true;
     return {};
   }
   void dudar() { contraste_.dudar(); }
   void romper() { contraste_.romper(); }
-  Resultado<bool> vale(const Lista& lista) { return contraste_.vale(lista, e_.textos); }
+  Resultado<bool> vale(const Lista& lista) { return contraste_.vale(lista, textos_); }
   // The last list of the task is accepted.
-  Resultado<> acabar() {
-    TARVO_INTENTAR(e_.db.ejecutar(u"DELETE FROM EstadoTarvo WHERE CLAVE=?", nota_));
-    return {};
-  }
+  Resultado<> acabar() { return nota_.quitar(); }
 
  private:
-  const motor::Entorno e_;
-  const QString nota_;
+  const Textos& textos_;
+  NotaDeLista nota_;
   Contraste<Lista> contraste_{4};
   bool empezada_ = false;
 };
 
-// The wire of a task's machines.
-inline QString lineaDe(const motor::DatosTarea& t) {
+// The wire of a group's machines.
+inline QString lineaDe(TipoAcceso remoto, int canalDirecto, const QString& acceso) {
   return QStringLiteral("%1 %2")
-      .arg(numeroDe(t.Remoto))
-      .arg(t.Remoto == TipoAcceso::Directo ? QString::number(t.CanalDirecto) : t.Telefono);
+      .arg(numeroDe(remoto))
+      .arg(remoto == TipoAcceso::Directo ? QString::number(canalDirecto) : acceso);
+}
+inline QString lineaDe(const motor::DatosTarea& t) {
+  return lineaDe(t.Remoto, t.CanalDirecto, t.Telefono);
 }
 
 }  // namespace tarvo::tareas

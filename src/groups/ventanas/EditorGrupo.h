@@ -80,6 +80,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void hojaDeMaquina(int que, Parte parte, std::initializer_list<Cambio> cambios);
   void cabecera();
   void teclado();
+  void probar();
   QString deMaquina(int que) const;  // of the current place, for the undo
 
   // --- storing and sending (EditorGrupoGuardar.cpp)

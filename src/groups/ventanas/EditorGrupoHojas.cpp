@@ -1,4 +1,6 @@
 // The sheets opened from the editor of a group.
+#include "comm/conexion/Peticion.h"
+#include "comm/conexion/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "devices/ventanas/Puertas.h"
 #include "groups/ventanas/EditorGrupo.h"
@@ -45,6 +47,19 @@ void EditorGrupo::teclado() {
   r.marcas.poner(Cambio::Teclado);
   anotar(deMaquina(kTxTeclado));
   pintar();
+}
+
+// The access as it is typed, stored or not.
+void EditorGrupo::probar() {
+  for (ventanas::Campo* c : {telf_, addr_, dir_}) {
+    const auto leido = c && c->control().isVisible() ? c->leer() : Resultado<>();
+    if (leido) continue;
+    c->enfocar();
+    return decirPista(leido.error().texto);
+  }
+  const auto peticion = conexion::peticionDe(r.grupo, contexto().textos);
+  if (!peticion) return decirPista(peticion.error().texto);
+  preguntar(conexion::PuertaProbar{.nombre = r.nombre, .peticion = *peticion});
 }
 
 }  // namespace tarvo::groups

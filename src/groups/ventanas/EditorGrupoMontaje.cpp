@@ -80,6 +80,7 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo) {
                     {},
                     [this] { hojaDeGrupo<PuertaAvanGpo>(kTxAvanzadas); },
                     conTipo});
+  ordenes_->anadir({u"Probar"_s, kTxProbar, u"conectado"_s, Qt::Key_F9, [this] { probar(); }});
   ordenes_->separar();
   auto* menu = new QMenu(this);
   montarMenuEnvio(*menu);

@@ -1,5 +1,6 @@
 // Jobs of a person in the editor of a group, by keys and by dragging.
 #include "MesaDeGrupos.h"
+#include "comm/conexion/ventanas/RegistrarVentanas.h"
 #include "comm/ventanas/Puertas.h"
 
 namespace tarvo::prueba {
@@ -284,6 +285,28 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   EXPECT_TRUE(v->descargar());
   t.sql(u"update BZAS set RZSOCIAL='C:0:OTRA' where SUGPO=1"_s);
   EXPECT_TRUE(dicho(t.editor(1)).contains(u"Razón social: cambió desde el último envío"));
+}
+
+// F9 tries the access as it is typed, and stores nothing.
+TEST(EditorGrupo, ProbarLoEscrito) {
+  MesaDeGrupos t;
+  conexion::registrarVentanasConexion(t.escritorio.ventanas(), {*t.gestor, t.enlaces});
+  t.ajustes.de<enlace::AjustesCables>().canales[1].Device = TipoAcceso::TcpIp;
+  auto* v = t.editor(1);
+  t.elegir(v, u"lstAcceso", 3);
+  t.poner(v, u"txTelf", u"balanza"_s);
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"La dirección ha de llevar dos puntos"));
+  t.poner(v, u"txTelf", u"balanza:4101"_s);
+  QString dicho;
+  t.alAbrirse([&](QWidget* w) {
+    auto& lista = *w->findChild<ventanas::Parrilla*>(u"lista"_s);
+    for (int i = 0; i < lista.filas(); ++i) dicho += lista.texto(i, u"maquina") + u'|';
+    w->close();
+  });
+  QTest::keyClick(v, Qt::Key_F9);
+  EXPECT_EQ(dicho, u"Red, balanza:4101|1 · Rowan|2 · Cedar|");
+  EXPECT_EQ(t.leer(u"select remoto from GRUPOS where CODGPO=1"_s), u"2");
 }
 
 }  // namespace tarvo::prueba

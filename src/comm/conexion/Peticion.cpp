@@ -1,0 +1,59 @@
+#include "comm/conexion/Peticion.h"
+
+#include <utility>
+
+#include "comm/conexion/TextosConexion.h"
+
+namespace tarvo::conexion {
+
+namespace {
+
+// A host is followed by its port.
+bool conPuerto(const QString& acceso) {
+  constexpr int kPuertoMax = 0xFFFF;
+  const int puerto = acceso.section(u':', 1).section(u',', 0, 0).trimmed().toInt();
+  return puerto > 0 && puerto <= kPuertoMax;
+}
+
+// The text of what the access lacks; 0 for nothing.
+int faltaDe(const devices::Grupo& grupo) {
+  const bool vacio = grupo.Telefono.section(u':', 0, 0).trimmed().isEmpty();
+  switch (grupo.Acceso.value_or(TipoAcceso::Ninguno)) {
+    case TipoAcceso::Ninguno:
+      return kTxNoComunica;
+    case TipoAcceso::Directo:
+      return 0;
+    case TipoAcceso::Modem:
+    case TipoAcceso::Conector:
+      return vacio ? kTxSinAcceso : 0;
+    case TipoAcceso::TcpIp:
+      return vacio || !conPuerto(grupo.Telefono) ? kTxSinPuerto : 0;
+  }
+  std::unreachable();
+}
+
+MaquinaPedida pedida(int sitio, const devices::Miembro& miembro) {
+  if (const auto* caja = std::get_if<devices::Registradora>(&miembro))
+    return {.sitio = sitio, .direccion = caja->Direccion};
+  return {.sitio = sitio, .modelo = std::get<devices::Balanza>(miembro).tipo()};
+}
+
+}  // namespace
+
+Resultado<Peticion> peticionDe(const devices::Grupo& grupo, const Textos& textos) {
+  if (!grupo.tipo() || grupo.LasBalanzas.empty())
+    return fallo(Fallo::Restriccion, textos(kTxSinMaquinas));
+  if (const int falta = faltaDe(grupo); falta != 0) return fallo(Fallo::Restriccion, textos(falta));
+  Peticion p;
+  p.tipo = *grupo.tipo();
+  p.remoto = *grupo.Acceso;
+  p.canal = grupo.Canal - 1;
+  if (p.remoto != TipoAcceso::Directo) p.acceso = grupo.Telefono;
+  p.baudios = grupo.Baudios;
+  p.nodo = grupo.NumGpo;
+  for (const auto& [sitio, miembro] : grupo.LasBalanzas)
+    p.maquinas.push_back(pedida(sitio, miembro));
+  return p;
+}
+
+}  // namespace tarvo::conexion

@@ -1,0 +1,16 @@
+// The door of the test of a connection.
+#pragma once
+
+#include "comm/conexion/Peticion.h"
+#include "core/ventanas/marco/Puerta.h"
+
+namespace tarvo::conexion {
+
+// Tries it at once. `nombre`: of the group.
+struct PuertaProbar {
+  static constexpr QStringView kNombre = u"ProbarConexion";
+  QString nombre = {};
+  Peticion peticion = {};
+};
+
+}  // namespace tarvo::conexion
