@@ -68,9 +68,9 @@ class Cambios {
   struct CambioDeGrupo {
     int antes = 0, ahora = 0;  // its codes
     bool otraClase = false;
-    std::set<int> otrasMaquinas = {};      // numbers whose machine has left, or is another model
-    std::map<int, int> direcciones = {};   // of registers that get another one: from, to
-    std::set<int> cajasQueSeVan = {};      // by address
+    std::set<int> otrasMaquinas = {};     // numbers whose machine has left, or is another model
+    std::map<int, int> direcciones = {};  // of registers that get another one: from, to
+    std::set<int> cajasQueSeVan = {};     // by address
     bool hayOtrasCajas() const { return !direcciones.empty() || !cajasQueSeVan.empty(); }
   };
   struct DeOtraSala {

@@ -51,10 +51,11 @@ class Mundo::Mano {
 
   void hacer(Edicion::Que que) {
     if (!abrir()) return;
-    static constexpr const char16_t* kNombres[] = {
-        u"guarda igual", u"quita una máquina", u"añade una máquina", u"cambia una dirección",
-        u"otro código",  u"otra clase",        u"configura",         u"borra y repone",
-        u"borra y rehace", u"copia"};
+    static constexpr const char16_t* kNombres[] = {u"guarda igual",      u"quita una máquina",
+                                                   u"añade una máquina", u"cambia una dirección",
+                                                   u"otro código",       u"otra clase",
+                                                   u"configura",         u"borra y repone",
+                                                   u"borra y rehace",    u"copia"};
     w_.traza(QStringLiteral("  alguien, grupo %1: %2")
                  .arg(p_->codigo)
                  .arg(QString::fromUtf16(kNombres[que])));
@@ -130,7 +131,8 @@ class Mundo::Mano {
   void quitarMaquina() {
     auto g = cargar();
     if (!g || g->LasBalanzas.size() < 2) return;
-    auto it = std::next(g->LasBalanzas.begin(), entre(0, static_cast<int>(g->LasBalanzas.size()) - 1));
+    auto it =
+        std::next(g->LasBalanzas.begin(), entre(0, static_cast<int>(g->LasBalanzas.size()) - 1));
     const int numero = it->first;
     const auto* caja = std::get_if<devices::Registradora>(&it->second);
     const int direccion = caja ? caja->Direccion.value_or(0) : 0;
@@ -166,12 +168,13 @@ class Mundo::Mano {
     auto g = cargar();
     if (!g || (p_->tipo != Tipo::Ebony && p_->tipo != Tipo::Registradora)) return;
     const auto todas = suyas();
-    auto& m = w_.maquinas_[todas[static_cast<std::size_t>(
-        entre(0, static_cast<int>(todas.size()) - 1))]];
+    auto& m =
+        w_.maquinas_[todas[static_cast<std::size_t>(entre(0, static_cast<int>(todas.size()) - 1))]];
     const int antes = m.maquina->opciones().direccion, ahora = direccionLibre();
     if (p_->tipo == Tipo::Ebony) g->NumGpo = ahora;
     for (auto& [numero, miembro] : g->LasBalanzas)
-      if (auto* caja = std::get_if<devices::Registradora>(&miembro); caja && caja->Direccion == antes)
+      if (auto* caja = std::get_if<devices::Registradora>(&miembro);
+          caja && caja->Direccion == antes)
         caja->Direccion = ahora;
     debe(grupos().guardar(*g, p_->codigo, nombre()), u"cambiar la dirección");
     std::ranges::replace(p_->direcciones, antes, ahora);
@@ -305,7 +308,8 @@ class Mundo::Mano {
     for (auto& [numero, miembro] : g->LasBalanzas)
       if (auto* b = std::get_if<devices::Balanza>(&miembro)) {
         b->Publici.mensaje = nueva;
-        b->RazonSo = QStringLiteral("C:0:%1\r\n").arg(nueva) + QStringLiteral("C:0:\r\n").repeated(5);
+        b->RazonSo =
+            QStringLiteral("C:0:%1\r\n").arg(nueva) + QStringLiteral("C:0:\r\n").repeated(5);
         b->Teclado.Teclado.clear();
       }
     debe(grupos().guardar(*g, p_->codigo, nombre()), u"configurar");
@@ -324,7 +328,9 @@ class Mundo::Mano {
     if (!programa_ || !calma) return;
     for (const auto& t : motor.tareas())
       w_.fallar(QStringLiteral("la configuración no llega: %1 %2 %3")
-                    .arg(t.Estado).arg(t.Error).arg(t.textoError));
+                    .arg(t.Estado)
+                    .arg(t.Error)
+                    .arg(t.textoError));
   }
   // The end of the queue, or of the program.
   void esperar(bool calma) {
@@ -346,15 +352,13 @@ class Mundo::Mano {
     if (p_->tipo == Tipo::Registradora || suyas().empty()) return;
     const auto& m = w_.maquinas_[suyas().front()];
     auto& fondo = programa_->fondo();
-    const configuracion::Destino destino{.grupo = p_->codigo,
-                                         .tipo = static_cast<TipoGrupo>(p_->tipo),
-                                         .addr = p_->addr};
+    const configuracion::Destino destino{
+        .grupo = p_->codigo, .tipo = static_cast<TipoGrupo>(p_->tipo), .addr = p_->addr};
     const auto estados = configuracion::estadoDe(*fondo.db, fondo.ajustes, destino);
     const auto g = cargar();
     if (!estados || !g) return w_.fallar(QStringLiteral("no se sabe qué se ha aceptado"));
     for (const auto& e : *estados) {
-      const auto envios =
-          configuracion::prepararEnvio(*fondo.db, fondo.ajustes, e.clase, destino);
+      const auto envios = configuracion::prepararEnvio(*fondo.db, fondo.ajustes, e.clase, destino);
       for (const auto& envio : *envios)
         for (const auto& [numero, miembro] : g->LasBalanzas) {
           const bool suyo = envio.maquina == configuracion::kTodoElGrupo || envio.maquina == numero;
@@ -381,8 +385,8 @@ class Mundo::Mano {
   }
 
   static constexpr Accion kQue[] = {
-      &Mano::guardarIgual,  &Mano::quitarMaquina, &Mano::anadirMaquina,  &Mano::cambiarDireccion,
-      &Mano::cambiarCodigo, &Mano::cambiarClase,  &Mano::configurar,     &Mano::borrarYReponer,
+      &Mano::guardarIgual,  &Mano::quitarMaquina, &Mano::anadirMaquina, &Mano::cambiarDireccion,
+      &Mano::cambiarCodigo, &Mano::cambiarClase,  &Mano::configurar,    &Mano::borrarYReponer,
       &Mano::recrear,       &Mano::copiar};
   Mundo& w_;
   Azar azar_;

@@ -78,17 +78,13 @@ QString texto(int clase, qint64 codigo, qint64 hora) {
   return QStringLiteral("clase %1 código %2 hora %3").arg(clase).arg(codigo).arg(hora);
 }
 
-// Some prefix of each machine's sales, not below its minimum length, adds up to `hay`. `cuales`:
-// gets them, last machine first.
-bool alcanza(const std::vector<std::vector<Suma>>& p, std::size_t i, const Suma& hay,
-             std::vector<Suma>* cuales = nullptr) {
+// Some prefix of each machine's sales, not below its minimum length, adds up to `hay`.
+bool alcanza(const std::vector<std::vector<Suma>>& p, std::size_t i, const Suma& hay) {
   if (i == p.size()) return hay == Suma{};
   for (const Suma& s : p[i]) {
     Suma resto = hay;
     sumar(resto, s, -1);
-    if (!alcanza(p, i + 1, resto, cuales)) continue;
-    if (cuales) cuales->push_back(s);
-    return true;
+    if (alcanza(p, i + 1, resto)) return true;
   }
   return false;
 }
@@ -191,7 +187,7 @@ std::map<std::array<qint64, 3>, Oraculo::Prefijos> Oraculo::prefijos(
     if (!esSuya(m)) continue;
     const auto fija = m.contado.find(clase);
     if (m.fuera && fija != m.contado.end())
-      for (const auto& [k, s] : fija->second) de(k, n) = {s};
+      for (const auto& [k, sumas] : fija->second) de(k, n) = sumas;
     const auto& libro = m.maquina->memoria().libro();
     for (std::size_t v = 0; !m.fuera && v < libro.size(); ++v) {
       const auto [codigo, hora] = noches::clave(*m.grupo, clase, libro[v]);
@@ -259,8 +255,7 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
   const auto mal = encaja(grupo, clase, minimo, enPeriodos(clase));
   if (!mal) return;
   const auto otras = conBandeja ? conLaBandeja(grupo, clase) : std::vector<Sumas>{};
-  if (std::ranges::any_of(otras,
-                          [&](const Sumas& s) { return !encaja(grupo, clase, minimo, s); }))
+  if (std::ranges::any_of(otras, [&](const Sumas& s) { return !encaja(grupo, clase, minimo, s); }))
     return;
   anotar(QStringLiteral("%1: grupo %2 (tipo %3), %4%5")
              .arg(cuando)
@@ -284,18 +279,23 @@ void Oraculo::seVan(const std::vector<std::size_t>& cuales, bool conBandeja) {
         posibles, [&](const Sumas& s) { return !encaja(grupo, clase, minimo, s); });
     if (hay == posibles.end())
       return contado(grupo, clase, minimo, conBandeja, QStringLiteral("antes de irse"));
-    std::vector<std::size_t> suyas;  // as prefijos() counts them, last first
-    for (std::size_t i = maquinas_.size(); i-- > 0;)
+    std::vector<std::size_t> suyas;  // as prefijos() counts them
+    for (std::size_t i = 0; i < maquinas_.size(); ++i)
       if (familia(maquinas_[i].grupo->codigo) == familia(grupo)) suyas.push_back(i);
-    for (const auto& [k, p] : prefijos(grupo, clase, minimo)) {
-      std::vector<Suma> sumas;
-      alcanza(p, 0, (*hay)[k], &sumas);
-      for (std::size_t i = 0; i < suyas.size(); ++i)
-        if (std::ranges::find(cuales, suyas[i]) != cuales.end())
-          maquinas_[suyas[i]].contado[clase][k] = sumas[i];
-    }
+    for (const auto& [k, p] : prefijos(grupo, clase, minimo))
+      for (std::size_t i = 0; i < suyas.size(); ++i) {
+        if (std::ranges::find(cuales, suyas[i]) == cuales.end()) continue;
+        Prefijos conEsta = p;
+        for (const Suma& s : p[i]) {
+          conEsta[i] = {s};
+          if (alcanza(conEsta, 0, (*hay)[k])) maquinas_[suyas[i]].contado[clase][k].push_back(s);
+        }
+      }
   }
-  for (const std::size_t i : cuales) maquinas_[i].fuera = true;
+  for (const std::size_t i : cuales) {
+    maquinas_[i].fuera = true;
+    maquinas_[i].puestas = maquinas_[i].maquina->memoria().puestas().size();
+  }
 }
 
 void Oraculo::puestaACero(std::size_t maquina) {
@@ -367,9 +367,8 @@ void Oraculo::semanas() {
 
 void Oraculo::stock() {
   std::map<std::array<qint64, 2>, qint64> debe;  // warehouse, article
-  base_.filas("SELECT CODGPO, Almacen FROM GRUPOS", [&](const Lector::Fila& f) {
-    almacenes_[familia(f.entero(0))] = f.entero(1);
-  });
+  base_.filas("SELECT CODGPO, Almacen FROM GRUPOS",
+              [&](const Lector::Fila& f) { almacenes_[familia(f.entero(0))] = f.entero(1); });
   Sumas s = enPeriodos(kPLUs, "p.stkADO<>0");
   base_.filas(
       "SELECT GRUPO, CODI, SUM(CON*stkADO), SUM(PES*stkADO) FROM TotSusti t JOIN Sustituidos d ON "
@@ -413,7 +412,8 @@ std::set<int> Oraculo::borradas(int grupo, const std::vector<int>& dudosas) {
   for (const auto& m : maquinas_) {
     if (familia(m.grupo->codigo) != suya) continue;
     const auto contado = m.contado.find(kGranTotal);
-    if (m.fuera && contado != m.contado.end()) sobra -= suma(contado->second);
+    if (m.fuera && contado != m.contado.end())
+      for (const auto& [k, sumas] : contado->second) sobra -= sumas.back()[2];
     for (std::size_t i = 0; !m.fuera && i < m.alEmpezar; ++i)
       sobra -= m.maquina->memoria().libro()[i].importe;
   }

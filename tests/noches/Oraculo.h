@@ -30,7 +30,8 @@ struct MaquinaViva {
   std::vector<Linea> lineas;
   std::map<int, std::size_t> balanzas = {};  // new scales by number: since which question
   bool fuera = false;                        // it has left the shop
-  std::map<int, Sumas> contado = {};         // then: what the books have of it, by kind
+  // Then, by kind and key: what the books may have of it, as far as can be told.
+  std::map<int, std::map<std::array<qint64, 3>, std::vector<Suma>>> contado = {};
 };
 
 class Oraculo {

@@ -65,8 +65,8 @@ std::vector<QString> tablasDeGrupo() {
 
 Resultado<> olvidarMaquinas(dao::Database& db, int grupo, const std::set<int>& maquinas) {
   for (const int maquina : maquinas)
-    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM ConfigAceptada WHERE GRUPO=? AND MAQUINA=?", grupo,
-                               maquina));
+    TARVO_INTENTAR(
+        db.ejecutar(u"DELETE FROM ConfigAceptada WHERE GRUPO=? AND MAQUINA=?", grupo, maquina));
   return {};
 }
 

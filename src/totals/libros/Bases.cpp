@@ -248,8 +248,8 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
 
 Resultado<> quitarDeLasBases(Database& db, const Ajustes& ajustes, int grupo, int addr) {
   for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.tipo));
-  TARVO_TOMAR(const auto suyas, db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND ADDR=?",
-                                       grupo, addr));
+  TARVO_TOMAR(const auto suyas,
+              db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND ADDR=?", grupo, addr));
   if (suyas.entero() == 0) return {};
   bool anunciado = false;
   TARVO_TOMAR(const auto cuando, momentoDelCero(db, grupo, addr, anunciado));

@@ -43,22 +43,23 @@ Resultado<> cambiarCodigoEn(Database& db, QStringView tabla, int antes, int ahor
   const auto enTabla = [tabla](QStringView sentencia) {
     return conMarcas(sentencia, {{u"tabla", tabla.toString()}});
   };
-  TARVO_INTENTAR(db.ejecutar(enTabla(u"UPDATE {tabla} SET CODI=? WHERE GRUPO IN (?, ?) AND CLASE=?"),
-                             ahora, antes, ahora, numeroDe(TipoTotal::GranTotal)));
   TARVO_INTENTAR(
-      db.ejecutar(enTabla(u"UPDATE {tabla} SET GRUPO=? WHERE GRUPO=?"), ahora, antes));
+      db.ejecutar(enTabla(u"UPDATE {tabla} SET CODI=? WHERE GRUPO IN (?, ?) AND CLASE=? AND "
+                          u"CODI=?"),
+                  ahora, antes, ahora, numeroDe(TipoTotal::GranTotal), antes));
+  TARVO_INTENTAR(db.ejecutar(enTabla(u"UPDATE {tabla} SET GRUPO=? WHERE GRUPO=?"), ahora, antes));
   return {};
 }
 
 Resultado<> cambiarPeriodos(Database& db, const ClaseTotal& c, int antes, int ahora) {
   const auto suyas = [&c](QStringView sentencia) {
-    return conMarcas(
-        sentencia,
-        {{u"tabla", NombreTabla(c.tipo)},
-         {u"claves", clavesDe(c)},
-         {u"resto", c.conHora ? u"CODI, HORA"_s : u"CODI"_s},
-         {u"sumando", u"CON=CON+excluded.CON, PES=PES+excluded.PES, [IMP]=[IMP]+excluded.[IMP], "
-                      u"SCO=SCO+excluded.SCO"_s}});
+    return conMarcas(sentencia,
+                     {{u"tabla", NombreTabla(c.tipo)},
+                      {u"claves", clavesDe(c)},
+                      {u"resto", c.conHora ? u"CODI, HORA"_s : u"CODI"_s},
+                      {u"sumando",
+                       u"CON=CON+excluded.CON, PES=PES+excluded.PES, [IMP]=[IMP]+excluded.[IMP], "
+                       u"SCO=SCO+excluded.SCO"_s}});
   };
   TARVO_INTENTAR(db.ejecutar(suyas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, [IMP], SCO) "
                                    u"SELECT LINK, ?, {resto}, CON, PES, [IMP], SCO FROM {tabla} "
@@ -73,12 +74,11 @@ Resultado<> cambiarPeriodos(Database& db, const ClaseTotal& c, int antes, int ah
 
 Resultado<> cambiarCodigo(Database& db, int antes, int ahora) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
-  // Of the periods too, before their rows move: no other group has a grand total of this code.
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE TOTGRT SET CODI=? WHERE GRUPO=? AND CODI=?", ahora, antes,
-                             antes));
-  TARVO_INTENTAR(db.ejecutar(u"UPDATE TOTGRT SET CODI=GRUPO WHERE GRUPO=? AND LINK=0", ahora));
-  for (const ClaseTotal& c : todasLasClases())
-    TARVO_INTENTAR(cambiarPeriodos(db, c, antes, ahora));
+  // Those of the inbox have moved, those of the periods are about to.
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE TOTGRT SET CODI=? WHERE CODI=? AND (GRUPO=? OR (GRUPO=? AND LINK=0))",
+                  ahora, antes, antes, ahora));
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(cambiarPeriodos(db, c, antes, ahora));
   for (const QStringView tabla : {u"LectFilas", u"BaseFilas", u"CeroFilas", u"TotSusti",
                                   u"PapeleraFilas", u"PapeleraTotSusti", u"PapeleraSuma"})
     TARVO_INTENTAR(cambiarCodigoEn(db, tabla, antes, ahora));
@@ -92,9 +92,9 @@ Resultado<> cambiarCodigo(Database& db, int antes, int ahora) {
 Resultado<> cambiarDirecciones(Database& db, int grupo, const std::map<int, int>& nuevas) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
   const auto poner = [&](const QString& tabla, int de, int a) -> Resultado<> {
-    TARVO_INTENTAR(db.ejecutar(conMarcas(u"UPDATE {tabla} SET ADDR=? WHERE GRUPO=? AND ADDR=?",
-                                         {{u"tabla", tabla}}),
-                               a, grupo, de));
+    TARVO_INTENTAR(db.ejecutar(
+        conMarcas(u"UPDATE {tabla} SET ADDR=? WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}), a,
+        grupo, de));
     return {};
   };
   const auto aparte = [](int direccion) { return -1 - direccion; };
@@ -109,9 +109,9 @@ Resultado<> olvidarCaja(Database& db, const Ajustes& ajustes, int grupo, int add
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
   TARVO_INTENTAR(quitarDeLasBases(db, ajustes, grupo, addr));
   for (const QString& tabla : kPorDireccion)
-    TARVO_INTENTAR(db.ejecutar(
-        conMarcas(u"DELETE FROM {tabla} WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}), grupo,
-        addr));
+    TARVO_INTENTAR(
+        db.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}),
+                    grupo, addr));
   return tr.confirmar();
 }
 

@@ -118,7 +118,8 @@ Resultado<std::optional<qint64>> Sesion::sinPeriodo(int grupo) {
   const bool espera = olvido || preguntado;
   std::optional<qint64> mayor;
   if (d->abierta != 2 && !espera) return mayor;
-  for (const TipoTotal tipo : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos}) {
+  for (const ClaseTotal& c : enVigor(ajustes_)) {
+    const TipoTotal tipo = c.tipo;
     TARVO_TOMAR(
         const auto rs,
         db_.consultar(
