@@ -77,9 +77,12 @@ void ListaDibujos::startDrag(Qt::DropActions) {
   arrastrar(*this, {de_, item->data(Qt::UserRole).toInt()}, ventana_, item->icon());
 }
 
-// The arrows walk; with Ctrl they take the machine along.
+// The arrows walk; with Ctrl they take the machine along. Return is for the picture, not for the
+// form's default button, which the list would leave it to.
 void ListaDibujos::keyPressEvent(QKeyEvent* evento) {
   const int aqui = currentRow();
+  if ((evento->key() == Qt::Key_Return || evento->key() == Qt::Key_Enter) && aqui >= 0)
+    return Q_EMIT itemActivated(currentItem());
   const auto vecino = [&]() -> std::optional<int> {
     const int columna = aqui % columnas_;
     switch (evento->key()) {
