@@ -60,7 +60,7 @@ struct comtvIP::Estado final : MaquinaDeEstados::Exterior {
   bool acabado = false;                         // no event follows any more
   int esperaColgar = 0;
   qint64 oidos = 0;  // bytes
-  int dentro = 0;  // events of clients that have not returned yet
+  int dentro = 0;    // events of clients that have not returned yet
   std::unique_ptr<Temporizador> limite, luego;
   std::vector<std::function<void()>> aplazados;  // calls to make 10 ms later
   MaquinaDeEstados maquina;
