@@ -34,6 +34,11 @@ EdiEtqu::EdiEtqu(Contexto& contexto, const QString& nombre, articles::Catalogo& 
   connect(qApp, &QApplication::focusChanged, this, [this] { actualizarOrdenes(); });
 }
 
+// The focus still moves while the controls are being destroyed.
+EdiEtqu::~EdiEtqu() {
+  qApp->disconnect(this);
+}
+
 Resultado<> EdiEtqu::entrar(const PuertaEdiEtqu&) {
   if (!actual_.isEmpty()) return {};
   TARVO_INTENTAR(lista_->abrir(listaEtiquetas()));

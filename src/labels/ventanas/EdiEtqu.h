@@ -29,6 +29,7 @@ class EdiEtqu final : public ventanas::Ventana {
   Q_OBJECT
  public:
   EdiEtqu(ventanas::Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo);
+  ~EdiEtqu() override;
   Resultado<> entrar(const PuertaEdiEtqu& puerta);
   bool QueryUnload() override;
 
