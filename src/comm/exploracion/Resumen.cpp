@@ -31,6 +31,24 @@ QString deGrupos(const Hallazgo& h, const Textos& t) {
   return t(nodal ? kTxHayNodal : kTxHayVek, {grupos.join(QStringLiteral("; "))});
 }
 
+// Without the capital letter of a sentence of its own.
+QString loQueHay(const Hallazgo& h, const Textos& t) {
+  switch (h.resultado) {
+    case ResultadoCanal::SinPuerto:
+      return t(textoDeRazon(h));
+    case ResultadoCanal::SinCts:
+      return t(kTxSinCts);
+    case ResultadoCanal::Cable:
+      return t(kTxNadaConocido + static_cast<int>(h.motivo), {h.sonda});
+    case ResultadoCanal::Modem:
+      return t(kTxHayModem);
+    case ResultadoCanal::Vek:
+    case ResultadoCanal::Nodal:
+      return deGrupos(h, t);
+  }
+  return {};
+}
+
 }  // namespace
 
 Cuentas contar(std::span<const Hallazgo> hallazgos) {
@@ -73,20 +91,8 @@ QString balanzas(const GrupoHallado& grupo, const Textos& t) {
 }
 
 QString queHay(const Hallazgo& h, const Textos& t) {
-  switch (h.resultado) {
-    case ResultadoCanal::SinPuerto:
-      return t(textoDeRazon(h));
-    case ResultadoCanal::SinCts:
-      return t(kTxSinCts);
-    case ResultadoCanal::Cable:
-      return t(kTxNadaConocido + static_cast<int>(h.motivo), {h.sonda});
-    case ResultadoCanal::Modem:
-      return t(kTxHayModem);
-    case ResultadoCanal::Vek:
-    case ResultadoCanal::Nodal:
-      return deGrupos(h, t);
-  }
-  return {};
+  QString texto = loQueHay(h, t);
+  return texto.replace(0, 1, texto.left(1).toUpper());
 }
 
 QString nombre(const Acceso& a, const Textos& t) {
@@ -94,7 +100,7 @@ QString nombre(const Acceso& a, const Textos& t) {
 }
 
 QString frase(const Hallazgo& h, const Textos& t) {
-  return t(kTxAccesoDice, {nombre(h.acceso, t), queHay(h, t)});
+  return t(kTxAccesoDice, {nombre(h.acceso, t), loQueHay(h, t)});
 }
 
 }  // namespace tarvo::exploracion

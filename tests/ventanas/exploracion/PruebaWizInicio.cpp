@@ -22,7 +22,7 @@ TEST(WizInicio, BuscaYEstrenaLaTienda) {
   EXPECT_EQ(lineas.filas(), 4);  // three ports and one address: each once
   ASSERT_TRUE(t.hasta([&] { return t.seVe(u"Resumen"); }));
   EXPECT_EQ(lineas.texto(0, u"estado"), u"Encontrado");
-  EXPECT_EQ(lineas.texto(0, u"que"), u"balanzas VEK: la estación 3, con las balanzas 0 y 2.");
+  EXPECT_EQ(lineas.texto(0, u"que"), u"Balanzas VEK: la estación 3, con las balanzas 0 y 2.");
   EXPECT_EQ(lineas.texto(1, u"estado"), u"Nada");
   EXPECT_EQ(t.control<QLabel>(u"Resumen")->text(),
             u"El asistente ha detectado 4 canales disponibles en su equipo, y 2 grupos de balanzas "

@@ -312,6 +312,8 @@ bool WizInicio::sustituye() const {
 void WizInicio::listarLoQueSeVa() {
   rotuloSeVan_->setVisible(sustituye());
   seVan_->setVisible(sustituye());
+  if (PasoWiz_ == Paso::Resultados && !porEstrenar_ && hallados_->filas() > 0)
+    queHara_->setText(t(sustituye() ? kTxEnLugarDeLosQueHay : kTxQueSeHace));
   if (!sustituye()) return;
   const auto todos = aplicador_.loQueSeVa();
   if (!haIdoBien(todos)) return;

@@ -24,7 +24,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr QSize kTamanoWiz{860, 560};
+constexpr QSize kTamanoWiz{980, 600};
 constexpr int kAltoPuertos = 130, kAltoOtros = 90, kLatidoMs = 100;
 
 QLabel* parrafo(const QString& nombre, const QString& texto, QWidget* padre) {
@@ -82,6 +82,7 @@ QWidget* WizInicio::montarPre() {
   auto* rotulo = new QLabel(t(kTxPuertosDelEquipo), pagina);
   listaPuertos_ = new QListWidget(pagina);
   listaPuertos_->setObjectName(u"puertos"_s);
+  listaPuertos_->setSpacing(ventanas::escalar(ventanas::kPaso / 2));
   listaPuertos_->setMinimumHeight(ventanas::escalar(kAltoPuertos));
   rotulo->setBuddy(listaPuertos_);
   pila->addWidget(rotulo);
@@ -131,18 +132,18 @@ QWidget* WizInicio::montarPoll() {
   pila->addWidget(avance_);
   lineas_ = lista(u"lineas"_s, pagina);
   lineas_->preparar(contexto(), nombre(),
-                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 210},
+                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 170},
                      {.titulo = ventanas::kTxEstado,
                       .campo = u"estado"_s,
-                      .clase = Clase::Entero,
-                      .ancho = 110,
+                      .ancho = 140,
                       .ver =
                           [this](const dao::Valor& v) {
                             return t(kTxEstadoLinea + static_cast<int>(v.entero()));
                           },
                       .estado = estadoDe},
-                     {.titulo = ventanas::kTxResultado, .campo = u"que"_s}});
+                     {.titulo = ventanas::kTxResultado, .campo = u"que"_s, .ancho = 480}});
   lineas_->vivas();
+  lineas_->ponerBusca(false);
   pila->addWidget(lineas_, 1);
   Resumen_ = parrafo(u"Resumen"_s, {}, pagina);
   Consecuencia_ = parrafo(u"Consecuencia"_s, {}, pagina);
