@@ -15,7 +15,7 @@ using ventanas::Estado;
 
 namespace {
 
-constexpr size_t kEsperanVistos = 3;
+constexpr qsizetype kNombradosDebe = 3;
 
 // One that can be finished is finished in its own window; any can be undone from the list of its
 // section.
@@ -67,7 +67,7 @@ void anadirDebe(VistaManana& vista, std::span<const envios::Debe> debe, const Te
   }
   const auto linea = [&](Estado estado, int texto, const QStringList& cuales, int grupo) {
     if (cuales.isEmpty()) return;
-    QStringList vistos = cuales.mid(0, static_cast<qsizetype>(kEsperanVistos));
+    QStringList vistos = cuales.mid(0, kNombradosDebe);
     if (const auto mas = cuales.size() - vistos.size(); mas > 0)
       vistos << Plural(textos(kTxYMas), static_cast<int>(mas));
     vista.avisos.push_back({.estado = estado,
