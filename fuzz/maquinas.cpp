@@ -4,6 +4,7 @@
 #include <cstdlib>
 
 #include "comm/maquinas/Articulo.h"
+#include "comm/maquinas/Balanzas.h"
 #include "comm/maquinas/Caja.h"
 #include "comm/maquinas/Letras.h"
 #include "comm/maquinas/Nodal.h"
@@ -44,6 +45,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* bytes, size_t tamano) {
     usar(caja::leerGranTotal(d, rigor));
     usar(caja::leerDepartamento(d, rigor));
   }
+  const auto estan = leerBalanzas(d);
+  exigir(!estan || (static_cast<qsizetype>(estan->size()) == d.size() && !estan->empty()));
   caja::finDeLista(caja::kArticulos, d);
   caja::finDeLista(caja::kTotales, d);
   const auto ficha = leerFicha(d);

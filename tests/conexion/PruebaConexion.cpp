@@ -128,7 +128,7 @@ TEST_F(Conexion, ParadaYSinLinea) {
   ASSERT_TRUE(acabar());
   EXPECT_EQ(acabadas, 1);
   EXPECT_EQ(dicho().toStdString(), u"Abierto SinProbar SinProbar"_s.toStdString());
-  EXPECT_EQ(resumido(), u"Prueba parada: han contestado 0 de 2.");
+  EXPECT_EQ(resumido(), u"Prueba parada: ha contestado 0 de 2.");
   EXPECT_TRUE(libre());
   // A line that never says how its opening, or its closing, has ended.
   fabrica.mudos = true;

@@ -135,24 +135,26 @@ bool todoBien(const Prueba& prueba) {
 
 QString resumen(const Prueba& prueba, const Textos& textos) {
   const auto& filas = prueba.contestaciones();
-  const auto todas = std::ranges::count_if(filas, esMaquina);
-  const auto vivas = std::ranges::count_if(filas, contesto);
-  const auto otras = std::ranges::count(filas, Que::Sobra, &Contestacion::que);
+  const auto cuantas = [&](const auto& cual) {
+    return static_cast<int>(std::ranges::count_if(filas, cual));
+  };
+  const int todas = cuantas(esMaquina), vivas = cuantas(contesto);
+  const int otras = cuantas([](const Contestacion& c) { return c.que == Que::Sobra; });
   if (prueba.error()) return prueba.error()->texto;
   switch (prueba.fin()) {
     case Prueba::Fin::Cedida:
-      return textos(kTxCedida, {vivas, todas});
+      return Plural(textos(kTxCedida, {todas}), vivas);
     case Prueba::Fin::Parada:
-      return textos(kTxParada, {vivas, todas});
+      return Plural(textos(kTxParada, {todas}), vivas);
     case Prueba::Fin::Entera:
       break;
   }
   if (filas.front().que == Que::NoAbre)
     return textos(kTxNoSeLlega, {nombreDe(filas.front(), prueba.peticion(), textos)});
-  const QString de = vivas == todas ? Plural(textos(kTxTodasContestan), static_cast<int>(todas))
+  const QString de = vivas == todas ? Plural(textos(kTxTodasContestan), todas)
                      : vivas == 0   ? textos(kTxNingunaContesta)
-                                    : textos(kTxAlgunasContestan, {vivas, todas});
-  return otras == 0 ? de : de + u' ' + Plural(textos(kTxOtrasContestan), static_cast<int>(otras));
+                                    : Plural(textos(kTxAlgunasContestan, {todas}), vivas);
+  return otras == 0 ? de : de + u' ' + Plural(textos(kTxOtrasContestan), otras);
 }
 
 }  // namespace tarvo::conexion

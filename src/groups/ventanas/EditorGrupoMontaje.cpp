@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QRegularExpressionValidator>
 
 #include "core/ventanas/TextosVentanas.h"
@@ -80,7 +81,9 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo) {
                     {},
                     [this] { hojaDeGrupo<PuertaAvanGpo>(kTxAvanzadas); },
                     conTipo});
-  ordenes_->anadir({u"Probar"_s, kTxProbar, u"conectado"_s, Qt::Key_F9, [this] { probar(); }});
+  // Its button is beside the access.
+  ordenes_->anadir(
+      {u"Probar"_s, kTxProbar, u"conectado"_s, Qt::Key_F9, [this] { probar(); }, {}, 0, false});
   ordenes_->separar();
   auto* menu = new QMenu(this);
   montarMenuEnvio(*menu);
@@ -273,6 +276,9 @@ void EditorGrupo::montarAcceso(Formulario f) {
                     .letras = 2});
     vigilar(*dir_, Grupos::FaltaDe::Direccion);
   }
+  auto* boton = g.boton(kTxProbar, u"BotonProbar"_s, [this] { probar(); });
+  boton->setToolTip(u"F9"_s);
+  g.enLinea({boton, nullptr});
   g.muelle();
 }
 

@@ -49,7 +49,7 @@ TEST_F(ProbarConexion, SeLeeYSeRepite) {
   EXPECT_EQ(dicho(v),
             u"Cable del canal 1=Abierto|1 · Rowan=Contesta|3 · Cedar=El grupo no la encuentra|"
             u"Balanza número 2=Contesta y no está en el grupo");
-  EXPECT_TRUE(v->tira().texto().startsWith(u"Contestan 1 de las 2 máquinas"));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Contesta 1 de las 2 máquinas"));
   EXPECT_EQ(lista(v).filaActual(), 2) << "what is to be looked at";
   const auto* consejo = v->findChild<QLabel*>(u"Consejo"_s);
   EXPECT_TRUE(consejo->text().contains(u"que su número sea el 3"));

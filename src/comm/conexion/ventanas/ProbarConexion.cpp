@@ -74,6 +74,11 @@ ProbarConexion::ProbarConexion(Contexto& c, const QString& nombre, const Servici
   unir(ui_.Parar, u"parar"_s, Qt::Key_F8, [this] { parar(); });
   ui_.lista->ponerAcciones({ui_.OtraVez, ui_.Parar});
   ui_.Consejo->setMinimumHeight(kLineasDeConsejo * ui_.Consejo->fontMetrics().lineSpacing());
+  for (QWidget* w : std::initializer_list<QWidget*>{ui_.Avance, ui_.rotConsejo}) {
+    QSizePolicy sitio = w->sizePolicy();
+    sitio.setRetainSizeWhenHidden(true);  // the list doesn't jump
+    w->setSizePolicy(sitio);
+  }
   connect(ui_.Salida, &QPushButton::clicked, this, [this] { aceptar(); });
   connect(ui_.lista, &Parrilla::actualCambiada, this, [this] { pintarConsejo(); });
   connect(ui_.lista, &Parrilla::fallo, this, [this](const Error& e) { decirFallo(e); });
