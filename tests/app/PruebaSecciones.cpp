@@ -146,6 +146,8 @@ TEST(Grupos, LoQueSeSabeDeUnGrupoVaConEl) {
   t.sql(u"update Olvidos set SEC=1"_s);  // closed without memorising
   EXPECT_FALSE(grupos.guardar(g, 9, u"Nueve"_s));
   t.sql(u"delete from Olvidos"_s);
+  EXPECT_FALSE(grupos.guardar(g, 9, u"Nueve"_s)) << "a reading waits for an answer";
+  t.sql(u"delete from Dudas"_s);
   bien(grupos.guardar(g, 9, u"Nueve"_s));
   EXPECT_EQ(t.leer(u"select count(*) from BaseFilas where GRUPO=9"_s), u"0");
 }
@@ -208,8 +210,10 @@ TEST(Secciones, SeSabeQueVentasSeIrian) {
   std::vector<totals::Aviso> avisos;
   bien(t.aplicacion.sesion().PrepararRecepcion(9, TipoTotal::GranTotal));
   bien(t.aplicacion.sesion().guardarLectura(9, TipoTotal::GranTotal, lectura, avisos));
+  bien(t.aplicacion.sesion().PrepararRecepcion(10, TipoTotal::Horario));
+  bien(t.aplicacion.sesion().guardarLectura(10, TipoTotal::Horario, lectura, avisos));
   const auto ventas = bien(secciones.loQueSeVa(3)).ventas;
-  ASSERT_EQ(ventas.size(), 1U);
+  ASSERT_EQ(ventas.size(), 2U) << "known by hours alone as well";
   EXPECT_EQ(std::tuple(ventas[0].grupo, ventas[0].nombre, ventas[0].importe),
             std::tuple(9, u"Puerto"_s, qint64{1250}));
 }

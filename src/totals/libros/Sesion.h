@@ -73,8 +73,8 @@ class Sesion {
   // Closes the session in a transaction of its own, with that record if it holds sales.
   Resultado<> cerrarSinMemorizar();
   // The amount of the group's sales in the inbox that are in no period, in minor units of the
-  // stored money, from the kind that knows most: of the open session, or of one that was closed
-  // without them. Nothing if there are none.
+  // stored money, from the kind that knows most: of the open session, of one that was closed
+  // without them, or of a reading that waits for an answer. Nothing if there are none.
   Resultado<std::optional<qint64>> sinPeriodo(int grupo);
   // The groups with sales of the open session in no period and no longer in their machines, which
   // were told to forget after the reading.

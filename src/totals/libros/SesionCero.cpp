@@ -2,6 +2,7 @@
 // once the machine has confirmed.
 #include "core/dao/Marcas.h"
 #include "totals/libros/Confirmados.h"
+#include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
@@ -113,9 +114,12 @@ Resultado<> Sesion::anotarCierreFallido() {
 
 Resultado<std::optional<qint64>> Sesion::sinPeriodo(int grupo) {
   TARVO_TOMAR(const auto olvido, olvidadoSinMemorizar(db_, grupo));
+  TARVO_TOMAR(const bool preguntado, hayDudas(db_, grupo));
+  const bool espera = olvido || preguntado;
   std::optional<qint64> mayor;
-  if (d->abierta != 2 && !olvido) return mayor;
-  for (const TipoTotal tipo : {TipoTotal::GranTotal, TipoTotal::PLUs, TipoTotal::Departamentos}) {
+  if (d->abierta != 2 && !espera) return mayor;
+  for (const ClaseTotal& c : enVigor(ajustes_)) {
+    const TipoTotal tipo = c.tipo;
     TARVO_TOMAR(
         const auto rs,
         db_.consultar(
@@ -124,7 +128,7 @@ Resultado<std::optional<qint64>> Sesion::sinPeriodo(int grupo) {
                            u"AND NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=? AND CLASE=? "
                            u"AND l.LINK IS NOT NULL AND APARTE=0)",
                            {{u"tabla", NombreTabla(tipo)}, {u"enSesion", CampoSesion(tipo)}}),
-            grupo, olvido.has_value(), grupo, grupo, numeroDe(tipo)));
+            grupo, espera, grupo, grupo, numeroDe(tipo)));
     if (rs->entero(0) > 0) mayor = std::max(mayor.value_or(rs->entero(1)), rs->entero(1));
   }
   return mayor;
