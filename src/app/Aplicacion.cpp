@@ -60,11 +60,14 @@ struct Aplicacion::Interior {
         {.olvidar = [this](int grupo) { return gestcomm.olvidarGrupo(grupo); },
          .tablas = {},
          .puedeIrse = [this](int grupo) { return gestcomm.puedeIrse(grupo); },
-         .tareas = [this](int grupo) { return gestcomm.tareasDe(grupo); }});
+         .tareas = [this](int grupo) { return gestcomm.tareasDe(grupo); },
+         .cambiado =
+             [this](const auto& cambio) { gestcomm.grupoCambiado(cambio.antes, cambio.ahora); }});
     articles::Cambios::DeOtraSala libros{
         [this](int grupo) { return totals::olvidarGrupo(db, grupo); }, {}};
     for (const auto& t : totals::tablasDeGrupo()) libros.tablas.push_back({t.tabla, t.donde});
     libros.ventas = [this](int grupo) { return sesion.sinPeriodo(grupo); };
+    libros.cambia = [this](const auto& cambio) { return cambiarEnLosLibros(cambio); };
     catalogo.cambios().guardaPorGrupo(std::move(libros));
     articles::Cambios::DeOtraSala listas{
         [this](int grupo) { return tareas::olvidarGrupo(db, grupo); }, {}};
@@ -75,7 +78,19 @@ struct Aplicacion::Interior {
     for (const auto& suyas : {envios::tablasDeGrupo(), configuracion::tablasDeGrupo()})
       for (const QString& tabla : suyas) enviado.tablas.push_back({tabla, {}});
     enviado.conClave = true;
+    enviado.cambia = [this](const auto& cambio) {
+      return configuracion::olvidarMaquinas(db, cambio.ahora, cambio.otrasMaquinas);
+    };
     catalogo.cambios().guardaPorGrupo(std::move(enviado));
+  }
+
+  Resultado<> cambiarEnLosLibros(const articles::Cambios::CambioDeGrupo& c) {
+    if (c.antes != c.ahora) TARVO_INTENTAR(totals::cambiarCodigo(db, c.antes, c.ahora));
+    if (!c.direcciones.empty())
+      TARVO_INTENTAR(totals::cambiarDirecciones(db, c.ahora, c.direcciones));
+    for (const int addr : c.cajasQueSeVan)
+      TARVO_INTENTAR(totals::olvidarCaja(db, casa.ajustes, c.ahora, addr));
+    return {};
   }
 
   dao::Database& db;

@@ -64,6 +64,15 @@ class Cambios {
   struct TablaAjena {
     QString tabla, donde;
   };
+  // How a stored group becomes other than it was.
+  struct CambioDeGrupo {
+    int antes = 0, ahora = 0;  // its codes
+    bool otraClase = false;
+    std::set<int> otrasMaquinas = {};     // numbers whose machine has left, or is another model
+    std::map<int, int> direcciones = {};  // of registers that get another one: from, to
+    std::set<int> cajasQueSeVan = {};     // by address
+    bool hayOtrasCajas() const { return !direcciones.empty() || !cajasQueSeVan.empty(); }
+  };
   struct DeOtraSala {
     std::function<Resultado<>(int grupo)> olvidar;
     std::vector<TablaAjena> tablas;
@@ -76,6 +85,10 @@ class Cambios {
     std::function<int(int grupo)> tareas = {};
     // Its tables follow the group's row by a foreign key.
     bool conClave = false;
+    // In the transaction that stores a group, after its rows have its new code; may be empty.
+    std::function<Resultado<>(const CambioDeGrupo&)> cambia = {};
+    // Once it is stored; may be empty.
+    std::function<void(const CambioDeGrupo&)> cambiado = {};
   };
   void guardaPorGrupo(DeOtraSala sala) { salas_.push_back(std::move(sala)); }
   const std::vector<DeOtraSala>& salas() const { return salas_; }

@@ -1,6 +1,9 @@
 #include "groups/Grupos.h"
 
 #include <algorithm>
+#include <iterator>
+#include <map>
+#include <ranges>
 #include <set>
 
 #include "core/dao/Marcas.h"
@@ -10,6 +13,7 @@
 namespace tarvo::groups {
 
 using namespace Qt::StringLiterals;
+using articles::Cambios;
 using dao::conMarcas;
 using dao::Transaccion;
 
@@ -32,6 +36,37 @@ void faltasDeCajas(const devices::Grupo& g, const Textos& textos, QStringList& f
     else if (!vistas.insert(suya).second)
       faltas += textos(kTxDireccionRepetida);
   }
+}
+
+int modelo(const devices::Miembro& m) {
+  return std::visit([](const auto& maquina) { return maquina.tipo(); }, m);
+}
+
+std::map<int, int> direccionesDe(const devices::Grupo& g) {
+  std::map<int, int> d;
+  for (const auto& [numero, miembro] : g.LasBalanzas)
+    if (const auto* caja = std::get_if<devices::Registradora>(&miembro))
+      d[numero] = caja->Direccion.value_or(0);
+  return d;
+}
+
+// With the same numbers as before a register keeps its number. A list that became longer or shorter
+// may have been numbered anew: then its address tells which it is, as it does in the books; and so
+// it does where the same addresses are only in another order.
+void compararCajas(const devices::Grupo& antes, const devices::Grupo& ahora,
+                   Cambios::CambioDeGrupo& c) {
+  const auto viejas = direccionesDe(antes), nuevas = direccionesDe(ahora);
+  std::set<int> teniendo, quedan;
+  for (const auto& [numero, direccion] : viejas) teniendo.insert(direccion);
+  for (const auto& [numero, direccion] : nuevas) quedan.insert(direccion);
+  if (teniendo == quedan) return;
+  if (std::ranges::equal(std::views::keys(viejas), std::views::keys(nuevas))) {
+    for (const auto& [numero, direccion] : viejas)
+      if (nuevas.at(numero) != direccion) c.direcciones[direccion] = nuevas.at(numero);
+    return;
+  }
+  std::ranges::set_difference(teniendo, quedan,
+                              std::inserter(c.cajasQueSeVan, c.cajasQueSeVan.end()));
 }
 
 }  // namespace
@@ -94,10 +129,18 @@ Resultado<QStringList> Grupos::faltas(const devices::Grupo& g, int codigo, const
   return f;
 }
 
-Resultado<std::optional<TipoGrupo>> Grupos::tipoGuardado(int codigo) {
-  TARVO_TOMAR(const auto tipo,
-              db_.uno(u"SELECT COALESCE(tipo, 1) FROM GRUPOS WHERE CODGPO=?", codigo));
-  return deNumero<TipoGrupo>(tipo.entero());
+// Under what is stored of it: a number or an address says which machine it is.
+Resultado<Cambios::CambioDeGrupo> Grupos::cambioDe(const devices::Grupo& g, int codigo) {
+  TARVO_TOMAR(const auto antes, cargar(*g.codigo()));
+  Cambios::CambioDeGrupo c{.antes = *g.codigo(), .ahora = codigo};
+  c.otraClase = antes.tipo() != g.tipo();
+  for (const auto& [numero, miembro] : antes.LasBalanzas) {
+    const auto ahora = g.LasBalanzas.find(numero);
+    if (c.otraClase || ahora == g.LasBalanzas.end() || modelo(ahora->second) != modelo(miembro))
+      c.otrasMaquinas.insert(numero);
+  }
+  if (!c.otraClase && g.tipo() == TipoGrupo::Registradoras) compararCajas(antes, g, c);
+  return c;
 }
 
 Resultado<> Grupos::puedeCambiar(int codigo) {
@@ -106,13 +149,12 @@ Resultado<> Grupos::puedeCambiar(int codigo) {
   return {};
 }
 
-Resultado<> Grupos::olvidarMaquinas(int codigo) {
+Resultado<> Grupos::sinVentasQueSeVayan(int codigo, int texto) {
   for (const auto& sala : cambios_.salas()) {
     if (!sala.ventas) continue;
     TARVO_TOMAR(const auto importe, sala.ventas(codigo));
-    if (importe) return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntesDeCambiar, {codigo}));
+    if (importe) return fallo(Fallo::Restriccion, textos_(texto, {codigo}));
   }
-  for (const auto& sala : cambios_.salas()) TARVO_INTENTAR(sala.olvidar(codigo));
   return {};
 }
 
@@ -138,15 +180,25 @@ Resultado<> Grupos::guardar(devices::Grupo& g, int codigo, const QString& nombre
   TARVO_TOMAR(const auto mal, faltas(g, codigo, nombre));
   if (!mal.isEmpty()) return fallo(Fallo::Restriccion, mal.join(u'\n'));
   TARVO_TOMAR(auto t, Transaccion::empezar(db_));
+  Cambios::CambioDeGrupo c{.antes = codigo, .ahora = codigo};
   if (const auto antes = g.codigo()) {
-    TARVO_TOMAR(const auto tipo, tipoGuardado(*antes));
-    const bool otraClase = tipo != g.tipo();
-    if (otraClase || *antes != codigo) TARVO_INTENTAR(puedeCambiar(*antes));
-    if (otraClase) TARVO_INTENTAR(olvidarMaquinas(*antes));
+    TARVO_TOMAR(c, cambioDe(g, codigo));
+    if (c.otraClase || *antes != codigo || c.hayOtrasCajas()) TARVO_INTENTAR(puedeCambiar(*antes));
+    if (c.otraClase) {
+      TARVO_INTENTAR(sinVentasQueSeVayan(*antes, kTxMemoriceAntesDeCambiar));
+      for (const auto& sala : cambios_.salas()) TARVO_INTENTAR(sala.olvidar(*antes));
+    } else if (!c.cajasQueSeVan.empty()) {
+      TARVO_INTENTAR(sinVentasQueSeVayan(*antes, kTxMemoriceAntesDeQuitar));
+    }
     if (*antes != codigo) TARVO_INTENTAR(mudar(*antes, codigo));
   }
   TARVO_INTENTAR(g.SaveAs(db_, codigo, nombre.trimmed()));
-  return t.confirmar();
+  for (const auto& sala : cambios_.salas())
+    if (sala.cambia) TARVO_INTENTAR(sala.cambia(c));
+  TARVO_INTENTAR(t.confirmar());
+  for (const auto& sala : cambios_.salas())
+    if (sala.cambiado) sala.cambiado(c);
+  return {};
 }
 
 Resultado<> Grupos::renombrar(int codigo, const QString& nombre) {

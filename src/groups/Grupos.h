@@ -38,10 +38,12 @@ class Grupos {
 
   // What keeps the group from being stored under that code and name, in words; empty for nothing.
   Resultado<QStringList> faltas(const devices::Grupo& grupo, int codigo, const QString& nombre);
-  // In one transaction. Under another code the group takes along all that is kept by its old one.
-  // With machines of another kind what the books and the queue know of the old ones is forgotten:
-  // Restriccion while the inbox has sales of them that no period has. Ocupado when a machine is
-  // being talked to and the code or the kind changes.
+  // In one transaction. Under another code the group takes along all that is kept by its old one,
+  // in the periods as well. With machines of another kind what the books and the queue know of the
+  // old ones is forgotten, and so is what is known of a register that leaves; one whose address
+  // changes takes it along. Restriccion while the inbox has sales that no period has of machines
+  // that leave. Ocupado when a machine is being talked to and the code, the kind or the registers
+  // change.
   Resultado<> guardar(devices::Grupo& grupo, int codigo, const QString& nombre);
   Resultado<> renombrar(int codigo, const QString& nombre);
   // The new group's code. Nothing that other rooms keep of the old one goes with it.
@@ -63,9 +65,9 @@ class Grupos {
 
  private:
   friend class BorradoGrupo;
-  Resultado<std::optional<TipoGrupo>> tipoGuardado(int codigo);
+  Resultado<articles::Cambios::CambioDeGrupo> cambioDe(const devices::Grupo& grupo, int codigo);
   Resultado<> puedeCambiar(int codigo);
-  Resultado<> olvidarMaquinas(int codigo);
+  Resultado<> sinVentasQueSeVayan(int codigo, int texto);
   Resultado<> mudar(int de, int a);
 
   dao::Database& db_;

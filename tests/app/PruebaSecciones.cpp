@@ -152,6 +152,77 @@ TEST(Grupos, LoQueSeSabeDeUnGrupoVaConEl) {
   EXPECT_EQ(t.leer(u"select count(*) from BaseFilas where GRUPO=9"_s), u"0");
 }
 
+// Numbers and addresses of the registers as they are stored, each with a memorised counter whose
+// code is its address; then what is known of which. A scale that left is not the one that comes.
+TEST(Grupos, CadaMaquinaConservaLoSuyo) {
+  Entera t;
+  t.seccion(3).grupo({.codigo = 9}).grupo({.codigo = 8});
+  groups::Grupos grupos(t.aplicacion.catalogo(), t.fondo->ajustes);
+  auto g = bien(grupos.cargar(9));
+  const auto guardar = [&](const std::map<int, int>& direcciones) {
+    g.LasBalanzas.clear();
+    for (const auto& [numero, direccion] : direcciones) {
+      devices::Registradora caja;
+      caja.Direccion = direccion;
+      g.LasBalanzas.emplace(numero, caja);
+    }
+    return grupos.guardar(g, 9, u"Cajas"_s);
+  };
+  g.tipo(TipoGrupo::Registradoras);
+  const struct {
+    std::map<int, int> ahora;
+    QString queda;
+  } casos[] = {{{{1, 1}, {2, 5}, {3, 3}}, u"1:1 3:3 5:2"_s},
+               {{{1, 2}, {2, 3}, {3, 4}}, u"2:1 3:2 4:3"_s},
+               {{{1, 2}, {2, 1}, {3, 3}}, u"1:1 2:2 3:3"_s},
+               {{{1, 2}, {2, 3}}, u"2:2 3:3"_s},
+               {{{1, 1}, {2, 2}, {3, 3}, {4, 4}}, u"1:1 2:2 3:3"_s}};
+  for (const auto& c : casos) {
+    t.sql(u"delete from BaseFilas"_s);
+    bien(guardar({{1, 1}, {2, 2}, {3, 3}}));
+    for (int d = 1; d <= 3; ++d)
+      t.sql(
+          u"insert into BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON) values (9, 16, %1, %1, 0, 5)"_s
+              .arg(d));
+    bien(guardar(c.ahora));
+    EXPECT_EQ(t.leer(u"select ADDR & ':' & CODI from BaseFilas order by ADDR"_s)
+                  .replace(u" | "_s, u" "_s),
+              c.queda);
+  }
+  auto b = bien(grupos.cargar(8));
+  for (const int numero : {1, 7}) b.LasBalanzas.emplace(numero, devices::Balanza());
+  bien(grupos.guardar(b, 8, u"Ocho"_s));
+  t.sql(u"insert into ConfigAceptada (GRUPO, MAQUINA, CLASE) values (8, 7, 2)"_s);
+  b.LasBalanzas.erase(7);
+  bien(grupos.guardar(b, 8, u"Ocho"_s));
+  EXPECT_EQ(t.leer(u"select count(*) from ConfigAceptada"_s), u"0");
+}
+
+// Its grand totals have its code; a group that had the new one before has left rows in a period.
+TEST(Grupos, ElCodigoNuevoLlegaALosPeriodosYALaCola) {
+  Entera t;
+  t.seccion(3).grupo({.codigo = 9});
+  t.sql(u"update GRUPOS set REMOTO=4, TELEF='x'"_s);
+  for (const QStringView fila :
+       {u"TOTGRT (LINK, GRUPO, CODI, CON, IMP) values (5, 9, 9, 2, 100), (5, 12, 12, 1, 1)",
+        u"TOTPLU (LINK, GRUPO, CODI, CON, IMP) values (5, 9, 10, 2, 100)",
+        u"BaseFilas (GRUPO, CLASE, ADDR, CODI, HORA, CON) values (9, 17, 0, 9, 0, 2)"})
+    t.sql(u"insert into "_s + fila.toString());
+  auto& motor = t.aplicacion.gestcomm();
+  motor.CambioAModo(false);
+  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot), 0);
+  groups::Grupos grupos(t.aplicacion.catalogo(), t.fondo->ajustes);
+  auto g = bien(grupos.cargar(9));
+  g.Telefono = u"otro"_s;
+  g.LasBalanzas.emplace(1, devices::Balanza());
+  bien(grupos.guardar(g, 12, u"Doce"_s));
+  EXPECT_EQ(t.leer(u"select GRUPO, CODI, CON, IMP from TOTGRT"_s), u"12 12 3 101");
+  EXPECT_EQ(t.leer(u"select GRUPO, CODI, IMP from TOTPLU"_s), u"12 10 100");
+  EXPECT_EQ(t.leer(u"select GRUPO, CODI from BaseFilas"_s), u"12 12");
+  const auto tarea = motor.tareas().front().datos;
+  EXPECT_EQ(std::pair(tarea.Grupo, tarea.Telefono), std::pair(12, u"otro"_s));
+}
+
 // Somebody emptied GRUPOS with another program: the group made anew must not take the base of a
 // lost one for its own, nor may what the inbox still holds of it go.
 TEST(Secciones, ElPrimerGrupoNoHeredaDeLosPerdidos) {

@@ -63,6 +63,13 @@ std::vector<QString> tablasDeGrupo() {
   return {u"ConfigAceptada"_s};
 }
 
+Resultado<> olvidarMaquinas(dao::Database& db, int grupo, const std::set<int>& maquinas) {
+  for (const int maquina : maquinas)
+    TARVO_INTENTAR(
+        db.ejecutar(u"DELETE FROM ConfigAceptada WHERE GRUPO=? AND MAQUINA=?", grupo, maquina));
+  return {};
+}
+
 Resultado<> anunciar(dao::Database& db, int grupo, TipoTarea clase, int maquina) {
   TARVO_INTENTAR(db.ejecutar(
       u"UPDATE ConfigAceptada SET HUELLA=NULL WHERE GRUPO=? AND CLASE=? AND (? OR MAQUINA=?)",

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "comm/configuracion/Envio.h"
@@ -16,6 +17,8 @@ dao::TablasDeSala tablasConfiguracion();
 // GRUPO, which follow the group's row.
 std::vector<QString> tablasDeGrupo();
 
+// Machines of the group, by number, have left it, or others have taken their place.
+Resultado<> olvidarMaquinas(dao::Database& db, int grupo, const std::set<int>& maquinas);
 // Called before the first frame of a machine (kTodoElGrupo: of all) is sent: until it has accepted
 // all of them, what it holds is unknown. Inside the caller's transaction, if there is one.
 Resultado<> anunciar(dao::Database& db, int grupo, TipoTarea clase, int maquina);

@@ -119,6 +119,32 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
   return 0;
 }
 
+// Those under way end as they began. A group that can't be read leaves them as they are: they are
+// given up when their turn comes.
+void gestcomm::Interior::mudarTareas(int antes, int ahora) {
+  const auto llave = [antes, ahora](auto& mapa) {
+    if (auto nodo = mapa.extract(antes)) nodo.key() = ahora, mapa.insert(std::move(nodo));
+  };
+  if (antes != ahora) llave(lecturas), llave(borrados), llave(clasesFallidas);
+  if (gruposFallidos.erase(antes) > 0) gruposFallidos.insert(ahora);
+  for (DatosTarea& que : quitadas)
+    if (que.Grupo == antes) que.Grupo = ahora;
+  const auto grupo = leerGrupo(ahora);
+  if (!grupo || !*grupo) return;
+  for (auto& [id, t] : tareas) {
+    if (t->datos.Grupo != antes || t->Estado == kTerminado || t->Estado == kAbriendo ||
+        t->Estado == kTransfiriendo || t->Estado == kRetenido)
+      continue;
+    DatosTarea datos = **grupo;
+    datos.Id = id, datos.Clase = t->datos.Clase, datos.paso = t->datos.paso;
+    datos.Todo = t->datos.Todo, datos.Desde = t->datos.Desde, datos.Hasta = t->datos.Hasta;
+    if (datos == t->datos) continue;
+    t->datos = std::move(datos);
+    t->acceso = accesoDe(t->datos);
+    t->trabajo.reset();
+  }
+}
+
 TareaViva* gestcomm::Interior::tarea(int id) {
   const auto it = tareas.find(id);
   return it == tareas.end() ? nullptr : it->second.get();

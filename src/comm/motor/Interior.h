@@ -132,6 +132,7 @@ struct gestcomm::Interior {
   int nueva(const DatosTarea& que);
   void hacerEsperar(const TareaViva& t);
   Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
+  void mudarTareas(int antes, int ahora);
   // Whether its code is still a group's: what comes for one that was deleted is stored nowhere.
   Resultado<bool> hayGrupo(int grupo);
   TareaViva* tarea(int id);

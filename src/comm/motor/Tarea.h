@@ -59,6 +59,7 @@ struct DatosTarea {
   bool Todo = true;
   qint64 Desde = 0, Hasta = 9999999;
   qint64 paso = -1;  // step of the requesting process, for the runner's record; -1 for none
+  bool operator==(const DatosTarea&) const = default;
 };
 
 // The next step of a task.

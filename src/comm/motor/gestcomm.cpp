@@ -175,6 +175,11 @@ Resultado<> gestcomm::olvidarGrupo(int grupo) {
   return {};
 }
 
+void gestcomm::grupoCambiado(int antes, int ahora) {
+  d->mudarTareas(antes, ahora);
+  d->cambioCola();
+}
+
 int gestcomm::ReintentarTodo() {
   std::vector<int> ids;
   for (const auto& [id, t] : d->tareas)

@@ -103,6 +103,9 @@ class gestcomm final : private enlace::ClienteEnlace {
   int tareasDe(int grupo) const;
   // It is deleted: its tasks leave the queue and can't be put back. As puedeIrse.
   Resultado<> olvidarGrupo(int grupo);
+  // It has been stored, perhaps under another code: its tasks that wait go to it as it is now, from
+  // their beginning if that makes a difference.
+  void grupoCambiado(int antes, int ahora);
   // Retries now all tasks that failed, were rejected, stopped while opening or not sent, with their
   // attempts counted anew. Returns their number.
   int ReintentarTodo();

@@ -246,6 +246,17 @@ Resultado<> darPorOlvidadas(Database& db, const Ajustes& ajustes, int grupo,
   return {};
 }
 
+Resultado<> quitarDeLasBases(Database& db, const Ajustes& ajustes, int grupo, int addr) {
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.tipo));
+  TARVO_TOMAR(const auto suyas,
+              db.uno(u"SELECT count(*) FROM BaseFilas WHERE GRUPO=? AND ADDR=?", grupo, addr));
+  if (suyas.entero() == 0) return {};
+  bool anunciado = false;
+  TARVO_TOMAR(const auto cuando, momentoDelCero(db, grupo, addr, anunciado));
+  TARVO_INTENTAR(olvidar(db, grupo, addr));
+  return fecharCero(db, ajustes, grupo, cuando);
+}
+
 Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& textos, int grupo,
                             std::vector<Aviso>& avisos) {
   TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));

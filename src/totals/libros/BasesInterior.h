@@ -13,6 +13,10 @@ Resultado<> darPorOlvidadas(dao::Database& db, const Ajustes& ajustes, int grupo
                             const std::set<int>& addrs, const Textos& textos,
                             std::vector<Aviso>& avisos);
 
+// The same for a register that has left, without a report. Where it was the last with memorised
+// counters, the others count since they were told to forget.
+Resultado<> quitarDeLasBases(dao::Database& db, const Ajustes& ajustes, int grupo, int addr);
+
 // Registers of the group that were cleared by hand in some kinds only, as their sums show: from now
 // on they are half done, for resolverPartes (Si). One without sales since may also have told a list
 // that was cut short: the group stays out until it has sold (TalVez).

@@ -1,5 +1,7 @@
 #include "totals/libros/Grupos.h"
 
+#include "core/dao/Marcas.h"
+#include "totals/libros/BasesInterior.h"
 #include "totals/periodos/Clases.h"
 
 namespace tarvo::totals {
@@ -24,6 +26,92 @@ Resultado<> olvidarGrupo(dao::Database& db, int grupo) {
                                               {{u"tabla", t.tabla}, {u"donde", t.donde}}),
                                grupo));
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Sesiones WHERE CODGPO=?"_s, grupo));
+  return tr.confirmar();
+}
+
+namespace {
+
+using dao::conMarcas;
+using dao::Database;
+
+// Where a register is known by its address.
+const QStringList kPorDireccion{u"LectFilas"_s,  u"BaseFilas"_s,  u"CeroFilas"_s, u"Ceros"_s,
+                                u"CerosParte"_s, u"CerosClase"_s, u"Dudas"_s,     u"Bajas"_s};
+
+// The code of a grand total is its group's.
+Resultado<> cambiarCodigoEn(Database& db, QStringView tabla, int antes, int ahora) {
+  const auto enTabla = [tabla](QStringView sentencia) {
+    return conMarcas(sentencia, {{u"tabla", tabla.toString()}});
+  };
+  TARVO_INTENTAR(
+      db.ejecutar(enTabla(u"UPDATE {tabla} SET CODI=? WHERE GRUPO IN (?, ?) AND CLASE=? AND "
+                          u"CODI=?"),
+                  ahora, antes, ahora, numeroDe(TipoTotal::GranTotal), antes));
+  TARVO_INTENTAR(db.ejecutar(enTabla(u"UPDATE {tabla} SET GRUPO=? WHERE GRUPO=?"), ahora, antes));
+  return {};
+}
+
+Resultado<> cambiarPeriodos(Database& db, const ClaseTotal& c, int antes, int ahora) {
+  const auto suyas = [&c](QStringView sentencia) {
+    return conMarcas(sentencia,
+                     {{u"tabla", NombreTabla(c.tipo)},
+                      {u"claves", clavesDe(c)},
+                      {u"resto", c.conHora ? u"CODI, HORA"_s : u"CODI"_s},
+                      {u"sumando",
+                       u"CON=CON+excluded.CON, PES=PES+excluded.PES, [IMP]=[IMP]+excluded.[IMP], "
+                       u"SCO=SCO+excluded.SCO"_s}});
+  };
+  TARVO_INTENTAR(db.ejecutar(suyas(u"INSERT INTO {tabla} (LINK, {claves}, CON, PES, [IMP], SCO) "
+                                   u"SELECT LINK, ?, {resto}, CON, PES, [IMP], SCO FROM {tabla} "
+                                   u"WHERE GRUPO=? AND LINK<>0 ON CONFLICT (LINK, {claves}) DO "
+                                   u"UPDATE SET {sumando}"),
+                             ahora, antes));
+  TARVO_INTENTAR(db.ejecutar(suyas(u"DELETE FROM {tabla} WHERE GRUPO=? AND LINK<>0"), antes));
+  return {};
+}
+
+}  // namespace
+
+Resultado<> cambiarCodigo(Database& db, int antes, int ahora) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+  // Those of the inbox have moved, those of the periods are about to.
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE TOTGRT SET CODI=? WHERE CODI=? AND (GRUPO=? OR (GRUPO=? AND LINK=0))",
+                  ahora, antes, antes, ahora));
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(cambiarPeriodos(db, c, antes, ahora));
+  for (const QStringView tabla : {u"LectFilas", u"BaseFilas", u"CeroFilas", u"TotSusti",
+                                  u"PapeleraFilas", u"PapeleraTotSusti", u"PapeleraSuma"})
+    TARVO_INTENTAR(cambiarCodigoEn(db, tabla, antes, ahora));
+  for (const QStringView orden : {u"UPDATE Origenes SET GRUPO=? WHERE GRUPO=?",
+                                  u"UPDATE PapeleraOrig SET GRUPO=? WHERE GRUPO=?"})
+    TARVO_INTENTAR(db.ejecutar(orden, ahora, antes));
+  return tr.confirmar();
+}
+
+// By way of numbers that no address has, since one may get another's.
+Resultado<> cambiarDirecciones(Database& db, int grupo, const std::map<int, int>& nuevas) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+  const auto poner = [&](const QString& tabla, int de, int a) -> Resultado<> {
+    TARVO_INTENTAR(db.ejecutar(
+        conMarcas(u"UPDATE {tabla} SET ADDR=? WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}), a,
+        grupo, de));
+    return {};
+  };
+  const auto aparte = [](int direccion) { return -1 - direccion; };
+  for (const QString& tabla : kPorDireccion + QStringList{u"Lecturas"_s}) {
+    for (const auto& [de, a] : nuevas) TARVO_INTENTAR(poner(tabla, de, aparte(de)));
+    for (const auto& [de, a] : nuevas) TARVO_INTENTAR(poner(tabla, aparte(de), a));
+  }
+  return tr.confirmar();
+}
+
+Resultado<> olvidarCaja(Database& db, const Ajustes& ajustes, int grupo, int addr) {
+  TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+  TARVO_INTENTAR(quitarDeLasBases(db, ajustes, grupo, addr));
+  for (const QString& tabla : kPorDireccion)
+    TARVO_INTENTAR(
+        db.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}),
+                    grupo, addr));
   return tr.confirmar();
 }
 
