@@ -22,6 +22,7 @@ using motor::Siguiente;
 // After so many refusals in a row they aren't about the frames.
 constexpr int kNegadasSeguidas = 20;
 constexpr int kNombradas = 20;
+constexpr qint64 kEsperaAnotar = 1000;  // ms
 
 class EnvioConfig final : public motor::CursoTarea {
  public:
@@ -30,9 +31,8 @@ class EnvioConfig final : public motor::CursoTarea {
   Resultado<Siguiente> siguiente() override {
     if (!preparado_) TARVO_INTENTAR(preparar());
     if (cola_.empty()) return Siguiente::fin();
-    Turno& turno = turnos_[cola_.front().turno];
-    if (!std::exchange(turno.anunciado, true))
-      TARVO_INTENTAR(configuracion::anunciar(e_.db, t_.Grupo, t_.Clase, turno.envio.maquina));
+    if (!std::exchange(anunciado_, true)) TARVO_INTENTAR(anunciar());
+    const Turno& turno = turnos_[cola_.front().turno];
     const Pieza& p = actual();
     return Siguiente{Siguiente::Enviar, turno.envio.addr, p.peticion.codigo, p.peticion.datos, 0,
                      {.limpia = true}};
@@ -74,8 +74,14 @@ class EnvioConfig final : public motor::CursoTarea {
     std::ranges::stable_partition(cola_, [suyo](const Bloque& b) { return b.turno != suyo; });
     return true;
   }
-  Resultado<std::vector<totals::Aviso>> cerrar() override { return avisos(true); }
+  void reposo() override { static_cast<void>(asentar()); }
+  // The caller's transaction may fail, and the task close again.
+  Resultado<std::vector<totals::Aviso>> cerrar() override {
+    TARVO_INTENTAR(anotar());
+    return avisos(true);
+  }
   std::vector<totals::Aviso> abandonar() override {
+    reposo();
     return preparado_ ? avisos(false) : std::vector<totals::Aviso>{};
   }
   QString reparo() const override {
@@ -99,7 +105,7 @@ class EnvioConfig final : public motor::CursoTarea {
     size_t quedan = 0;                            // blocks
     std::vector<size_t> malas;                    // frames that can't be sent
     std::vector<std::pair<size_t, int>> negadas;  // refused twice, with the error
-    bool anunciado = false, callada = false, aceptado = false;
+    bool callada = false, aceptado = false;
   };
   // Frames that go together: those of one subject.
   struct Bloque {
@@ -142,12 +148,36 @@ class EnvioConfig final : public motor::CursoTarea {
     }
   }
 
+  // All in one transaction: a commit takes as long as the frames of a machine.
+  Resultado<> anunciar() {
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(e_.db));
+    for (const Turno& turno : turnos_)
+      if (turno.quedan > 0)
+        TARVO_INTENTAR(configuracion::anunciar(e_.db, t_.Grupo, t_.Clase, turno.envio.maquina));
+    return tr.confirmar();
+  }
   Resultado<> acabar(size_t cual) {
     cola_.pop_front();
     Turno& turno = turnos_[cual];
     if (--turno.quedan > 0 || !turno.malas.empty() || !turno.negadas.empty()) return {};
     turno.aceptado = true;
-    return configuracion::anotarAceptado(e_.db, t_.Grupo, t_.Clase, turno.envio, e_.reloj.ahora());
+    if (porAnotar_.empty()) desde_ = e_.reloj.monotono();
+    porAnotar_.emplace_back(cual, e_.reloj.ahora());
+    return e_.reloj.monotono() - desde_ < kEsperaAnotar ? Resultado<>{} : asentar();
+  }
+  Resultado<> anotar() {
+    for (const auto& [cual, cuando] : porAnotar_)
+      TARVO_INTENTAR(
+          configuracion::anotarAceptado(e_.db, t_.Grupo, t_.Clase, turnos_[cual].envio, cuando));
+    return {};
+  }
+  Resultado<> asentar() {
+    if (porAnotar_.empty()) return {};
+    TARVO_TOMAR(auto tr, dao::Transaccion::empezar(e_.db));
+    TARVO_INTENTAR(anotar());
+    TARVO_INTENTAR(tr.confirmar());
+    porAnotar_.clear();
+    return {};
   }
 
   // The machine, as a person counts them, before what is told of it.
@@ -197,7 +227,9 @@ class EnvioConfig final : public motor::CursoTarea {
   const motor::Entorno e_;
   std::vector<Turno> turnos_;
   std::deque<Bloque> cola_;
-  bool preparado_ = false;
+  std::vector<std::pair<size_t, Fecha>> porAnotar_;  // what accepted all, and when
+  qint64 desde_ = 0;                                 // the first of these (monotonic ms)
+  bool preparado_ = false, anunciado_ = false;
   int seguidas_ = 0;
   qint64 hechas_ = 0;
 };
