@@ -127,8 +127,10 @@ void Mundo::montar() {
   insertarTienda(plan_, base);
   if (auto r = escribirAjustes(plan_, carpeta_.path()); !r)
     qFatal("%s", qPrintable(r.error().texto));
-  for (const auto& g : plan_.grupos)
+  for (auto& g : plan_.grupos) {
+    vivos_.push_back(&g);
     for (const int direccion : g.direcciones) montarMaquina(g, direccion);
+  }
   oraculo_ = std::make_unique<Oraculo>(plan_, maquinas_, carpeta_.path());
   if (!alTrazar_) return;
   for (const auto& g : plan_.grupos)
@@ -148,12 +150,12 @@ void Mundo::montar() {
   };
 }
 
-void Mundo::montarMaquina(const PlanGrupo& g, int direccion) {
+void Mundo::montarMaquina(PlanGrupo& g, int direccion) {
   simulador::OpcionesMaquina o;
   o.tipo = g.tipo;
   o.grupo = g.codigo;
   o.direccion = direccion;
-  o.balanzas = {1};
+  o.balanzas = {1, 2, 3};
   o.borra = g.borra;
   o.registrosPorTrama = azar_.entero(1, 8);
   MaquinaViva m;

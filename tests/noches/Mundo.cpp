@@ -43,12 +43,17 @@ Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alT
 Veredicto Mundo::correr() {
   for (int n = 0; n < static_cast<int>(plan_.noches.size()) && oraculo_->diferencias.isEmpty();
        ++n) {
+    editar(Edicion::Manana, n);
     dia(n);
+    editar(Edicion::Tarde, n);
+    if (!oraculo_->diferencias.isEmpty()) break;
     noche(n);
+    editar(Edicion::SinContestar, n + 1);
     responder();
     if (plan_.noches[static_cast<std::size_t>(n)].otraVez && acabada_ &&
         oraculo_->diferencias.isEmpty()) {
-      vender(maquinas_.front(), {codigos_[static_cast<std::size_t>(n)]}, reloj_.ahora().qdate(), 0);
+      vender(*std::ranges::find(maquinas_, false, &MaquinaViva::fuera),
+             {codigos_[static_cast<std::size_t>(n)]}, reloj_.ahora().qdate(), 0);
       noche(n);
       responder();
     }
@@ -114,7 +119,7 @@ void Mundo::devolver(MaquinaViva& m, QDate dia) {
 // The contents of a machine are in the books; another machine replaces it.
 void Mundo::cambiarMaquinas() {
   for (auto& m : maquinas_)
-    if (gente_.ocurre(0.5) && m.maquina->memoria().libro().size() == m.alEmpezar) {
+    if (!m.fuera && gente_.ocurre(0.5) && m.maquina->memoria().libro().size() == m.alEmpezar) {
       m.maquina->memoria().ponerACero(reloj_.ahora(), 0, simulador::kTodos);
       if (alTrazar_)
         alTrazar_(QStringLiteral("  se cambia una máquina del grupo %1").arg(m.grupo->codigo));
@@ -182,6 +187,7 @@ void Mundo::dia(int n) {
   std::vector<int> pueden(codigos_.begin() + static_cast<std::ptrdiff_t>(plan_.noches.size()),
                           codigos_.end());
   for (auto& m : maquinas_) {
+    if (m.fuera) continue;
     if (m.grupo->tipo == Tipo::Registradora && gente_.ocurre(p.sinVentas)) continue;
     vender(m, {codigos_[static_cast<std::size_t>(n)]}, fecha);
     for (int k = p.ventas < 0 ? azar_.entero(2, 25) : p.ventas; k > 0; --k)
@@ -203,7 +209,7 @@ void Mundo::empezarNoche(const PlanNoche& n) {
   hilos_.averias = n.linea;
   for (std::size_t i = 0; i < maquinas_.size(); ++i) {
     auto& m = maquinas_[i];
-    auto fallos = n.fallos[i];
+    auto fallos = n.fallos[i % n.fallos.size()];
     const bool vek = m.grupo->tipo == Tipo::Balanzas || m.grupo->tipo == Tipo::Birch;
     const std::vector<int> ceros = vek                            ? std::vector{910, 915}
                                    : m.grupo->tipo == Tipo::Ebony ? std::vector{71}
@@ -285,7 +291,7 @@ void Mundo::noche(int n) {
   // after that there are none.
   const bool ultima = n + 1 == static_cast<int>(plan_.noches.size());
   oraculo_->finDeNoche(resultado, p.calma && (ultima || !hayFallos_), arranques);
-  const bool todosACero = plan_.aCero.size() == plan_.grupos.size();
+  const bool todosACero = plan_.aCero.size() == vivos_.size();
   // For a machine not zeroed because of a doubt, this night has to report it.
   if (p.calma && resultado != 0 && todosACero && (ultima || !hayFallos_) && !sinCero_)
     fallar(QStringLiteral("noche en calma con resultado %1").arg(resultado.value_or(-1)));
@@ -344,6 +350,7 @@ void Mundo::vigilar() {
     const auto& memoria = m.maquina->memoria();
     if (memoria.puestas().size() != m.puestas) {
       m.puestas = memoria.puestas().size();
+      if (m.fuera) fallar(QStringLiteral("se pone a cero una máquina que no es de la tienda"));
       if (alTrazar_)
         alTrazar_(QStringLiteral("  máquina %1 puesta a cero (%2), %3")
                       .arg(i)
@@ -369,10 +376,11 @@ void Mundo::caido(const Corte& corte) {
   reloj_.avanzar(corte.segundos * 1000LL);
   // No returns: amounts that cancel out don't show if a group is read half before and half after a
   // cut.
-  for (int n = 0; n < corte.ventas; ++n)
-    vender(maquinas_[static_cast<std::size_t>(
-               azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))],
-           {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate(), 0);
+  for (int n = 0; n < corte.ventas; ++n) {
+    auto& m = maquinas_[static_cast<std::size_t>(
+        azar_.entero(0, static_cast<int>(maquinas_.size()) - 1))];
+    if (!m.fuera) vender(m, {codigos_[static_cast<std::size_t>(hoy_)]}, reloj_.ahora().qdate(), 0);
+  }
 }
 
 }  // namespace tarvo::noches

@@ -31,7 +31,7 @@ class Mundo {
 
  private:
   void montar();
-  void montarMaquina(const PlanGrupo& g, int direccion);
+  void montarMaquina(PlanGrupo& g, int direccion);
   void dia(int n);
   void vender(MaquinaViva& m, const std::vector<int>& articulos, QDate cuando,
               double devoluciones = 0.05);
@@ -45,6 +45,9 @@ class Mundo {
   void responder(int grupo, int addr, bool si);
   void empezarNoche(const PlanNoche& n);
   void noche(int n);
+  // A person edits the groups, see Ediciones.cpp.
+  class Mano;
+  void editar(Edicion::Cuando cuando, int noche);
   // One start of the program, to its end, its cut or its limit. Returns the exit status; nothing if
   // it was cut.
   std::optional<int> arranque(const PlanNoche& n, const Corte* corte);
@@ -54,7 +57,8 @@ class Mundo {
   void traza(const QString& linea);
   void fallar(const QString& texto) { oraculo_->diferencias += texto; }
 
-  const Plan& plan_;
+  Plan plan_;  // with its groups and the process as they are now
+  std::vector<PlanGrupo*> vivos_;
   std::function<void(const QString&)> alTrazar_;
   QTemporaryDir carpeta_;
   RelojVirtual reloj_;

@@ -74,13 +74,12 @@ QString texto(const Suma& s) {
   return QStringLiteral("(%1 con, %2 g, %3, %4)").arg(s[0]).arg(s[1]).arg(s[2]).arg(s[3]);
 }
 
-QString texto(const PlanGrupo&, int clase, qint64 codigo, qint64 hora) {
+QString texto(int clase, qint64 codigo, qint64 hora) {
   return QStringLiteral("clase %1 código %2 hora %3").arg(clase).arg(codigo).arg(hora);
 }
 
 // Some prefix of each machine's sales, not below its minimum length, adds up to `hay`.
-using Prefijos = std::vector<std::vector<Suma>>;
-bool alcanza(const Prefijos& p, std::size_t i, const Suma& hay) {
+bool alcanza(const std::vector<std::vector<Suma>>& p, std::size_t i, const Suma& hay) {
   if (i == p.size()) return hay == Suma{};
   for (const Suma& s : p[i]) {
     Suma resto = hay;
@@ -92,11 +91,26 @@ bool alcanza(const Prefijos& p, std::size_t i, const Suma& hay) {
 
 }  // namespace
 
-Oraculo::Oraculo(const Plan& plan, const std::vector<MaquinaViva>& maquinas, const QString& carpeta)
+Oraculo::Oraculo(const Plan& plan, std::vector<MaquinaViva>& maquinas, const QString& carpeta)
     : plan_(plan),
       maquinas_(maquinas),
       carpeta_(carpeta),
       base_(carpeta + QStringLiteral("/TARVO.MDB")) {}
+
+qint64 Oraculo::familia(qint64 codigo) const {
+  const auto it = familias_.find(codigo);
+  return it == familias_.end() ? codigo : it->second;
+}
+
+std::array<qint64, 3> Oraculo::clave(int clase, qint64 grupo, qint64 codigo, qint64 hora) const {
+  return {familia(grupo), clase == kGranTotal ? familia(codigo) : codigo, hora};
+}
+
+void Oraculo::otroCodigo(int antes, int ahora) {
+  const qint64 suya = familia(antes);
+  familias_[ahora] = suya;
+  if (const auto n = descuadrados_.extract(antes)) descuadrados_.insert(ahora);
+}
 
 // Rows of the periods, less those of periods added into them: of existing ones and of replaced
 // versions.
@@ -108,7 +122,7 @@ Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
   Sumas s;
   const auto leer = [&](const QByteArray& sql, qint64 veces) {
     base_.filas(sql, [&](const Lector::Fila& f) {
-      sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+      sumar(s[this->clave(clase, f.entero(0), f.entero(1), f.entero(2))],
             {f.entero(3), f.entero(4), f.entero(5), f.entero(6)}, veces);
     });
   };
@@ -130,7 +144,7 @@ Sumas Oraculo::enPeriodos(int clase, const char* cuales) {
   return s;
 }
 
-Oraculo::Bandeja Oraculo::enBandeja(int clase) {
+Oraculo::Bandeja Oraculo::enBandeja(int clase, bool conDudas) {
   const Tabla& t = tabla(clase);
   const QByteArray codigo = "t.CODI", hora = t.hora ? "t.HORA" : "0";
   Bandeja b;
@@ -139,10 +153,14 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
           "SELECT CODGPO FROM Sesiones, EstadoTarvo WHERE CLAVE='SesionAbier' AND VALOR=2 AND ") +
           t.sesion + "<>0",
       [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
+  if (conDudas)
+    base_.filas("SELECT GRUPO FROM Dudas WHERE ','||CLASES||',' LIKE '%," +
+                    QByteArray::number(clase) + ",%'",
+                [&](const Lector::Fila& f) { b.grupos.insert(f.entero(0)); });
   const auto leer = [&](Sumas& s, const QByteArray& sql) {
     base_.filas("SELECT GRUPO, " + codigo + ", " + hora + ", CON, PES, IMP, SCO FROM " + sql,
                 [&](const Lector::Fila& f) {
-                  sumar(s[{f.entero(0), f.entero(1), f.entero(2)}],
+                  sumar(s[this->clave(clase, f.entero(0), f.entero(1), f.entero(2))],
                         {f.entero(3), f.entero(4), f.entero(5), f.entero(6)});
                 });
   };
@@ -155,38 +173,49 @@ Oraculo::Bandeja Oraculo::enBandeja(int clase) {
   return b;
 }
 
-std::optional<QString> Oraculo::encaja(int grupo, int clase,
-                                       const std::vector<std::size_t>& minimos,
-                                       const Sumas& hay) const {
-  std::map<std::pair<qint64, qint64>, Prefijos> prefijos;
-  std::size_t cuantas = 0;
-  const PlanGrupo* g = nullptr;
-  for (const auto& m : maquinas_) cuantas += m.grupo->codigo == grupo;
+std::map<std::array<qint64, 3>, Oraculo::Prefijos> Oraculo::prefijos(
+    int grupo, int clase, const std::vector<std::size_t>& minimos) const {
+  std::map<std::array<qint64, 3>, Prefijos> p;
+  const qint64 suya = familia(grupo);
+  const auto esSuya = [&](const MaquinaViva& m) { return familia(m.grupo->codigo) == suya; };
+  const auto cuantas = static_cast<std::size_t>(std::ranges::count_if(maquinas_, esSuya));
+  const auto de = [&](const std::array<qint64, 3>& k, std::size_t n) -> std::vector<Suma>& {
+    return p.try_emplace(k, cuantas, std::vector<Suma>{Suma{}}).first->second[n];
+  };
   for (std::size_t i = 0, n = 0; i < maquinas_.size(); ++i) {
-    if (maquinas_[i].grupo->codigo != grupo) continue;
-    g = maquinas_[i].grupo;
-    const auto& libro = maquinas_[i].maquina->memoria().libro();
-    for (std::size_t v = 0; v < libro.size(); ++v) {
-      auto& p = prefijos.try_emplace(clave(*g, clase, libro[v]), cuantas, std::vector<Suma>{Suma{}})
-                    .first->second[n];
-      Suma s = p.back();
-      sumar(s, carga(g->tipo, clase, libro[v]));
-      v < minimos[i] ? static_cast<void>(p.back() = s) : p.push_back(s);
+    const MaquinaViva& m = maquinas_[i];
+    if (!esSuya(m)) continue;
+    const auto fija = m.contado.find(clase);
+    if (m.fuera && fija != m.contado.end())
+      for (const auto& [k, sumas] : fija->second) de(k, n) = sumas;
+    const auto& libro = m.maquina->memoria().libro();
+    for (std::size_t v = 0; !m.fuera && v < libro.size(); ++v) {
+      const auto [codigo, hora] = noches::clave(*m.grupo, clase, libro[v]);
+      auto& suyos = de(clave(clase, m.grupo->codigo, codigo, hora), n);
+      Suma s = suyos.back();
+      sumar(s, carga(m.grupo->tipo, clase, libro[v]));
+      v < minimos[i] ? static_cast<void>(suyos.back() = s) : suyos.push_back(s);
     }
     ++n;
   }
+  return p;
+}
+
+std::optional<QString> Oraculo::encaja(int grupo, int clase,
+                                       const std::vector<std::size_t>& minimos,
+                                       const Sumas& hay) const {
+  const auto todos = prefijos(grupo, clase, minimos);
   for (const auto& [k, v] : hay)
-    if (k[0] == grupo && v != Suma{} && !prefijos.contains({k[1], k[2]}))
-      return texto(*g, clase, k[1], k[2]) +
-             QStringLiteral(": hay %1 y nadie lo vendió").arg(texto(v));
-  for (const auto& [k, p] : prefijos) {
-    const auto it = hay.find({grupo, k.first, k.second});
+    if (k[0] == familia(grupo) && v != Suma{} && !todos.contains(k))
+      return texto(clase, k[1], k[2]) + QStringLiteral(": hay %1 y nadie lo vendió").arg(texto(v));
+  for (const auto& [k, p] : todos) {
+    const auto it = hay.find(k);
     const Suma s = it == hay.end() ? Suma{} : it->second;
     if (alcanza(p, 0, s)) continue;
     Suma desde{}, hasta{};
     for (const auto& m : p) sumar(desde, m.front()), sumar(hasta, m.back());
-    return texto(*g, clase, k.first, k.second) + QStringLiteral(": hay %1, se esperaba de %2 a %3")
-                                                     .arg(texto(s), texto(desde), texto(hasta));
+    return texto(clase, k[1], k[2]) + QStringLiteral(": hay %1, se esperaba de %2 a %3")
+                                          .arg(texto(s), texto(desde), texto(hasta));
   }
   return std::nullopt;
 }
@@ -204,25 +233,30 @@ std::vector<std::size_t> Oraculo::minimos(int clase, bool todo) const {
   return v;
 }
 
+// What the periods would have with the group's reading of the open session. Which machines still
+// held the memorised sales shows when the reading is memorised.
+std::vector<Sumas> Oraculo::conLaBandeja(int grupo, int clase, bool conDudas) {
+  const Bandeja b = enBandeja(clase, conDudas);
+  if (!b.grupos.contains(grupo)) return {};
+  std::vector<Sumas> todas{enPeriodos(clase)};
+  sumar(todas[0], b.filas, 1);
+  Sumas sinBase = todas[0];
+  for (const auto& [addr, filas] : b.base) {
+    todas.push_back(todas[0]);
+    sumar(todas.back(), filas, -1);
+    sumar(sinBase, filas, -1);
+  }
+  todas.push_back(std::move(sinBase));
+  return todas;
+}
+
 void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& minimo, bool conBandeja,
                       const QString& cuando) {
-  Sumas s = enPeriodos(clase);
-  const auto mal = encaja(grupo, clase, minimo, s);
+  const auto mal = encaja(grupo, clase, minimo, enPeriodos(clase));
   if (!mal) return;
-  const Bandeja b = conBandeja ? enBandeja(clase) : Bandeja{};
-  if (b.grupos.contains(grupo)) {
-    sumar(s, b.filas, 1);
-    if (!encaja(grupo, clase, minimo, s)) return;
-    // Which machines still held the memorised sales shows when the reading is memorised.
-    Sumas sinBase = s;
-    for (const auto& [addr, filas] : b.base) {
-      Sumas una = s;
-      sumar(una, filas, -1);
-      sumar(sinBase, filas, -1);
-      if (!encaja(grupo, clase, minimo, una)) return;
-    }
-    if (!encaja(grupo, clase, minimo, sinBase)) return;
-  }
+  const auto otras = conBandeja ? conLaBandeja(grupo, clase) : std::vector<Sumas>{};
+  if (std::ranges::any_of(otras, [&](const Sumas& s) { return !encaja(grupo, clase, minimo, s); }))
+    return;
   anotar(QStringLiteral("%1: grupo %2 (tipo %3), %4%5")
              .arg(cuando)
              .arg(grupo)
@@ -231,7 +265,37 @@ void Oraculo::contado(int grupo, int clase, const std::vector<std::size_t>& mini
                  if (g.codigo == grupo) return static_cast<int>(g.tipo);
                return 0;
              }())
-             .arg(*mal, b.grupos.contains(grupo) ? QStringLiteral(" (con bandeja)") : QString()));
+             .arg(*mal, otras.empty() ? QString() : QStringLiteral(" (con bandeja)")));
+}
+
+void Oraculo::seVan(const std::vector<std::size_t>& cuales, bool conBandeja) {
+  const int grupo = maquinas_[cuales.front()].grupo->codigo;
+  for (const auto& [suyo, clase] : plan_.leidas) {
+    if (suyo != grupo || clase > kOperHora) continue;
+    const auto minimo = minimos(clase, false);
+    auto posibles = conBandeja ? conLaBandeja(grupo, clase, true) : std::vector<Sumas>{};
+    posibles.push_back(enPeriodos(clase));
+    const auto hay = std::ranges::find_if(
+        posibles, [&](const Sumas& s) { return !encaja(grupo, clase, minimo, s); });
+    if (hay == posibles.end())
+      return contado(grupo, clase, minimo, conBandeja, QStringLiteral("antes de irse"));
+    std::vector<std::size_t> suyas;  // as prefijos() counts them
+    for (std::size_t i = 0; i < maquinas_.size(); ++i)
+      if (familia(maquinas_[i].grupo->codigo) == familia(grupo)) suyas.push_back(i);
+    for (const auto& [k, p] : prefijos(grupo, clase, minimo))
+      for (std::size_t i = 0; i < suyas.size(); ++i) {
+        if (std::ranges::find(cuales, suyas[i]) == cuales.end()) continue;
+        Prefijos conEsta = p;
+        for (const Suma& s : p[i]) {
+          conEsta[i] = {s};
+          if (alcanza(conEsta, 0, (*hay)[k])) maquinas_[suyas[i]].contado[clase][k].push_back(s);
+        }
+      }
+  }
+  for (const std::size_t i : cuales) {
+    maquinas_[i].fuera = true;
+    maquinas_[i].puestas = maquinas_[i].maquina->memoria().puestas().size();
+  }
 }
 
 void Oraculo::puestaACero(std::size_t maquina) {
@@ -303,20 +367,19 @@ void Oraculo::semanas() {
 
 void Oraculo::stock() {
   std::map<std::array<qint64, 2>, qint64> debe;  // warehouse, article
-  std::map<qint64, qint64> almacen;
   base_.filas("SELECT CODGPO, Almacen FROM GRUPOS",
-              [&](const Lector::Fila& f) { almacen[f.entero(0)] = f.entero(1); });
+              [&](const Lector::Fila& f) { almacenes_[familia(f.entero(0))] = f.entero(1); });
   Sumas s = enPeriodos(kPLUs, "p.stkADO<>0");
   base_.filas(
       "SELECT GRUPO, CODI, SUM(CON*stkADO), SUM(PES*stkADO) FROM TotSusti t JOIN Sustituidos d ON "
       "d.ID=t.ID WHERE CLASE=16 GROUP BY 1, 2",
       [&](const Lector::Fila& f) {
-        sumar(s[{f.entero(0), f.entero(1), 0}], {f.entero(2), f.entero(3), 0, 0});
+        sumar(s[clave(kPLUs, f.entero(0), f.entero(1), 0)], {f.entero(2), f.entero(3), 0, 0});
       });
   for (const auto& [k, v] : s) {
     const auto a = plan_.articulos.find(static_cast<int>(k[1]));
-    if (almacen[k[0]] > 0 && a != plan_.articulos.end())
-      debe[{almacen[k[0]], k[1]}] += a->second.unidad == 2 ? v[0] : v[1];
+    if (almacenes_[k[0]] > 0 && a != plan_.articulos.end())
+      debe[{almacenes_[k[0]], k[1]}] += a->second.unidad == 2 ? v[0] : v[1];
   }
   base_.filas("SELECT CODALM, CODIGO, Venta FROM MovsAlm",
               [&](const Lector::Fila& f) { debe[{f.entero(0), f.entero(1)}] -= f.entero(2); });
@@ -337,18 +400,23 @@ void Oraculo::stock() {
 // The view of a person who adds up the tickets: with the reading that waits for an answer, or with
 // its excess over the memorised one, the periods hold all the group's sales.
 std::set<int> Oraculo::borradas(int grupo, const std::vector<int>& dudosas) {
+  const qint64 suya = familia(grupo);
   const auto suma = [&](const Sumas& s) {
     qint64 n = 0;
-    for (const auto& [k, v] : s) n += k[0] == grupo ? v[2] : 0;
+    for (const auto& [k, v] : s) n += k[0] == suya ? v[2] : 0;
     return n;
   };
   qint64 sobra = suma(enPeriodos(kGranTotal));  // what the books hold beyond what was sold
   const Bandeja b = enBandeja(kGranTotal);
   sobra += suma(b.filas);
-  for (const auto& m : maquinas_)
-    if (m.grupo->codigo == grupo)
-      for (std::size_t i = 0; i < m.alEmpezar; ++i)
-        sobra -= m.maquina->memoria().libro()[i].importe;
+  for (const auto& m : maquinas_) {
+    if (familia(m.grupo->codigo) != suya) continue;
+    const auto contado = m.contado.find(kGranTotal);
+    if (m.fuera && contado != m.contado.end())
+      for (const auto& [k, sumas] : contado->second) sobra -= sumas.back()[2];
+    for (std::size_t i = 0; !m.fuera && i < m.alEmpezar; ++i)
+      sobra -= m.maquina->memoria().libro()[i].importe;
+  }
   std::map<qint64, qint64> base;
   for (const auto& [addr, filas] : b.base) base[addr] += suma(filas);
   base_.filas("SELECT ADDR, SUM(IMP) FROM CeroFilas WHERE CLASE=17 AND GRUPO=" +
@@ -380,10 +448,12 @@ void Oraculo::finDeNoche(std::optional<int> resultado, bool calma, int arranques
   documentos(cuando);
   semanas();
   stock();
+  if (base_.uno("SELECT count(*) FROM TOTGRT WHERE CODI<>GRUPO") > 0)
+    anotar(cuando + QStringLiteral(": un gran total con el código de otro grupo"));
   exportados(arranques, resultado == 0 && plan_.exporta);
   if (resultado != 0) return;
   for (const auto& m : maquinas_)
-    if (plan_.aCero.contains(m.grupo->codigo) && !m.incumple &&
+    if (!m.fuera && plan_.aCero.contains(m.grupo->codigo) && !m.incumple &&
         m.maquina->memoria().puestas().size() == m.puestasAlEmpezar)
       anotar(cuando + QStringLiteral(": el grupo %1 no se puso a cero").arg(m.grupo->codigo));
   if (plan_.descuenta && base_.uno("SELECT count(*) FROM COLUMNA WHERE stkABLE<>0 AND stkADO=0 AND "

@@ -11,14 +11,6 @@ namespace {
 
 const std::set<int> kTipos18{1, 2, 4}, kTipos20{1, 4};
 
-bool vale(int clase, Tipo tipo) {
-  const int t = static_cast<int>(tipo);
-  if (clase == kHorario || clase == kInventarios) return kTipos20.contains(t);
-  if (clase == kOperadores || clase == kOperHora || clase == kPedidos || clase == 7)
-    return kTipos18.contains(t);
-  return true;
-}
-
 template <class T>
 T uno(Azar& azar, std::initializer_list<T> de) {
   return *(de.begin() + azar.entero(0, static_cast<int>(de.size()) - 1));
@@ -29,6 +21,14 @@ QString siNo(bool b) {
 }
 
 }  // namespace
+
+bool vale(int clase, Tipo tipo) {
+  const int t = static_cast<int>(tipo);
+  if (clase == kHorario || clase == kInventarios) return kTipos20.contains(t);
+  if (clase == kOperadores || clase == kOperHora || clase == kPedidos || clase == 7)
+    return kTipos18.contains(t);
+  return true;
+}
 
 Plan::Plan(quint64 s, bool conCostumbres) : semilla(s) {
   Azar azar(s * 2654435761U + 17);
@@ -45,7 +45,7 @@ Plan::Plan(quint64 s, bool conCostumbres) : semilla(s) {
     noches.back().minuto = azar.entero(21 * 60 + 10, 23 * 60);
     noches.back().fallos.resize(maquinas);
   }
-  if (conCostumbres) costumbres();
+  if (conCostumbres) costumbres(), ediciones();
 }
 
 // The habits of people in a shop, with or without faults.
@@ -69,6 +69,18 @@ void Plan::costumbres() {
     n.otraVez = azar.ocurre(0.15);
     n.cambio = azar.ocurre(0.15);
   }
+}
+
+// Not before the last nights, in which all is in order again, nor before anything was read.
+void Plan::ediciones() {
+  Azar azar(semilla * 7919 + 11);
+  for (std::size_t n = 1; n + 2 < noches.size(); ++n)
+    for (int k = azar.ocurre(0.5) ? azar.entero(1, 3) : 0; k > 0; --k) {
+      Edicion e{static_cast<Edicion::Que>(azar.entero(0, Edicion::Copiar)),
+                static_cast<Edicion::Cuando>(azar.entero(0, 2)), azar.siguiente()};
+      if (e.que == Edicion::Configurar) e.cuando = Edicion::Manana;  // it takes its time
+      noches[n].ediciones.push_back(e);
+    }
 }
 
 void Plan::tienda(Azar& azar) {
@@ -98,7 +110,7 @@ void Plan::grupo(Azar& azar, int codigo) {
   g.addr = codigo;
   const int n = g.tipo == Tipo::Registradora ? azar.entero(1, 2) : 1;
   for (int i = 0; i < n; ++i)
-    g.direcciones.push_back(g.tipo == Tipo::Ebony ? g.addr : codigo * 10 + i);
+    g.direcciones.push_back(g.tipo == Tipo::Ebony ? g.addr : codigo * 4 - 3 + i);  // up to 16
   for (int n2 = azar.entero(2, 6); n2 > 0; --n2) g.operadores.push_back(azar.entero(1, 4) * 11);
   g.almacen = azar.entero(0, 2);
   // Machines with an address of their own may share a wire.

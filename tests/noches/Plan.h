@@ -3,6 +3,7 @@
 
 #include <QStringList>
 #include <array>
+#include <deque>
 #include <map>
 #include <set>
 #include <vector>
@@ -14,6 +15,9 @@ namespace tarvo::noches {
 
 inline constexpr int kPLUs = 16, kGranTotal = 17, kOperadores = 18, kDepartamentos = 19,
                      kHorario = 20, kOperHora = 21, kPedidos = 22, kInventarios = 23;
+
+// Whether machines of that kind have that kind of task.
+bool vale(int clase, simulador::Tipo tipo);
 
 struct PlanGrupo {
   int codigo = 0;
@@ -42,6 +46,24 @@ struct AveriasLinea {
   double ocupada = 0, rechazo = 0, bit = 0, cierreMudo = 0;
 };
 
+// What a person does to the groups in a day, at the windows of the program.
+struct Edicion {
+  enum Que {
+    GuardarIgual,
+    QuitarMaquina,
+    AnadirMaquina,
+    CambiarDireccion,
+    CambiarCodigo,
+    CambiarClase,
+    Configurar,
+    BorrarYReponer,
+    Recrear,
+    Copiar
+  } que = GuardarIgual;
+  enum Cuando { SinContestar, Manana, Tarde } cuando = Manana;  // Tarde: with the day's sales
+  quint64 semilla = 0;  // of what else is drawn: the group, the machine...
+};
+
 struct PlanNoche {
   bool calma = false;
   int minuto = 22 * 60;                   // of the day at which it starts
@@ -58,6 +80,7 @@ struct PlanNoche {
   int ventas = -1;                // of each machine, beside the day's own; -1: a few
   bool otraVez = false;           // the process runs once more the same evening, after a sale
   bool cambio = false;            // machines without unread sales are exchanged before
+  std::vector<Edicion> ediciones = {};
 };
 
 struct Plan {
@@ -66,7 +89,7 @@ struct Plan {
 
   quint64 semilla;
   QDate primerDia;
-  std::vector<PlanGrupo> grupos;
+  std::deque<PlanGrupo> grupos;  // where they are they stay
   simulador::Catalogo articulos;
   QStringList proceso;
   std::set<std::pair<int, int>> leidas;  // (group, kind) that the process reads
@@ -85,6 +108,7 @@ struct Plan {
   void tareas(Azar& azar, const QString& clave, int clase, const QString& cola = {});
   void noche(Azar& azar, std::size_t maquinas);
   void costumbres();
+  void ediciones();
 };
 
 }  // namespace tarvo::noches

@@ -23,19 +23,26 @@ struct Programa::Interior {
   std::unique_ptr<app::Fondo> fondo;
   SinPreguntas preguntas;
   app::Aplicacion aplicacion;
+  groups::Grupos grupos{aplicacion.catalogo(), fondo->ajustes};
 };
 
 Programa::Programa() = default;
 Programa::~Programa() = default;
 
-Resultado<std::unique_ptr<Programa>> Programa::arrancar(
-    const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos, quint64 semilla,
-    std::function<void(const QString&)> alEscribir) {
+Resultado<std::unique_ptr<Programa>> Programa::abrir(const QString& carpeta, Reloj& reloj,
+                                                     Hilos& hilos, quint64 semilla) {
   auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textosDePrueba(), reloj);
   if (!fondo) return std::unexpected(fondo.error());
   std::unique_ptr<Programa> p(new Programa);
   p->d = std::make_unique<Interior>(std::move(*fondo), reloj, hilos, semilla);
   TARVO_INTENTAR(p->d->aplicacion.empezar());
+  return p;
+}
+
+Resultado<std::unique_ptr<Programa>> Programa::arrancar(
+    const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos, quint64 semilla,
+    std::function<void(const QString&)> alEscribir) {
+  TARVO_TOMAR(auto p, abrir(carpeta, reloj, hilos, semilla));
   auto leido = p->d->aplicacion.lenguaje().leer(proceso.join(QStringLiteral("\r\n")) +
                                                 QStringLiteral("\r\n"));
   if (!leido) return std::unexpected(leido.error());
@@ -52,14 +59,21 @@ Resultado<std::unique_ptr<Programa>> Programa::arrancar(
 Resultado<> Programa::responder(const QString& carpeta, Reloj& reloj, Hilos& hilos, int grupo,
                                 int addr, bool olvido,
                                 const std::function<void(const QString&)>& alEscribir) {
-  auto fondo = app::Fondo::abrir(carpeta, Idioma::Espanol, textosDePrueba(), reloj);
-  if (!fondo) return std::unexpected(fondo.error());
-  Interior i(std::move(*fondo), reloj, hilos, 1);
-  TARVO_INTENTAR(i.aplicacion.empezar());
+  TARVO_TOMAR(const auto p, abrir(carpeta, reloj, hilos, 1));
   std::vector<totals::Aviso> avisos;
-  TARVO_INTENTAR(i.aplicacion.cerrSes().responder(grupo, addr, olvido, avisos));
+  TARVO_INTENTAR(p->aplicacion().cerrSes().responder(grupo, addr, olvido, avisos));
   for (const auto& a : avisos) alEscribir(a.texto);
-  return i.aplicacion.sesion().reflejar();
+  return p->aplicacion().sesion().reflejar();
+}
+
+app::Aplicacion& Programa::aplicacion() {
+  return d->aplicacion;
+}
+groups::Grupos& Programa::grupos() {
+  return d->grupos;
+}
+app::Fondo& Programa::fondo() {
+  return *d->fondo;
 }
 
 Resultado<> Programa::guardarAjustes() const {

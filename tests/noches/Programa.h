@@ -5,6 +5,7 @@
 #include "app/Aplicacion.h"
 #include "automation/Automat.h"
 #include "comm/enlace/comtvIP.h"
+#include "groups/Grupos.h"
 #include "noches/Hilo.h"
 
 namespace tarvo::noches {
@@ -15,6 +16,9 @@ class Programa {
   static Resultado<std::unique_ptr<Programa>> arrancar(
       const QString& carpeta, const QStringList& proceso, Reloj& reloj, Hilos& hilos,
       quint64 semilla, std::function<void(const QString&)> alEscribir);
+  // Starts, for a person at its windows.
+  static Resultado<std::unique_ptr<Programa>> abrir(const QString& carpeta, Reloj& reloj,
+                                                    Hilos& hilos, quint64 semilla);
   // Starts, and answers whether a doubtful machine was zeroed.
   static Resultado<> responder(const QString& carpeta, Reloj& reloj, Hilos& hilos, int grupo,
                                int addr, bool olvido,
@@ -23,6 +27,9 @@ class Programa {
   // Nothing during the run; then its exit status.
   std::optional<int> resultado() const { return resultado_; }
   Resultado<> guardarAjustes() const;
+  app::Aplicacion& aplicacion();
+  groups::Grupos& grupos();
+  app::Fondo& fondo();
 
  private:
   struct Interior;

@@ -62,6 +62,7 @@ class Maquina {
   Memoria& memoria() { return memoria_; }
   const Memoria& memoria() const { return memoria_; }
   const OpcionesMaquina& opciones() const { return opciones_; }
+  void ponerDireccion(int direccion) { opciones_.direccion = direccion; }
   Percances& percances() { return percances_; }
   // Other faults from now on; effects of earlier ones end.
   void cambiarPercances(Percances percances) {
