@@ -23,7 +23,11 @@
 namespace tarvo::banco {
 namespace {
 
+constexpr TipoTarea kConfiguran[] = {TipoTarea::TxCfBal, TipoTarea::TxEtiq, TipoTarea::TxCnfig,
+                                     TipoTarea::TxTecla};
 constexpr int kArticulosTcp = 10'000, kVueltasTcp = 7, kCodigoArticulo = 100, kBalanzas = 10;
+// So few frames take less time than a computer is busy with something else.
+constexpr int kVueltasConfiguracion = 31;
 
 struct Trama {
   int addr = 0, codigo = 0;
@@ -99,8 +103,8 @@ class Mesa {
       {*db_, ajustes_, reloj_, sesion_, textosDePrueba()}, enlaces_, repertorio_};
 };
 
-double comparar(Mesa& mesa, const Lado& nuestro) {
-  return razonDe(nuestro, [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, kVueltasTcp);
+double comparar(Mesa& mesa, const Lado& nuestro, int vueltas) {
+  return razonDe(nuestro, [&](const Cronometro& c) { c([&] { mesa.preguntar(); }); }, vueltas);
 }
 
 // Every article, to a group that has none yet.
@@ -109,31 +113,36 @@ double medirArticulos() {
   LadoLejano balanza(tramas::cuerpoVEK(0, kCodigoArticulo, {}));  // accepts everything
   Mesa mesa(balanza.arrancar(), kArticulosTcp);
   mesa.tramas().assign(kArticulosTcp, {0, kCodigoArticulo, QByteArray(90, '7')});
-  return comparar(mesa, [&](const Cronometro& c) {
-    for (const char16_t* t : {u"DELETE FROM [Cross]", u"DELETE FROM Enviados"})
-      bien(mesa.base().ejecutar(t));
-    mesa.enviar(std::array{TipoTarea::TxPlus}, c);
-    const auto filas = bien(mesa.base().uno(u"SELECT count(*) FROM [Cross] WHERE borra=0"));
-    if (filas.entero() < kArticulosTcp - 2)
-      morir(QStringLiteral("%1 artículos").arg(filas.entero()));
-  });
+  return comparar(
+      mesa,
+      [&](const Cronometro& c) {
+        for (const char16_t* t : {u"DELETE FROM [Cross]", u"DELETE FROM Enviados"})
+          bien(mesa.base().ejecutar(t));
+        mesa.enviar(std::array{TipoTarea::TxPlus}, c);
+        const auto filas = bien(mesa.base().uno(u"SELECT count(*) FROM [Cross] WHERE borra=0"));
+        if (filas.entero() < kArticulosTcp - 2)
+          morir(QStringLiteral("%1 artículos").arg(filas.entero()));
+      },
+      kVueltasTcp);
 }
 
-// Ten scales with keyboards, tickets and formats of labels in all positions.
+// Ten scales with keyboards, and formats of labels of eight fields in all positions.
 void ponerBalanzas(dao::Database& db) {
   QStringList etiquetas;
   for (int n = 11; n <= 20; ++n) etiquetas << QStringLiteral("ETQ%1='una'").arg(n);
-  bien(db.ejecutar(u"INSERT INTO ETIQUETAS (NUMETQ, CAMPOS) VALUES ('una', '010100200160001')"));
+  QString campos;
+  for (const char16_t* tipo : {u"01", u"02", u"03", u"04", u"05", u"07", u"09", u"14"})
+    campos += QString::fromUtf16(tipo) + QStringLiteral("0100200160001\r\n");
+  bien(db.ejecutar(u"INSERT INTO ETIQUETAS (NUMETQ, CAMPOS) VALUES ('una', ?)", campos));
   for (int n = 1; n < kBalanzas; ++n)
     bien(db.ejecutar(u"INSERT INTO BZAS (SUGPO, NMBZA, ADDR, TIPO) VALUES (1, ?, ?, 1)", n, n + 1));
-  bien(db.ejecutar(u"UPDATE BZAS SET TIPO=?, Teclado=?, RZSOCIAL=?", int{devices::kMaple},
-                   devices::TecladoDefecto(devices::kMaple, Idioma::Espanol),
-                   QStringLiteral("C:0:TIENDA\r\n").repeated(6)));
+  bien(db.ejecutar(u"UPDATE BZAS SET TIPO=?, Teclado=?", int{devices::kMaple},
+                   devices::TecladoDefecto(devices::kMaple, Idioma::Espanol)));
   bien(db.ejecutar(dao::conMarcas(u"UPDATE BZAS SET {etiquetas}",
                                   {{u"etiquetas", etiquetas.join(QStringLiteral(", "))}})));
 }
 
-// The five kinds of task, all of whose frames are accepted.
+// All frames are accepted.
 double medirConfiguracion() {
   const Bucle bucle;
   LadoLejano balanza([]() -> LadoLejano::Responder {
@@ -141,19 +150,22 @@ double medirConfiguracion() {
   });
   Mesa mesa(balanza.arrancar(), 0);
   ponerBalanzas(mesa.base());
-  for (const TipoTarea clase : configuracion::kClases)
+  for (const TipoTarea clase : kConfiguran)
     for (const auto& envio :
          bien(configuracion::prepararEnvio(mesa.base(), mesa.ajustes(), clase, {.grupo = 1})))
       for (const auto& pieza : envio.piezas)
         mesa.tramas().push_back({envio.addr, pieza.peticion.codigo, pieza.peticion.datos});
-  return comparar(mesa, [&](const Cronometro& c) {
-    bien(mesa.base().ejecutar(u"DELETE FROM ConfigAceptada"));
-    mesa.enviar(configuracion::kClases, c);
-    const auto hay =
-        bien(mesa.base().uno(u"SELECT count(*) FROM ConfigAceptada WHERE HUELLA IS NOT NULL"));
-    if (hay.entero() != kBalanzas * std::ssize(configuracion::kClases))
-      morir(QStringLiteral("%1 configuraciones").arg(hay.entero()));
-  });
+  return comparar(
+      mesa,
+      [&](const Cronometro& c) {
+        bien(mesa.base().ejecutar(u"UPDATE ConfigAceptada SET HUELLA='otra'"));
+        mesa.enviar(kConfiguran, c);
+        const auto hay = bien(mesa.base().uno(
+            u"SELECT count(*) FROM ConfigAceptada WHERE HUELLA IS NOT NULL AND HUELLA<>'otra'"));
+        if (hay.entero() != kBalanzas * std::ssize(kConfiguran))
+          morir(QStringLiteral("%1 configuraciones").arg(hay.entero()));
+      },
+      kVueltasConfiguracion);
 }
 
 const AltaMedida kArticulos("envios.tcp", 0.7, medirArticulos);
