@@ -70,12 +70,15 @@ struct Mesa : Tienda {
     EXPECT_TRUE(esperar([v] { return v->isActiveWindow(); }));
     return v;
   }
-  // Calls `hacer` as soon as a modal window is on top.
+  // Calls `hacer` as soon as a modal window is on top, and active: one that is closed before leaves
+  // no window active.
   template <class F>
-  void alAbrirse(F hacer) {
-    QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer] {
+  void alAbrirse(F hacer, int veces = 0) {
+    QTimer::singleShot(30, &escritorio.ventanas(), [this, hacer, veces] {
+      constexpr int kBastantes = 100;
       QWidget* w = QApplication::activeModalWidget();
-      if (!w) return alAbrirse(hacer);
+      if (!w || (!w->isActiveWindow() && veces < kBastantes))
+        return alAbrirse(hacer, w ? veces + 1 : 0);
       const auto* mensaje = w->findChild<QLabel*>(u"Mensaje"_s);
       textoModal = mensaje ? mensaje->text() : QString();
       hacer(w);
