@@ -62,7 +62,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
  public:
   // REQUIRES that the references outlive it.
   Prueba(const Servicios& s, const Ajustes& ajustes, Reloj& reloj, const Textos& textos);
-  ~Prueba();
+  ~Prueba() override;
 
   // Both from the event loop, and both may be empty. A handler may destroy nothing of this.
   std::function<void()> alCambiar;  // of contestaciones()

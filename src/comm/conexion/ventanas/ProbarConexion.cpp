@@ -117,6 +117,7 @@ void ProbarConexion::parar() {
 void ProbarConexion::pintar() {
   const auto& contestan = prueba_.contestaciones();
   std::vector<FilaViva> filas;
+  filas.reserve(contestan.size());
   for (const Contestacion& c : contestan)
     filas.push_back(
         {static_cast<qint64>(filas.size()),

@@ -179,6 +179,7 @@ void WizInicio::explorar() {
   parada_ = false;
   avance_->setRange(0, static_cast<int>(accesos_.size()) * kPorAcceso);
   std::vector<FilaViva> filas;
+  filas.reserve(accesos_.size());
   for (size_t i = 0; i < accesos_.size(); ++i)
     filas.push_back({static_cast<qint64>(i),
                      {exploracion::nombre(accesos_[i], contexto().textos), kEspera, QString()}});
