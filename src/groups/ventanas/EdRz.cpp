@@ -214,9 +214,10 @@ bool EdRz::eventFilter(QObject* objeto, QEvent* evento) {
     return true;
   }
   const int paso = tecla->key() == Qt::Key_Up ? -1 : tecla->key() == Qt::Key_Down ? 1 : 0;
-  if (paso == 0 || n + paso < 0 || n + paso >= static_cast<int>(lineas_.size()))
+  const int hacia = n + paso;
+  if (paso == 0 || hacia < 0 || hacia >= static_cast<int>(lineas_.size()))
     return HojaDeMaquina::eventFilter(objeto, evento);
-  const Linea& otra = lineas_[static_cast<size_t>(n + paso)];
+  const Linea& otra = lineas_[static_cast<size_t>(hacia)];
   objeto == suya->fuente ? otra.fuente->setFocus() : otra.texto->setFocus();
   return true;
 }
