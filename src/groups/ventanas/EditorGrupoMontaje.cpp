@@ -309,8 +309,7 @@ void EditorGrupo::montarBus(Formulario& g) {
       linea, &QLineEdit::inputRejected, this,
       [this] { decirPista(t(kTxSoloHasta).arg(kUltimoAddr)); }, Qt::QueuedConnection);
   vigilar(*addr_);
-  connect(
-      addr_, &Campo::dejado, this, [this] { pintarAcceso(); }, Qt::QueuedConnection);
+  connect(addr_, &Campo::dejado, this, [this] { pintarAcceso(); }, Qt::QueuedConnection);
 }
 
 void EditorGrupo::montarEstado(Formulario f) {
