@@ -120,9 +120,8 @@ TEST(MuestraDeArticulo, ElArticuloYElPeorCaso) {
     for (const int n : {1, 2}) s << contenidoDe({.tipo = Tipo::RazonSocial, .NmL = n}, e, {});
     return s.join(u'|').toStdString();
   };
-  EXPECT_EQ(
-      de(bien(m.deArticulo({1, 10}))),
-      "1,234|25,00|30,85|1|Jamón|Bellota puro|04/06/18|07/06/18|10|0000010000007|LUIS|GIJON");
+  EXPECT_EQ(de(bien(m.deArticulo({1, 10}))),
+            "1,234|25,00|30,85|1|Jamón|Bellota puro|04/06/18|07/06/18|10|0000010000007|LUIS|GIJON");
   EXPECT_EQ(de(bien(m.deArticulo({1, 777777}))),
             "|3,10|3,10|1|Huevos de corral||04/06/18|04/06/18|777777|0777777000006|LUIS|GIJON");
   EXPECT_EQ(de(bien(m.peorCaso(1))),
