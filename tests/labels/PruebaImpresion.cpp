@@ -49,7 +49,8 @@ TEST(FuenteDeLaImpresora, TieneTodasLasLetrasQueElTextoNombra) {
                 QChar(145) + u"iou"_s + QChar(141) + QChar(142) + u"io"_s + QChar(143) + u"AU"_s);
   for (const QChar c : caracteresFuente(todas))
     for (int fuente = 0; fuente < kFuentes; ++fuente)
-      EXPECT_TRUE(letra(f, fuente, c.unicode()).contains(u'#')) << int{c.unicode()} << ' ' << fuente;
+      EXPECT_TRUE(letra(f, fuente, c.unicode()).contains(u'#'))
+          << int{c.unicode()} << ' ' << fuente;
   for (const int codigo : {0, 31, 163, 8364}) EXPECT_FALSE(f.negro(4, codigo, 0, 0));
 }
 

@@ -307,6 +307,9 @@ TEST(EditorGrupo, ProbarLoEscrito) {
   QTest::keyClick(v, Qt::Key_F9);
   EXPECT_EQ(dicho, u"Red, balanza:4101|1 · Rowan|2 · Cedar|");
   EXPECT_EQ(t.leer(u"select remoto from GRUPOS where CODGPO=1"_s), u"2");
+  // In a test the engine dies before the windows.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(t.escritorio.ventanas().cargada(u"ProbarConexion"_s), nullptr);
 }
 
 }  // namespace tarvo::prueba
