@@ -184,21 +184,22 @@ Resultado<std::optional<Siguiente>> Cero::verGranTotal() {
   return std::nullopt;
 }
 
-// Only the articles of the whole catalogue that were read before can be compared.
+// Only articles that were read whole before can be compared.
 Resultado<std::optional<Siguiente>> Cero::verArticulos() {
   using C = totals::Sesion::Comparacion;
-  TARVO_TOMAR(const auto leidos, e_.sesion.compararArticulos(t_.Grupo, addr(), {}));
-  C r = leidos;
-  totals::Contadores leido;
-  if (leidos != C::SinLectura) {
-    TARVO_TOMAR(auto s, leer(TipoTarea::RxPlus, leido));
-    if (s) return s;
-    TARVO_TOMAR(r, e_.sesion.compararArticulos(t_.Grupo, addr(), leido));
-  }
-  if (r == C::Mas || r == C::Igual)
-    TARVO_INTENTAR(desmentida(TipoTotal::PLUs, leido, r == C::Igual));
-  else
+  TARVO_TOMAR(const auto antes, e_.sesion.articulosLeidos(t_.Grupo, addr()));
+  if (!antes) {
     TARVO_INTENTAR(hecha(true));
+    return std::nullopt;
+  }
+  totals::Contadores leido;
+  TARVO_TOMAR(auto s, leer(TipoTarea::RxPlus, leido));
+  if (s) return s;
+  const C r = totals::Sesion::compararArticulos(*antes, leido);
+  if (r == C::Cero)
+    TARVO_INTENTAR(hecha(true));
+  else
+    TARVO_INTENTAR(desmentida(TipoTotal::PLUs, leido, r == C::Igual));
   return std::nullopt;
 }
 

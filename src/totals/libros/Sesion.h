@@ -144,8 +144,10 @@ class Sesion {
   // sales. OtrasClases: only other kinds were read. SinLectura: nothing was.
   enum class Comparacion { Igual, Cero, Mas, OtrasClases, SinLectura };
   Resultado<Comparacion> compararGranTotal(int grupo, int addr, const Contadores& leido);
-  // The same for the sum of the machine's articles, if they were read whole.
-  Resultado<Comparacion> compararArticulos(int grupo, int addr, const Contadores& leido);
+  // The same for the sum of the machine's articles just read. `articulosLeidos`: those read whole
+  // before, with which they are compared; nothing without any sales.
+  Resultado<std::optional<Contadores>> articulosLeidos(int grupo, int addr);
+  static Comparacion compararArticulos(const Contadores& antes, const Contadores& leido);
 
   dao::Database& base() { return db_; }
   const Ajustes& ajustes() const { return ajustes_; }

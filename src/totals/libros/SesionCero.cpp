@@ -282,12 +282,15 @@ Resultado<Sesion::Comparacion> Sesion::compararGranTotal(int grupo, int addr,
   return Comparacion::Mas;
 }
 
-Resultado<Sesion::Comparacion> Sesion::compararArticulos(int grupo, int addr,
-                                                         const Contadores& leido) {
-  TARVO_TOMAR(const auto antes, sumaDeArticulos(db_, grupo, addr, false));
-  if (!antes || antes->CON == 0) return Comparacion::SinLectura;
-  if (leido.cero() || 2 * leido.CON < antes->CON) return Comparacion::Cero;
-  return *antes == leido ? Comparacion::Igual : Comparacion::Mas;
+Resultado<std::optional<Contadores>> Sesion::articulosLeidos(int grupo, int addr) {
+  TARVO_TOMAR(auto suma, sumaDeArticulos(db_, grupo, addr, false));
+  if (suma && suma->CON == 0) suma.reset();
+  return suma;
+}
+
+Sesion::Comparacion Sesion::compararArticulos(const Contadores& antes, const Contadores& leido) {
+  if (leido.cero() || 2 * leido.CON < antes.CON) return Comparacion::Cero;
+  return antes == leido ? Comparacion::Igual : Comparacion::Mas;
 }
 
 }  // namespace tarvo::totals
