@@ -36,7 +36,7 @@ class Borrador {
   // False at the ends.
   bool deshacer() { return pasar(antes_, despues_); }
   bool rehacer() { return pasar(despues_, antes_); }
-  bool sePuedeRehacer() const { return !despues_.empty(); }
+  bool sePuedeDeshacer() const { return !antes_.empty(); }
 
  private:
   using Estados = std::vector<EstadoFormato>;

@@ -47,23 +47,16 @@ Resultado<> TecladoVentana::intentar(const QString& que, const Cambio& cambio) {
 }
 
 void TecladoVentana::apuntar(const QString& que, const TecladoEditado& antes) {
-  rehacer_.clear();
-  deshacer_->apuntar(que, [this, que, antes]() -> Resultado<ventanas::Deshacer::Vuelto> {
-    rehacer_.push_back({que, r});
-    poner(antes);
-    return ventanas::Deshacer::Vuelto();
-  });
-}
-
-void TecladoVentana::rehacer() {
-  if (rehacer_.empty()) return;
-  auto siguen = std::move(rehacer_);
-  const Rehecho hecho = std::move(siguen.back());
-  siguen.pop_back();
-  apuntar(hecho.que, r);
-  rehacer_ = std::move(siguen);
-  poner(hecho.despues);
-  decirBien(t(kTxRehecho).arg(hecho.que));
+  deshacer_->apuntarIdaYVuelta(
+      que,
+      [this, antes]() -> Resultado<ventanas::Deshacer::Vuelto> {
+        poner(antes);
+        return ventanas::Deshacer::Vuelto();
+      },
+      [this, despues = r]() -> Resultado<> {
+        poner(despues);
+        return {};
+      });
 }
 
 void TecladoVentana::poner(const TecladoEditado& teclado) {

@@ -251,9 +251,7 @@ void TecladoVentana::montarOrdenes(QToolBar& barra) {
   ordenes_ = new ventanas::Ordenes(*this, &barra);
   deshacer_ = new ventanas::Deshacer(*this);
   ordenes_->anadir(deshacer_->accion());
-  accionRehacer_ = ordenes_->anadir({u"Rehacer"_s, kTxRehacer, u"adelante"_s, Qt::CTRL | Qt::Key_Y,
-                                     [this] { rehacer(); }, [this] { return !rehacer_.empty(); }});
-  accionRehacer_->setProperty(ventanas::kPorQueNo, t(kTxNadaQueRehacer));
+  ordenes_->anadir(deshacer_->accionRehacer());
   ordenes_->separar();
   const auto deTecla = [this](QAction* a) {
     a->setShortcutContext(Qt::WidgetWithChildrenShortcut);  // the lists have these keys as well
@@ -294,7 +292,7 @@ void TecladoVentana::montarOrdenes(QToolBar& barra) {
   accionLeer_->setToolTip(t(kTxLeerTip));
   accionGuardar_->setToolTip(t(kTxGuardarTip));
   // Their drawings are known to everybody, and the bar fits on small screens.
-  for (QAction* a : {deshacer_->accion(), accionRehacer_})
+  for (QAction* a : {deshacer_->accion(), deshacer_->accionRehacer()})
     if (auto* boton = qobject_cast<QToolButton*>(barra.widgetForAction(a)))
       boton->setToolButtonStyle(Qt::ToolButtonIconOnly);
   connect(basura_, &QToolButton::clicked, this, [this] { borrar(lienzo_->actual()); });

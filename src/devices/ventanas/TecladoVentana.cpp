@@ -49,7 +49,6 @@ Resultado<> TecladoVentana::entrar(const PuertaTeclado& puerta) {
   TecladoEditado teclado(puerta.tipo);
   teclado.leer(puerta.textos);
   deshacer_->olvidar();
-  rehacer_.clear();
   antesDeTanda_.reset();
   mirados_.clear();
   existen_.clear();

@@ -48,7 +48,6 @@ class TecladoVentana final : public ventanas::FichaDe<TecladoEditado> {
     return haIdoBien(intentar(que, cambio));
   }
   void apuntar(const QString& que, const TecladoEditado& antes);
-  void rehacer();
   void poner(const TecladoEditado& teclado);
 
   void vender(int tecla, qint64 articulo);
@@ -91,17 +90,12 @@ class TecladoVentana final : public ventanas::FichaDe<TecladoEditado> {
   ArticulosDeTecla existen_;
   std::set<qint64> mirados_;  // the articles that existen_ tells about
   qint64 cambios_ = -1;       // of the store, when they were looked up
-  struct Rehecho {
-    QString que;
-    TecladoEditado despues;
-  };
-  std::vector<Rehecho> rehacer_;
   std::optional<TecladoEditado> antesDeTanda_;
 
   ventanas::Ordenes* ordenes_ = nullptr;
   ventanas::Deshacer* deshacer_ = nullptr;
-  QAction *accionRehacer_ = nullptr, *accionCopiar_ = nullptr, *accionPegar_ = nullptr,
-          *accionGuardar_ = nullptr, *accionLeer_ = nullptr;
+  QAction *accionCopiar_ = nullptr, *accionPegar_ = nullptr, *accionGuardar_ = nullptr,
+          *accionLeer_ = nullptr;
   LienzoTeclado* lienzo_ = nullptr;
   QLabel *NmT_ = nullptr, *NFu_ = nullptr, *EtqDibujo_ = nullptr;
   QComboBox *Option1_ = nullptr, *departamento_ = nullptr, *orden_ = nullptr;

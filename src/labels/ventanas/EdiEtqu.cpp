@@ -113,7 +113,6 @@ void EdiEtqu::cargar(const QString& nombre) {
   actual_ = nombre;
   for (const int paso : pasos_) deshacer_->retirar(paso);
   pasos_.clear();
-  rehechos_.clear();
   borrador_.cargar(std::move(nuevo));
   lienzo_->elegir({});
   leerTextos();

@@ -67,7 +67,6 @@ class EdiEtqu final : public ventanas::Ventana {
   void poner(const QString& que, Formato nuevo, bool sigue = false);
   void ponerEstado(const QString& que, EstadoFormato nuevo, bool sigue = false);
   void apuntar(const QString& que);
-  void rehacer();
   void mostrar();
   void mostrarCampos();
   void actualizarOrdenes();
@@ -96,7 +95,6 @@ class EdiEtqu final : public ventanas::Ventana {
   QString actual_;                 // the format being edited; empty for none
   std::optional<QString> lineas_;  // of its text set
   std::vector<int> pasos_;         // its changes, in the undo stack
-  std::vector<QString> rehechos_;  // the names of what can be done again
   bool llenando_ = false, ilegible_ = false;
 
   ventanas::Parrilla *lista_, *campos_;
@@ -108,7 +106,7 @@ class EdiEtqu final : public ventanas::Ventana {
   ventanas::Ordenes *ordenes_, *ordenesEtiqueta_, *ordenesLista_;
   ventanas::Deshacer* deshacer_;
   QToolBar* barra_;
-  QAction *nuevoCampo_, *alinear_, *rehacer_;
+  QAction *nuevoCampo_, *alinear_;
 };
 
 }  // namespace tarvo::labels

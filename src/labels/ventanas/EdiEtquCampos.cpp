@@ -46,32 +46,28 @@ void EdiEtqu::poner(const QString& que, Formato nuevo, bool sigue) {
 
 void EdiEtqu::ponerEstado(const QString& que, EstadoFormato nuevo, bool sigue) {
   const bool cambiaJuego = nuevo.juego != borrador_.estado().juego;
+  const bool sigueElPaso = sigue && borrador_.sePuedeDeshacer();
   if (!borrador_.poner(std::move(nuevo), sigue)) return mostrar();
-  rehechos_.clear();
-  if (!sigue || pasos_.empty()) apuntar(que);
+  sigueElPaso ? deshacer_->olvidarIdas() : apuntar(que);
   if (cambiaJuego) leerTextos();
   mostrar();
 }
 
 void EdiEtqu::apuntar(const QString& que) {
-  pasos_.push_back(deshacer_->apuntar(que, [this, que]() -> Resultado<Vuelto> {
-    borrador_.deshacer();
-    rehechos_.push_back(que);
-    if (!pasos_.empty()) pasos_.pop_back();
-    leerTextos();
-    mostrar();
-    return Vuelto();
-  }));
-}
-
-void EdiEtqu::rehacer() {
-  if (!borrador_.rehacer()) return;
-  const QString que = rehechos_.empty() ? QString() : rehechos_.back();
-  if (!rehechos_.empty()) rehechos_.pop_back();
-  apuntar(que);
-  leerTextos();
-  mostrar();
-  decirBien(t(kTxRehecho).arg(que));
+  pasos_.push_back(deshacer_->apuntarIdaYVuelta(
+      que,
+      [this]() -> Resultado<Vuelto> {
+        borrador_.deshacer();
+        leerTextos();
+        mostrar();
+        return Vuelto();
+      },
+      [this]() -> Resultado<> {
+        borrador_.rehacer();
+        leerTextos();
+        mostrar();
+        return {};
+      }));
 }
 
 void EdiEtqu::mostrar() {

@@ -252,8 +252,7 @@ void EdiEtqu::montarCampos(QToolBar* barra) {
       {u"Borro"_s, kTxBorrarCampo, u"borrar"_s, Qt::Key_Delete, [this] { borrar(); }, elegidoAqui});
   deshacer_ = new Deshacer(*this);
   barra->addAction(deshacer_->accion());
-  rehacer_ = o.anadir({u"Rehacer"_s, kTxRehacer, u"adelante"_s, Qt::CTRL | Qt::Key_Y,
-                       [this] { rehacer(); }, [this] { return borrador_.sePuedeRehacer(); }});
+  barra->addAction(deshacer_->accionRehacer());
   barra->addSeparator();
   o.anadir({u"copiar"_s, kTxCopiar, u"copiar"_s, Qt::CTRL | Qt::Key_C, [this] { copiar(); },
             elegidoAqui, 0, false});

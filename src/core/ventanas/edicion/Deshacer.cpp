@@ -43,14 +43,42 @@ bool Deshacer::eventFilter(QObject* objeto, QEvent* evento) {
   return true;
 }
 
-int Deshacer::apuntar(const QString& que, Vuelta vuelta, Despues despues) {
-  pila_.push_back({++ultimo_, que, std::move(vuelta), std::move(despues)});
+QAction* Deshacer::accionRehacer() {
+  if (accionRehacer_) return accionRehacer_;
+  accionRehacer_ = new QAction(icono(u"adelante"_s), v_.t(kTxRehacer), &v_);
+  accionRehacer_->setObjectName(u"Rehacer"_s);
+  accionRehacer_->setShortcut(Qt::CTRL | Qt::Key_Y);
+  v_.addAction(accionRehacer_);
+  connect(accionRehacer_, &QAction::triggered, this, &Deshacer::rehacer);
   pintar();
+  return accionRehacer_;
+}
+
+int Deshacer::apuntar(Cambio cambio) {
+  cambio.numero = ++ultimo_;
+  pila_.push_back(std::move(cambio));
+  olvidarIdas();
   return ultimo_;
 }
 
+int Deshacer::apuntar(const QString& que, Vuelta vuelta, Despues despues) {
+  return apuntar(
+      {.numero = 0, .que = que, .vuelta = std::move(vuelta), .despues = std::move(despues)});
+}
+
+int Deshacer::apuntarIdaYVuelta(const QString& que, Vuelta vuelta,
+                                std::function<Resultado<>()> ida) {
+  return apuntar({.numero = 0, .que = que, .vuelta = std::move(vuelta), .ida = std::move(ida)});
+}
+
+void Deshacer::olvidarIdas() {
+  deshechos_.clear();
+  pintar();
+}
+
 void Deshacer::retirar(int numero) {
-  std::erase_if(pila_, [numero](const Cambio& c) { return c.numero == numero; });
+  for (auto* pila : {&pila_, &deshechos_})
+    std::erase_if(*pila, [numero](const Cambio& c) { return c.numero == numero; });
   pintar();
 }
 
@@ -136,14 +164,27 @@ void Deshacer::deshacer() {
   if (hecho && hecho->queda) return;
   if (!puedePasar) retirar(cambio.numero);
   if (!v_.haIdoBien(hecho)) return;
+  if (cambio.ida) deshechos_.push_back(cambio);
+  pintar();
   const QString texto = hecho->texto.isEmpty() ? v_.t(kTxDeshecho).arg(cambio.que) : hecho->texto;
   hecho->duda ? v_.decirDuda(texto) : v_.decirBien(texto);
   Q_EMIT deshecho();
 }
 
+void Deshacer::rehacer() {
+  if (deshechos_.empty() || v_.trabajo().enMarcha()) return;
+  const Cambio cambio = deshechos_.back();
+  const auto hecho = cambio.ida();
+  if (!v_.haIdoBien(hecho)) return olvidarIdas();
+  deshechos_.pop_back();
+  pila_.push_back(cambio);
+  pintar();
+  v_.decirBien(v_.t(kTxRehecho).arg(cambio.que));
+}
+
 void Deshacer::olvidar() {
   pila_.clear();
-  pintar();
+  olvidarIdas();
 }
 
 void Deshacer::pintar() {
@@ -151,6 +192,11 @@ void Deshacer::pintar() {
   accion_->setProperty(kPorQueNo, v_.t(kTxNadaQueDeshacer));
   accion_->setToolTip(pila_.empty() ? v_.t(kTxNadaQueDeshacer)
                                     : v_.t(kTxDeshacerQue).arg(pila_.back().que));
+  if (!accionRehacer_) return;
+  accionRehacer_->setEnabled(!deshechos_.empty());
+  accionRehacer_->setProperty(kPorQueNo, v_.t(kTxNadaQueRehacer));
+  accionRehacer_->setToolTip(deshechos_.empty() ? v_.t(kTxNadaQueRehacer)
+                                                : v_.t(kTxRehacerQue).arg(deshechos_.back().que));
 }
 
 }  // namespace tarvo::ventanas

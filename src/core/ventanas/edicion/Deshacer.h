@@ -1,5 +1,6 @@
 // The undo stack of a window: the user's changes and the way back from each, the last first, with
-// Ctrl+Z, a button, and a text that names the next change to be undone.
+// Ctrl+Z, a button, and a text that names the next change to be undone. Those with a way forward as
+// well can be done again with Ctrl+Y, until something else is changed.
 #pragma once
 
 #include <QAction>
@@ -35,10 +36,16 @@ class Deshacer final : public QObject {
   // one.
   explicit Deshacer(Ventana& ventana, QAction* accion = nullptr);
   QAction* accion() const { return accion_; }
+  // The command that does again what was undone; made by the first call.
+  QAction* accionRehacer();
 
   // Pushes a change and returns its number.
   int apuntar(const QString& que, Vuelta vuelta) { return apuntar(que, std::move(vuelta), {}); }
   int apuntar(const QString& que, Vuelta vuelta, Despues despues);
+  // The same with a way forward. On a failure nothing can be done again any more.
+  int apuntarIdaYVuelta(const QString& que, Vuelta vuelta, std::function<Resultado<>()> ida);
+  // What was undone can't be done again: something has changed that was not noted.
+  void olvidarIdas();
   // Removes a change that can no longer be undone from here.
   void retirar(int numero);
   // Notes every cell written, with its former contents. The list reads its rows again after a cell
@@ -49,6 +56,7 @@ class Deshacer final : public QObject {
   // Makes what `apuntarVarios` pushes a single step.
   void comoUno(const std::function<void()>& apuntarVarios);
   void deshacer();
+  void rehacer();
   bool vacia() const { return pila_.empty(); }
   void olvidar();
 
@@ -60,8 +68,10 @@ class Deshacer final : public QObject {
     int numero;
     QString que;
     Vuelta vuelta;
-    Despues despues;
+    Despues despues = {};
+    std::function<Resultado<>()> ida = {};
   };
+  int apuntar(Cambio cambio);
   static Resultado<bool> hayDespues(const std::vector<Cambio>& cambios);
   bool conforme(const Cambio& cambio);
   bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -70,7 +80,8 @@ class Deshacer final : public QObject {
 
   Ventana& v_;
   QAction* accion_;
-  std::vector<Cambio> pila_;
+  QAction* accionRehacer_ = nullptr;
+  std::vector<Cambio> pila_, deshechos_;
   int ultimo_ = 0;
 };
 
