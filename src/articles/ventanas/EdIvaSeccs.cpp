@@ -68,9 +68,8 @@ void EdIvaSeccs::pintar() {
 }
 
 Resultado<> EdIvaSeccs::ponerTasa(qint64 tipo, const QString& texto) {
-  const QString dicho = texto.trimmed();
-  const auto tasa = LeerCentesimas(dicho.endsWith(u'%') ? dicho.chopped(1) : dicho);
-  if (!tasa || *tasa < 0 || *tasa > 100'00) return fallo(Fallo::Formato, t(kTxTasaMala));
+  const auto tasa = LeerPorcentaje(texto);
+  if (!tasa || *tasa > 100'00) return fallo(Fallo::Formato, t(kTxTasaMala));
   r.tasas[static_cast<size_t>(tipo)] = *tasa;
   pintar();
   return {};

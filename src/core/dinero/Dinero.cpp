@@ -222,4 +222,10 @@ std::optional<int> LeerCentesimas(const QString& texto) {
   return static_cast<int>(std::lround(*x * 100));
 }
 
+std::optional<int> LeerPorcentaje(const QString& texto) {
+  const QString dicho = texto.trimmed();
+  const auto x = LeerCentesimas(dicho.endsWith(u'%') ? dicho.chopped(1) : dicho);
+  return x && *x >= 0 ? x : std::nullopt;
+}
+
 }  // namespace tarvo

@@ -32,6 +32,8 @@ std::optional<DosLecturas> LeidoDeDosModos(const Ajustes& a, const QString& text
 std::optional<DosLecturas> LeidoDeDosModos(Idioma idioma, const QString& texto, int cada);
 // "5,5" or "5.5" per cent as 550; nothing for more than two decimals or what is no number.
 std::optional<int> LeerCentesimas(const QString& texto);
+// The same with an optional "%" after it; nothing either for less than 0.
+std::optional<int> LeerPorcentaje(const QString& texto);
 bool SobranCentesimas(const QString& texto);  // a number, but with more than two decimals
 // The same, with 0 for such a text.
 qint64 AImporte(const Ajustes& a, const QString& texto, int moneda);

@@ -73,9 +73,8 @@ void EdIvaDept::pintar() {
 }
 
 Resultado<> EdIvaDept::ponerTasa(int tipo, const QString& texto) {
-  const QString dicho = texto.trimmed();
-  const auto tasa = LeerCentesimas(dicho.endsWith(u'%') ? dicho.chopped(1) : dicho);
-  if (!tasa || *tasa < 0 || *tasa >= kTasaMayor) return fallo(Fallo::Formato, t(kTxTasaMala));
+  const auto tasa = LeerPorcentaje(texto);
+  if (!tasa || *tasa >= kTasaMayor) return fallo(Fallo::Formato, t(kTxTasaMala));
   r.TipoIVA(tipo, static_cast<float>(*tasa) / 100);
   pintar();
   return {};
