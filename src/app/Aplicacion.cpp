@@ -145,6 +145,9 @@ const automation::Lenguaje& Aplicacion::lenguaje() const {
 motor::gestcomm& Aplicacion::gestcomm() {
   return d->gestcomm;
 }
+conexion::Servicios Aplicacion::conexion() {
+  return {d->gestcomm, d->enlaces, d->db};
+}
 enlace::Enlaces& Aplicacion::enlaces() {
   return d->enlaces;
 }

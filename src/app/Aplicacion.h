@@ -13,6 +13,7 @@
 #include "automation/Resumen.h"
 #include "automation/historia/Pendientes.h"
 #include "comm/cables/LinkSocket.h"
+#include "comm/conexion/Prueba.h"
 #include "comm/envios/Grupos.h"
 #include "comm/motor/gestcomm.h"
 #include "core/textos/Textos.h"
@@ -87,6 +88,7 @@ class Aplicacion {
   const automation::Lenguaje& lenguaje() const;
   motor::gestcomm& gestcomm();
   enlace::Enlaces& enlaces();
+  conexion::Servicios conexion();
   // Its wires are those of all links: a line that one of them holds can't be opened again.
   enlace::FabricaEnlaces& fabrica();
   const motor::RepertorioTareas& repertorio() const;

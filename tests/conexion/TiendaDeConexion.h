@@ -86,7 +86,7 @@ struct TiendaDeConexion : TiendaDeMotor {
   bool libre() { return !fabrica.cables[u"cable 1"_s].abierto() && !(*enlaces)[0]; }
 
   std::vector<std::unique_ptr<simulador::Maquina>> puestas;
-  conexion::Prueba prueba{{*gestor, *enlaces}, *ajustes, reloj, textosDePrueba()};
+  conexion::Prueba prueba{{*gestor, *enlaces, *db}, *ajustes, reloj, textosDePrueba()};
 };
 
 }  // namespace tarvo::prueba

@@ -40,8 +40,7 @@ void registrarVentanas(ventanas::Ventanas& ventanas, Aplicacion& aplicacion) {
                                          .sesion = aplicacion.sesion(),
                                          .repertorio = aplicacion.repertorio(),
                                          .grupos = aplicacion.grupos()});
-  conexion::registrarVentanasConexion(
-      ventanas, {.motor = aplicacion.gestcomm(), .enlaces = aplicacion.enlaces()});
+  conexion::registrarVentanasConexion(ventanas, aplicacion.conexion());
   devices::registrarVentanasTeclados(ventanas, aplicacion.catalogo());
   exploracion::registrarVentanasExploracion(ventanas, {.catalogo = aplicacion.catalogo(),
                                                        .fabrica = aplicacion.fabrica(),

@@ -11,9 +11,6 @@ namespace tarvo::conexion {
 
 namespace {
 
-// Errors of openings, besides those of enlace/Errores.h.
-constexpr int kTcpCerrado = 23, kSinConector = 24, kSinModem = 25, kSinHost = 26;
-
 bool esMaquina(const Contestacion& c) {
   return c.sitio != Contestacion::kAcceso && c.que != Que::Sobra;
 }
@@ -43,14 +40,14 @@ int consejoDeApertura(int error, TipoAcceso remoto) {
       return kTxMiraCableSuelto;
     case enlace::kErrorEnUso:
       return kTxLineaOcupada;
-    case kSinConector:
+    case enlace::kErrorSinConector:
       return kTxMiraConector;
-    case kSinHost:
+    case enlace::kErrorSinHost:
       return kTxMiraHost;
-    case kTcpCerrado:
+    case enlace::kErrorPuertoTcp:
       return kTxMiraPuertoTcp;
     case enlace::kErrorModem:
-    case kSinModem:
+    case enlace::kErrorSinModem:
       return kTxMiraModem;
     default:
       break;

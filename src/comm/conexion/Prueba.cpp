@@ -30,7 +30,7 @@ bool quedoAMedias(const Contestacion& c) {
 }  // namespace
 
 Prueba::Prueba(const Servicios& s, const Ajustes& ajustes, Reloj& reloj, const Textos& textos)
-    : e_{s.motor, s.enlaces, ajustes, reloj, textos}, avisar_(reloj.temporizador([this] {
+    : e_{s.motor, s.enlaces, s.db, ajustes, reloj, textos}, avisar_(reloj.temporizador([this] {
         if (!enMarcha()) e_.motor.dejarDeObservar(this);
         const bool acabada = std::exchange(acabada_, false);
         if (alCambiar) alCambiar();
@@ -91,7 +91,7 @@ void Prueba::preguntarCaja() {
 
 bool Prueba::anotarLista() {
   if (nota_) return true;
-  tareas::NotaDeLista nota(e_.motor.base(),
+  tareas::NotaDeLista nota(e_.db,
                            tareas::lineaDe(peticion_.remoto, peticion_.canal, peticion_.acceso));
   const auto rota = nota.poner();
   if (rota && !*rota) nota_.emplace(std::move(nota));

@@ -56,6 +56,7 @@ struct Contestacion {
 struct Servicios {
   motor::gestcomm& motor;
   enlace::Enlaces& enlaces;
+  dao::Database& db;
 };
 
 class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
@@ -128,6 +129,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
   struct Entorno {
     motor::gestcomm& motor;
     enlace::Enlaces& enlaces;
+    dao::Database& db;
     const Ajustes& ajustes;
     Reloj& reloj;
     const Textos& textos;

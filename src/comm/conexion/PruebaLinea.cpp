@@ -28,12 +28,6 @@ bool enCurso(const motor::VistaTarea& t, const std::vector<motor::VistaCanal>& c
   }
 }
 
-int errorDeCaida(TipoAcceso remoto) {
-  return remoto == TipoAcceso::Modem   ? motor::kErrorPortadora
-         : remoto == TipoAcceso::TcpIp ? motor::kErrorCaidaTcp
-                                       : motor::kErrorCaida;
-}
-
 }  // namespace
 
 // --- the engine
@@ -158,7 +152,7 @@ void Prueba::Cerrar_Evento(int, int) {
     for (Contestacion& c : filas_)
       if (c.que == Que::Preguntando) {
         c.que = Que::Cortado;
-        c.error = errorDeCaida(peticion_.remoto);
+        c.error = motor::errorDeCaida(peticion_.remoto);
       }
   acabar(fin_);
 }

@@ -19,6 +19,10 @@ enum CodigoError : int {
   kErrorSenales = 18,
   kErrorRechazo = 19,
   kErrorDesconexion = 20,
+  kErrorPuertoTcp = 23,
+  kErrorSinConector = 24,
+  kErrorSinModem = 25,
+  kErrorSinHost = 26,
   kErrorEnUso = 27,
 };
 

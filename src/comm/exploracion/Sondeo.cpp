@@ -3,9 +3,12 @@
 #include <algorithm>
 
 #include "comm/cables/Hayes.h"
+#include "comm/maquinas/Balanzas.h"
 #include "comm/tramas/Trama.h"
 
 namespace tarvo::exploracion {
+
+using maquinas::kPreguntaNodal, maquinas::kPreguntaVek;
 
 namespace {
 
@@ -13,7 +16,6 @@ const QByteArray kCadenaModem = QByteArrayLiteral("AT&FE0V0Q0Y1L3\r"),
                  kAT = QByteArrayLiteral("AT\r");
 const QByteArray kBien = QByteArrayLiteral("0");
 constexpr int kMsPrimera = 1000, kMsRespuesta = 500;
-constexpr int kPreguntaVek = 570, kPreguntaNodal = 72;
 constexpr int kMaxMalos = 10;          // answered in one probe
 constexpr qsizetype kMaxPuestos = 99;  // an address has two digits
 

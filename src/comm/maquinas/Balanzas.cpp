@@ -5,7 +5,7 @@
 namespace tarvo::maquinas {
 
 Peticion balanzas(Protocolo protocolo) {
-  return {protocolo == Protocolo::Nodal ? 72 : 570, {}};
+  return {protocolo == Protocolo::Nodal ? kPreguntaNodal : kPreguntaVek, {}};
 }
 
 std::optional<std::vector<bool>> leerBalanzas(QByteArrayView datos) {

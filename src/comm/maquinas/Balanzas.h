@@ -8,6 +8,7 @@
 
 namespace tarvo::maquinas {
 
+inline constexpr int kPreguntaVek = 570, kPreguntaNodal = 72;
 // Of the kinds 1, 2 and 4; a register has no such question.
 Peticion balanzas(Protocolo protocolo);
 // Whether the scale of each number, from 0 on, is there. Nothing for any other text: it consists of

@@ -43,7 +43,7 @@ void gestcomm::Interior::avanzar(int id) {
       t->Retenida = false;
       t->Estado = kTransfiriendo;
       cambio(*t);
-      if (!enlaces[c]) return enlacePerdido(id, errorDeCaida(c));
+      if (!enlaces[c]) return enlacePerdido(id, caidaDe(c));
       return siguienteTrama(id);
     default:
       return;

@@ -79,19 +79,8 @@ void gestcomm::Interior::abandonarEnlace(int c) {
   enlaces.abandonar(c, &fuera);
 }
 
-int gestcomm::Interior::errorDeCaida(int c) const {
-  if (c >= kCanalesFijos) return kErrorCaida;
-  switch (param(c).Device) {
-    case TipoAcceso::Modem:
-      return kErrorPortadora;
-    case TipoAcceso::TcpIp:
-      return kErrorCaidaTcp;
-    case TipoAcceso::Ninguno:
-    case TipoAcceso::Directo:
-    case TipoAcceso::Conector:
-      return kErrorCaida;
-  }
-  std::unreachable();
+int gestcomm::Interior::caidaDe(int c) const {
+  return c >= kCanalesFijos ? kErrorCaida : errorDeCaida(param(c).Device);
 }
 
 // The fate of the link of a task that has left the channel.
@@ -186,7 +175,7 @@ void gestcomm::Interior::cerrado(int c, int error) {
   }
   switch (t->Estado) {
     case kAbriendo:
-      return falloApertura(c, id, errorDeCaida(c));
+      return falloApertura(c, id, caidaDe(c));
     case kAperturaFallida:
       return ponerCanal(c, error != 0 ? kCierreMalo : kAperturaMala);
     case kTransfiriendo:
@@ -194,7 +183,7 @@ void gestcomm::Interior::cerrado(int c, int error) {
       if (canal.EstadoCanal == kConFallo && error == 0) return ponerCanal(c, kPerdido);
       [[fallthrough]];
     case kRetenido:
-      return enlacePerdido(id, errorDeCaida(c));
+      return enlacePerdido(id, caidaDe(c));
     case kInterrumpido:
       return ponerCanal(c, kPerdido);
     default:

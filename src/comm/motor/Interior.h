@@ -185,7 +185,7 @@ struct gestcomm::Interior {
   void falloTrama(int id, int error, const QString& texto = {});
   void falloTarea(int id, const Error& error);
   void enlacePerdido(int id, int error);
-  int errorDeCaida(int canal) const;
+  int caidaDe(int canal) const;
   void abandonarEnlace(int canal);
   void cerrarEnlace(int canal);
   void canalCerrado(int canal);

@@ -39,6 +39,11 @@ inline constexpr int kErrorDetenido = 13;  // the operator stopped the opening: 
 inline constexpr int kErrorCanal = 14;     // the channel doesn't suit the group
 // The link was lost while in use: a modem's carrier, a TCP connection, a cable or connector.
 inline constexpr int kErrorPortadora = 29, kErrorCaidaTcp = 30, kErrorCaida = 32;
+constexpr int errorDeCaida(TipoAcceso remoto) {
+  return remoto == TipoAcceso::Modem   ? kErrorPortadora
+         : remoto == TipoAcceso::TcpIp ? kErrorCaidaTcp
+                                       : kErrorCaida;
+}
 inline constexpr int kErrorSuprimido = 22;  // not sent, so that no sale is lost: never retried
 inline constexpr int kErrorAlmacen = 99;    // the store failed; textoError has the message
 

@@ -35,10 +35,6 @@ gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTa
 
 gestcomm::~gestcomm() = default;
 
-dao::Database& gestcomm::base() {
-  return d->entorno.db;
-}
-
 int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
                          qint64 paso) {
   DatosTarea que;

@@ -64,8 +64,6 @@ class gestcomm final : private enlace::ClienteEnlace {
   gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTareas& repertorio);
   ~gestcomm();
 
-  dao::Database& base();  // its store, for the engines built on it
-
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
   // that doesn't communicate. `paso`: the requesting step of a process.
   int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,

@@ -87,8 +87,8 @@ TEST_F(Configuracion, ValoresDeFabrica) {
   EXPECT_EQ(delMotor().IntentosManual, 0);
 }
 
-// The file was edited while the program is open: it is said, and what isn't changed here stays
-// there.
+// The file was edited while the program is open: that is reported, and what isn't changed here
+// stays there.
 TEST_F(Configuracion, LoCambiadoDesdeFueraSeDice) {
   bien(ajustes->GuardarConfig());
   abrir(u"CfgComm"_s);

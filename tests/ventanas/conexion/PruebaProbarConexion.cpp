@@ -10,7 +10,7 @@ namespace tarvo::prueba {
 
 struct ProbarConexion : MesaDeComm {
   ProbarConexion() {
-    conexion::registrarVentanasConexion(escritorio.ventanas(), {*gestor, *enlaces});
+    conexion::registrarVentanasConexion(escritorio.ventanas(), {*gestor, *enlaces, *db});
     poner({0, 1});
   }
   void poner(std::vector<int> balanzas) {

@@ -290,7 +290,7 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
 // F9 tries the access as it is typed, and stores nothing.
 TEST(EditorGrupo, ProbarLoEscrito) {
   MesaDeGrupos t;
-  conexion::registrarVentanasConexion(t.escritorio.ventanas(), {*t.gestor, t.enlaces});
+  conexion::registrarVentanasConexion(t.escritorio.ventanas(), {*t.gestor, t.enlaces, *t.db});
   t.ajustes.de<enlace::AjustesCables>().canales[1].Device = TipoAcceso::TcpIp;
   auto* v = t.editor(1);
   t.elegir(v, u"lstAcceso", 3);

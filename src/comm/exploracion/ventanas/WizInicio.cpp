@@ -26,7 +26,6 @@ namespace {
 
 constexpr int kPorAcceso = 100;  // steps of the progress bar for each access
 constexpr int kLatidosPorCambio = 5;
-enum EstadoLinea : int { kEspera, kEnMarcha, kNada, kAlgo };
 
 bool algo(const Hallazgo& h) {
   return h.resultado >= ResultadoCanal::Modem;

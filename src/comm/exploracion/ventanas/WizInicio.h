@@ -27,6 +27,8 @@ namespace tarvo::exploracion {
 
 class WizInicio final : public ventanas::Ventana {
  public:
+  // Of a line of the list: waiting, under way, nothing found, something found.
+  enum EstadoLinea : int { kEspera, kEnMarcha, kNada, kAlgo };
   WizInicio(ventanas::Contexto& contexto, const QString& nombre, const Servicios& servicios);
   Resultado<> entrar(const PuertaWizInicio&);
 

@@ -41,9 +41,8 @@ ventanas::Parrilla* lista(const QString& nombre, QWidget* padre) {
   return p;
 }
 
-// Of a line of the list: waiting, under way, nothing found, something found.
 ventanas::Estado estadoDe(const dao::Valor& v) {
-  return v.entero() == 3 ? ventanas::Estado::Bien : ventanas::Estado::Ninguno;
+  return v.entero() == WizInicio::kAlgo ? ventanas::Estado::Bien : ventanas::Estado::Ninguno;
 }
 
 }  // namespace
