@@ -8,19 +8,9 @@
 #include <QLineEdit>
 #include <QTableView>
 
-#include "Pintado.h"
-#include "articles/AjustesArticulos.h"
+#include "Tienda.h"
 #include "articles/Listas.h"
-#include "articles/TablasArticulos.h"
-#include "articles/ventanas/RegistrarVentanas.h"
-#include "comm/cables/AjustesCables.h"
-#include "comm/cables/FabricaReal.h"
-#include "comm/enlace/AjustesEnlace.h"
-#include "comm/motor/AjustesMotor.h"
-#include "comm/tareas/Repertorio.h"
-#include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/parrilla/Parrilla.h"
-#include "totals/libros/AjustesSesion.h"
 
 using namespace tarvo;
 using namespace tarvo::banco;
@@ -47,37 +37,13 @@ std::unique_ptr<dao::Database> hacerCatalogo(const QString& ruta) {
   return db;
 }
 
-class Banco {
+class Banco : Tienda {
  public:
-  explicit Banco(QApplication& qt)
-      : db_(hacerCatalogo(carpeta_.filePath(u"TARVO.MDB"_s))),
-        ajustes_(carpeta_.path(), Idioma::Espanol,
-                 {articles::ajustesArticulos(), enlace::ajustesCables(), enlace::ajustesEnlace(),
-                  motor::ajustesMotor(), totals::ajustesSesion()}),
-        textos_(bien(Textos::leer(u":/textos/es.txt"_s))),
-        catalogo_(*db_, textos_, reloj_, u"banco"_s),
-        operadores_(*db_, textos_),
-        sesion_(*db_, ajustes_, reloj_, textos_),
-        fabrica_(reloj_, ajustes_),
-        enlaces_(reloj_, ajustes_, fabrica_, azar_),
-        repertorio_(tareas::repertorio()),
-        motor_({*db_, ajustes_, reloj_, sesion_, textos_}, enlaces_, repertorio_),
-        escritorio_(qt, *db_, ajustes_, textos_, reloj_, ventanas::Cara::Clara, {}) {
-    articles::registrarVentanasArticulos(escritorio_.ventanas(), catalogo_, operadores_, motor_);
-  }
+  explicit Banco(QApplication& qt) : Tienda(qt, hacerCatalogo) {}
 
   // From the call to the first paint of the grid with its rows.
   double abrir() {
-    std::vector<double> v;
-    for (int i = 0; i <= kVueltas; ++i) {
-      QElapsedTimer t;
-      t.start();
-      mostrar();
-      v.push_back(ms(t));
-      quitar();
-    }
-    v.erase(v.begin());  // done once by every program
-    return enElLugar(v, 0.5);
+    return aperturas([this] { mostrar(); }, [this] { ventana_->close(); });
   }
   double orden() {
     mostrar();
@@ -187,20 +153,6 @@ class Banco {
     return ms(t);
   }
 
-  QTemporaryDir carpeta_;
-  RelojReal reloj_;
-  Azar azar_{1};
-  std::unique_ptr<dao::Database> db_;
-  Ajustes ajustes_;
-  Textos textos_;
-  articles::Catalogo catalogo_;
-  articles::Operadores operadores_;
-  totals::Sesion sesion_;
-  enlace::FabricaReal fabrica_;
-  enlace::Enlaces enlaces_;
-  motor::RepertorioTareas repertorio_;
-  motor::gestcomm motor_;
-  ventanas::Escritorio escritorio_;
   ventanas::Ventana* ventana_ = nullptr;
 };
 
