@@ -347,7 +347,7 @@ class Mundo::Mano {
     }
   }
 
-  // What a machine is said to have accepted, as it is stored now, it has heard.
+  // A machine noted as having accepted the present configuration has heard it.
   void comprobarLoAceptado() {
     if (p_->tipo == Tipo::Registradora || suyas().empty()) return;
     const auto& m = w_.maquinas_[suyas().front()];
