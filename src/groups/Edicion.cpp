@@ -17,12 +17,12 @@ Marcas Marcas::todas() {
   return m;
 }
 
-std::vector<Envio> Marcas::envios(TipoGrupo tipo) const {
-  constexpr std::pair<Cambio, Envio> kOrden[] = {
+std::vector<TareaDebida> Marcas::envios(TipoGrupo tipo) const {
+  constexpr std::pair<Cambio, TareaDebida> kOrden[] = {
       {Cambio::Opciones, {TipoTarea::TxCfBal}}, {Cambio::Etiquetas, {TipoTarea::TxEtiq}},
       {Cambio::Config, {TipoTarea::TxCnfig}},   {Cambio::Teclado, {TipoTarea::TxTecla}},
       {Cambio::Ticket, {TipoTarea::TxTick}},    {Cambio::Tarifa, {TipoTarea::TxPlus, false}}};
-  std::vector<Envio> todos;
+  std::vector<TareaDebida> todos;
   for (const auto& [cambio, envio] : kOrden)
     if (tiene(cambio) &&
         (envio.clase == TipoTarea::TxPlus || configuracion::valePara(envio.clase, tipo)))

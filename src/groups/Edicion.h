@@ -18,10 +18,10 @@ inline constexpr int kUltimaDireccion = 16;  // of a register
 // What was changed, by where a person changes it; in the order in which it is sent.
 enum class Cambio : int { Opciones, Etiquetas, Config, Teclado, Ticket, Tarifa };
 
-struct Envio {
+struct TareaDebida {
   TipoTarea clase = TipoTarea::TxPlus;
   bool todo = true;
-  bool operator==(const Envio&) const = default;
+  bool operator==(const TareaDebida&) const = default;
 };
 
 class Marcas {
@@ -30,7 +30,7 @@ class Marcas {
   void poner(Cambio cambio) { puestas_.at(static_cast<size_t>(cambio)) = true; }
   bool tiene(Cambio cambio) const { return puestas_.at(static_cast<size_t>(cambio)); }
   // What a group of that kind takes of it, in order.
-  std::vector<Envio> envios(TipoGrupo tipo) const;
+  std::vector<TareaDebida> envios(TipoGrupo tipo) const;
   bool operator==(const Marcas&) const = default;
 
  private:

@@ -72,7 +72,7 @@ TEST_F(Conexion, CadaClaseYCadaFalta) {
     EXPECT_TRUE(libre());
     EXPECT_EQ(conexion::todoBien(prueba), dicho() == u"Abierto Contesta");
     const QString mira = conexion::queMirar(prueba.contestaciones()[c.otra < 0 ? 0 : 1],
-                                            prueba.peticion(), textosDePrueba());
+                                            prueba.grupo(), textosDePrueba());
     EXPECT_EQ(mira.isEmpty(), conexion::todoBien(prueba));
     reloj.avanzar(60000);
   }
@@ -219,7 +219,7 @@ TEST_F(Conexion, TambienAUnProceso) {
 TEST_F(Conexion, DeUnGrupoComoSeEscribe) {
   devices::Grupo g;
   const auto falta = [&] {
-    const auto p = conexion::peticionDe(g, textosDePrueba());
+    const auto p = conexion::grupoProbado(g, textosDePrueba());
     return p ? QString() : p.error().texto.left(22);
   };
   EXPECT_EQ(falta(), u"Ponga antes alguna máq");
@@ -242,8 +242,8 @@ TEST_F(Conexion, DeUnGrupoComoSeEscribe) {
     g.Telefono = texto.toString();
     EXPECT_EQ(falta(), esperada) << texto.toString().toStdString();
   }
-  const auto p = bien(conexion::peticionDe(g, textosDePrueba()));
-  EXPECT_EQ(p.maquinas, (std::vector<conexion::MaquinaPedida>{{.sitio = 3, .modelo = 3}}));
+  const auto p = bien(conexion::grupoProbado(g, textosDePrueba()));
+  EXPECT_EQ(p.maquinas, (std::vector<conexion::MaquinaProbada>{{.sitio = 3, .modelo = 3}}));
   EXPECT_EQ(conexion::nombreDe({.sitio = 3, .modelo = 3}, p, textosDePrueba()), u"4 · Cedar");
 }
 
@@ -262,7 +262,7 @@ TEST_F(Conexion, QueMirarSegunElAcceso) {
       {TipoAcceso::Conector, 27, u"La línea está ocupada"},
       {TipoAcceso::Conector, 23, u"En esa dirección nadie"}};
   for (const auto& [acceso, error, empieza] : casos) {
-    conexion::Peticion p;
+    conexion::GrupoProbado p;
     p.remoto = acceso;
     const QString mira =
         conexion::queMirar({.que = Que::NoAbre, .error = error}, p, textosDePrueba());

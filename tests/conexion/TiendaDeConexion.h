@@ -34,8 +34,8 @@ struct TiendaDeConexion : TiendaDeMotor {
     m.percances().cambiar(f);
   }
   // By the cable of channel 1; of scales their numbers, of registers their addresses.
-  static conexion::Peticion pedir(int tipo, const std::vector<int>& cuales, int nodo = 0) {
-    conexion::Peticion p;
+  static conexion::GrupoProbado pedir(int tipo, const std::vector<int>& cuales, int nodo = 0) {
+    conexion::GrupoProbado p;
     p.tipo = *deNumero<TipoGrupo>(tipo);
     p.remoto = TipoAcceso::Directo;
     p.nodo = nodo;
@@ -47,7 +47,7 @@ struct TiendaDeConexion : TiendaDeMotor {
     return p;
   }
   // Runs it until its end; false if it has none within the time.
-  bool probar(const conexion::Peticion& p, int minutos = 20) {
+  bool probar(const conexion::GrupoProbado& p, int minutos = 20) {
     bien(prueba.empezar(p));
     return acabar(minutos);
   }

@@ -17,9 +17,10 @@ namespace {
 constexpr TipoGrupo kTipos[] = {TipoGrupo::Balanzas, TipoGrupo::Ebony, TipoGrupo::Registradoras,
                                 TipoGrupo::Birch};
 
-QString decir(const std::vector<Envio>& envios) {
+QString decir(const std::vector<TareaDebida>& envios) {
   QStringList s;
-  for (const Envio& e : envios) s << QString::number(numeroDe(e.clase)) + (e.todo ? u""_s : u"-"_s);
+  for (const TareaDebida& e : envios)
+    s << QString::number(numeroDe(e.clase)) + (e.todo ? u""_s : u"-"_s);
   return s.join(u' ');
 }
 

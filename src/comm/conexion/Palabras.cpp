@@ -19,7 +19,7 @@ bool contesto(const Contestacion& c) {
   return c.que == Que::Contesta || c.que == Que::Rechaza;
 }
 
-QString accesoDe(const Peticion& p, const Textos& textos) {
+QString accesoDe(const GrupoProbado& p, const Textos& textos) {
   switch (p.remoto) {
     case TipoAcceso::Modem:
       return textos(kTxAlTelefono, {p.acceso});
@@ -68,7 +68,7 @@ int consejoDeApertura(int error, TipoAcceso remoto) {
 }
 
 // The line is open, and there is nobody at its end.
-QString consejoDeSilencio(const Contestacion& c, const Peticion& p, const Textos& textos) {
+QString consejoDeSilencio(const Contestacion& c, const GrupoProbado& p, const Textos& textos) {
   QString s = p.remoto == TipoAcceso::Directo    ? textos(kTxMiraCable, {p.canal + 1})
               : p.remoto == TipoAcceso::Conector ? textos(kTxMiraOtroLado)
                                                  : textos(kTxMiraTrasAparato);
@@ -79,7 +79,7 @@ QString consejoDeSilencio(const Contestacion& c, const Peticion& p, const Textos
 
 }  // namespace
 
-QString nombreDe(const Contestacion& c, const Peticion& p, const Textos& textos) {
+QString nombreDe(const Contestacion& c, const GrupoProbado& p, const Textos& textos) {
   if (c.sitio == Contestacion::kAcceso) return accesoDe(p, textos);
   const int numero = c.sitio + 1;
   if (c.que == Que::Sobra) return textos(kTxBalanzaNumero, {numero});
@@ -93,7 +93,7 @@ QString palabraDe(Que que, const Textos& textos) {
   return textos(kTxQue + static_cast<int>(que));
 }
 
-QString queMirar(const Contestacion& c, const Peticion& p, const Textos& textos) {
+QString queMirar(const Contestacion& c, const GrupoProbado& p, const Textos& textos) {
   switch (c.que) {
     case Que::Pendiente:
     case Que::Preguntando:
@@ -147,7 +147,7 @@ QString resumen(const Prueba& prueba, const Textos& textos) {
       break;
   }
   if (filas.front().que == Que::NoAbre)
-    return textos(kTxNoSeLlega, {nombreDe(filas.front(), prueba.peticion(), textos)});
+    return textos(kTxNoSeLlega, {nombreDe(filas.front(), prueba.grupo(), textos)});
   const QString de = vivas == todas ? Plural(textos(kTxTodasContestan), todas)
                      : vivas == 0   ? textos(kTxNingunaContesta)
                                     : Plural(textos(kTxAlgunasContestan, {todas}), vivas);

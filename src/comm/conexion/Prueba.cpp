@@ -71,9 +71,9 @@ void Prueba::siguiente() {
 // A group of scales answers as one machine.
 void Prueba::preguntarBalanzas() {
   todas(Que::Preguntando);
-  const auto protocolo = protocoloDe(peticion_.tipo);
+  const auto protocolo = protocoloDe(grupo_.tipo);
   const maquinas::Peticion p = maquinas::balanzas(protocolo);
-  const int addr = protocolo == Protocolo::Nodal ? peticion_.nodo : 0;
+  const int addr = protocolo == Protocolo::Nodal ? grupo_.nodo : 0;
   if (const int error = e_.enlaces[canal_]->Enviar(addr, p.codigo, p.datos); error != 0)
     fallada(error);
 }
@@ -91,8 +91,7 @@ void Prueba::preguntarCaja() {
 
 bool Prueba::anotarLista() {
   if (nota_) return true;
-  tareas::NotaDeLista nota(e_.db,
-                           tareas::lineaDe(peticion_.remoto, peticion_.canal, peticion_.acceso));
+  tareas::NotaDeLista nota(e_.db, tareas::lineaDe(grupo_.remoto, grupo_.canal, grupo_.acceso));
   const auto rota = nota.poner();
   if (rota && !*rota) nota_.emplace(std::move(nota));
   if (!rota) {
@@ -104,7 +103,7 @@ bool Prueba::anotarLista() {
 
 bool Prueba::encaja(int, int, int codigo, const QByteArray& datos) {
   if (!balanzas()) return codigo == maquinas::caja::kTotales;
-  return protocoloDe(peticion_.tipo) == Protocolo::Vek &&
+  return protocoloDe(grupo_.tipo) == Protocolo::Vek &&
          (datos.startsWith("ERR") || maquinas::leerBalanzas(datos));
 }
 
@@ -123,7 +122,7 @@ void Prueba::ReciboVEK_Evento(int, int error, int, int codigo, const QByteArray&
 
 void Prueba::EnvioNDL_Evento(int, int error) {
   if (estado_ != Estado::Preguntando) return;
-  if (error == 0) error = e_.enlaces[canal_]->RxNODAL(peticion_.nodo);
+  if (error == 0) error = e_.enlaces[canal_]->RxNODAL(grupo_.nodo);
   if (error != 0) fallada(error);
 }
 
@@ -169,7 +168,7 @@ void Prueba::fallada(int error) {
   const enlace::comtvIP* const enlace = e_.enlaces[canal_];
   const qint64 oidos = enlace ? enlace->Oidos() - oidos_ : 0;
   const bool sinAcuse = error == enlace::kErrorSinACK || error == enlace::kErrorNodalSinConfirmar;
-  const bool nodal = protocoloDe(peticion_.tipo) == Protocolo::Nodal;
+  const bool nodal = protocoloDe(grupo_.tipo) == Protocolo::Nodal;
   if (error == enlace::kErrorRechazo || error == enlace::kErrorEnlaceCerrado)
     return listo(error == enlace::kErrorRechazo ? Que::Rechaza : Que::Cortado, error);
   // After a register that may still be answering, the noise may be its own.

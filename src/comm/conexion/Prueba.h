@@ -13,7 +13,7 @@
 #include <set>
 #include <vector>
 
-#include "comm/conexion/Peticion.h"
+#include "comm/conexion/GrupoProbado.h"
 #include "comm/enlace/comtvIP.h"
 #include "comm/motor/gestcomm.h"
 #include "comm/tareas/Duda.h"
@@ -71,7 +71,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
 
   // Ocupado, with a sentence, while the engine works or another test runs; Restriccion if no
   // channel serves the access. Otherwise alAcabar follows, after a bounded time.
-  Resultado<> empezar(Peticion peticion);
+  Resultado<> empezar(GrupoProbado grupo);
   // The line is closed first. Without a test it does nothing.
   void parar();
   bool enMarcha() const { return estado_ != Estado::Reposo; }
@@ -81,7 +81,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
   enum class Fin { Entera, Parada, Cedida };
   Fin fin() const { return fin_; }
   const std::optional<Error>& error() const { return error_; }
-  const Peticion& peticion() const { return peticion_; }
+  const GrupoProbado& grupo() const { return grupo_; }
   // The access, then the machines by their places, then those that aren't in the group.
   const std::vector<Contestacion>& contestaciones() const { return filas_; }
 
@@ -111,7 +111,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
   void fallada(int error);
   void listo(Que que, int error = 0);
   void todas(Que que, int error = 0, int ms = -1);
-  bool balanzas() const { return peticion_.tipo != TipoGrupo::Registradoras; }
+  bool balanzas() const { return grupo_.tipo != TipoGrupo::Registradoras; }
   int msDesde() const { return static_cast<int>(e_.reloj.monotono() - desde_); }
   void cambiada();
 
@@ -135,7 +135,7 @@ class Prueba final : private enlace::ClienteEnlace, private motor::Observador {
     const Textos& textos;
   };
   const Entorno e_;
-  Peticion peticion_;
+  GrupoProbado grupo_;
   Estado estado_ = Estado::Reposo;
   Fin fin_ = Fin::Entera;
   std::optional<Error> error_;

@@ -51,8 +51,8 @@ bool Prueba::canalLibre(int canal) const {
   for (int c = 0; c < e_.enlaces.tamano(); ++c) {
     const enlace::comtvIP* otro = e_.enlaces[c];
     const bool suyo =
-        otro && !peticion_.acceso.isEmpty() &&
-        otro->Acceso().trimmed().compare(peticion_.acceso.trimmed(), Qt::CaseInsensitive) == 0;
+        otro && !grupo_.acceso.isEmpty() &&
+        otro->Acceso().trimmed().compare(grupo_.acceso.trimmed(), Qt::CaseInsensitive) == 0;
     if (suyo) return false;
   }
   return true;
@@ -63,22 +63,22 @@ Resultado<int> Prueba::elegirCanal() const {
   const auto& cables = e_.ajustes.de<enlace::AjustesCables>();
   const auto ocupado = [&] { return fallo(Fallo::Ocupado, e_.textos(kTxLineaOcupada)); };
   int primero = 0, ultimo = kCanalesFijos - 1;
-  if (peticion_.remoto == TipoAcceso::Directo) primero = ultimo = peticion_.canal;
-  if (peticion_.remoto == TipoAcceso::Conector) {
+  if (grupo_.remoto == TipoAcceso::Directo) primero = ultimo = grupo_.canal;
+  if (grupo_.remoto == TipoAcceso::Conector) {
     int c = static_cast<int>(e_.motor.canales().size());
     while (e_.enlaces[c]) ++c;
     return canalLibre(c) ? Resultado<int>(c) : ocupado();
   }
   bool hay = false;
   for (int c = std::max(primero, 0); c <= std::min(ultimo, kCanalesFijos - 1); ++c) {
-    if (cables.canales[static_cast<size_t>(c)].Device != peticion_.remoto) continue;
+    if (cables.canales[static_cast<size_t>(c)].Device != grupo_.remoto) continue;
     hay = true;
     if (canalLibre(c)) return c;
   }
   if (hay) return ocupado();
-  if (peticion_.remoto == TipoAcceso::Directo)
-    return fallo(Fallo::Restriccion, e_.textos(kTxCanalSinCable, {peticion_.canal + 1}));
-  const QString clase = e_.textos(kTxAccesos + numeroDe(peticion_.remoto)).remove(u'&');
+  if (grupo_.remoto == TipoAcceso::Directo)
+    return fallo(Fallo::Restriccion, e_.textos(kTxCanalSinCable, {grupo_.canal + 1}));
+  const QString clase = e_.textos(kTxAccesos + numeroDe(grupo_.remoto)).remove(u'&');
   return fallo(Fallo::Restriccion, e_.textos(kTxSinCanal, {clase}));
 }
 
@@ -92,15 +92,15 @@ void Prueba::mirarMotor() {
 
 // --- the line
 
-Resultado<> Prueba::empezar(Peticion peticion) {
+Resultado<> Prueba::empezar(GrupoProbado grupo) {
   if (enMarcha()) return fallo(Fallo::Ocupado, e_.textos(kTxHayOtra));
-  if (peticion.remoto == TipoAcceso::Ninguno)
+  if (grupo.remoto == TipoAcceso::Ninguno)
     return fallo(Fallo::Restriccion, e_.textos(kTxNoComunica));
   TARVO_INTENTAR(libre());
-  peticion_ = std::move(peticion);
+  grupo_ = std::move(grupo);
   filas_ = {{}};
   std::set<int> direcciones;
-  for (const MaquinaPedida& m : peticion_.maquinas) {
+  for (const MaquinaProbada& m : grupo_.maquinas) {
     Contestacion c{.sitio = m.sitio, .modelo = m.modelo, .direccion = m.direccion};
     if (!balanzas() && !m.direccion) c.que = Que::SinDireccion;
     if (!balanzas() && m.direccion && !direcciones.insert(*m.direccion).second)
@@ -125,9 +125,9 @@ Resultado<> Prueba::abrir(int canal) {
   desde_ = e_.reloj.monotono();
   e_.motor.dejarDeObservar(this);
   e_.motor.observar(this);
-  const auto para = protocoloDe(peticion_.tipo) == Protocolo::Nodal ? enlace::Para::NodalMotor
-                                                                    : enlace::Para::VekMotor;
-  const int error = e_.enlaces.AbrirEnlace(para, canal, peticion_.baudios, peticion_.acceso, this);
+  const auto para = protocoloDe(grupo_.tipo) == Protocolo::Nodal ? enlace::Para::NodalMotor
+                                                                 : enlace::Para::VekMotor;
+  const int error = e_.enlaces.AbrirEnlace(para, canal, grupo_.baudios, grupo_.acceso, this);
   if (error != 0) Abrir_Evento(canal, error);
   cambiada();
   return {};
@@ -152,7 +152,7 @@ void Prueba::Cerrar_Evento(int, int) {
     for (Contestacion& c : filas_)
       if (c.que == Que::Preguntando) {
         c.que = Que::Cortado;
-        c.error = motor::errorDeCaida(peticion_.remoto);
+        c.error = motor::errorDeCaida(grupo_.remoto);
       }
   acabar(fin_);
 }

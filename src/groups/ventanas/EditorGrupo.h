@@ -89,7 +89,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   bool conforme() override;
   Resultado<> aplicar() override;
   void aplicada() override;
-  std::vector<Envio> debidos() const;
+  std::vector<TareaDebida> debidos() const;
   void enviar(ventanas::Ventana* quien);
   void montarMenuEnvio(QMenu& menu);
 

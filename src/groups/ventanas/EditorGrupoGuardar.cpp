@@ -67,7 +67,7 @@ void EditorGrupo::decir(const std::vector<FaltaCampo>& faltas) {
     sitios_->setFocus();
 }
 
-std::vector<Envio> EditorGrupo::debidos() const {
+std::vector<TareaDebida> EditorGrupo::debidos() const {
   const bool comunica = r.grupo.Acceso && *r.grupo.Acceso != TipoAcceso::Ninguno;
   if (!comunica || !r.grupo.tipo()) return {};
   return r.marcas.envios(*r.grupo.tipo());
@@ -114,7 +114,7 @@ void EditorGrupo::enviar(Ventana* quien) {
   if (contexto().ventanas.conoce<comm::PuertaGestcomm>())
     comunicaciones = contexto().ventanas.abrir(comm::PuertaGestcomm(), dueno());
   QStringList fuera;
-  for (const Envio& e : envios)
+  for (const TareaDebida& e : envios)
     if (motor_.NuevaTarea(r.codigo, e.todo, 0, kUltimoArticulo, e.clase) != 0)
       fuera << QString::number(tarvo::numeroDe(e.clase));
   Ventana* donde = comunicaciones ? comunicaciones : quien;

@@ -1,5 +1,5 @@
 // The sheets opened from the editor of a group.
-#include "comm/conexion/Peticion.h"
+#include "comm/conexion/GrupoProbado.h"
 #include "comm/conexion/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "devices/ventanas/Puertas.h"
@@ -57,9 +57,9 @@ void EditorGrupo::probar() {
     c->enfocar();
     return decirPista(leido.error().texto);
   }
-  const auto peticion = conexion::peticionDe(r.grupo, contexto().textos);
-  if (!peticion) return decirPista(peticion.error().texto);
-  preguntar(conexion::PuertaProbar{.nombre = r.nombre, .peticion = *peticion});
+  const auto grupo = conexion::grupoProbado(r.grupo, contexto().textos);
+  if (!grupo) return decirPista(grupo.error().texto);
+  preguntar(conexion::PuertaProbar{.nombre = r.nombre, .grupo = *grupo});
 }
 
 }  // namespace tarvo::groups

@@ -22,8 +22,8 @@ struct ProbarConexion : MesaDeComm {
   }
   ventanas::Ventana* probar() {
     conexion::PuertaProbar p{.nombre = u"Frutas"_s};
-    p.peticion.remoto = TipoAcceso::Directo;
-    p.peticion.maquinas = {{.sitio = 0, .modelo = 1}, {.sitio = 2, .modelo = 3}};
+    p.grupo.remoto = TipoAcceso::Directo;
+    p.grupo.maquinas = {{.sitio = 0, .modelo = 1}, {.sitio = 2, .modelo = 3}};
     return abrir(p);
   }
   static ventanas::Parrilla& lista(ventanas::Ventana* v) {

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QTableView>
 #include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
@@ -381,64 +380,6 @@ TEST(Accesible, UnaEntradaDeMenuNoEspera) {
   EXPECT_EQ(dadas, 0) << "it waited";
   QCoreApplication::processEvents();
   EXPECT_EQ(dadas, 1);
-}
-
-// Cells are restored one by one, the last first; one that can't be restored stays on the stack.
-TEST(Deshacer, LasCeldasVuelven) {
-  Mesa m(kTextosMuestra);
-  llenarArticulos(m, 5);
-  struct Lista final : Ventana {
-    Lista(Contexto& c, const QString& n, Mesa& m)
-        : Ventana(c, n), parrilla(new Parrilla(cuerpo())) {
-      enlazar();
-      parrilla->preparar(
-          c, n,
-          {{.titulo = 9910, .campo = u"CODIGO"_s, .clase = Clase::Codigo, .cifras = 3},
-           {.titulo = 9911,
-            .campo = u"NOMBRE"_s,
-            .editar = [this, &m](qint64 clave, const QString& s) -> Resultado<> {
-              if (cerrada) return fallo(Fallo::Ocupado, u"Ahora no."_s);
-              m.sql(u"UPDATE ART SET NOMBRE=? WHERE CODIGO=?"_s, s, clave);
-              return {};
-            }}});
-      deshacer = new Deshacer(*this);
-      deshacer->seguirCeldas(*parrilla);
-    }
-    Resultado<> entrar(const PuertaDeLista&) {
-      return parrilla->abrir({.desde = u"ART"_s, .clave = u"CODIGO"_s});
-    }
-    Parrilla* parrilla;
-    Deshacer* deshacer;
-    bool cerrada = false;
-  };
-  m.escritorio.ventanas().registrar<PuertaDeLista, Lista>(m);
-  auto* v = static_cast<Lista*>(m.escritorio.ventanas().abrir(u"Lista"_s));
-  ASSERT_TRUE(esperar([&] { return v->isActiveWindow(); }));
-  auto* vista = v->parrilla->vista();
-  const QString primero = v->parrilla->texto(0, u"NOMBRE");
-  EXPECT_FALSE(v->deshacer->accion()->isEnabled());
-  // A letter typed on an editable cell edits it; on the code beside it, it searches.
-  vista->setFocus();
-  vista->setCurrentIndex(v->parrilla->modelo()->index(0, 0));
-  QTest::keyClick(vista, Qt::Key_0);
-  EXPECT_FALSE(v->parrilla->editando());
-  for (const char letra : {'x', 'y'}) {
-    vista->setFocus();
-    vista->setCurrentIndex(v->parrilla->modelo()->index(letra == 'x' ? 0 : 1, 1));
-    QTest::keyClick(vista, letra);
-    ASSERT_TRUE(v->parrilla->editando());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-  }
-  EXPECT_EQ(v->parrilla->texto(0, u"NOMBRE"), u"x");
-  v->cerrada = true;
-  v->deshacer->accion()->trigger();
-  EXPECT_EQ(v->tira().texto(), u"Ahora no.");
-  v->cerrada = false;
-  QTest::keyClick(vista, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(v->parrilla->texto(0, u"NOMBRE"), u"x") << "the last one first";
-  QTest::keyClick(vista, Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(v->parrilla->texto(0, u"NOMBRE"), primero);
-  EXPECT_FALSE(v->deshacer->accion()->isEnabled());
 }
 
 // After a stop it reports how far it got; its commands are disabled meanwhile.

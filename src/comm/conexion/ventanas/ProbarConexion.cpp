@@ -88,7 +88,7 @@ ProbarConexion::ProbarConexion(Contexto& c, const QString& nombre, const Servici
 }
 
 Resultado<> ProbarConexion::entrar(const PuertaProbar& puerta) {
-  peticion_ = puerta.peticion;
+  grupo_ = puerta.grupo;
   if (!puerta.nombre.isEmpty()) setWindowTitle(t(kTxProbar) + u" · "_s + puerta.nombre);
   probar();
   ui_.lista->setFocus();
@@ -105,7 +105,7 @@ void ProbarConexion::keyPressEvent(QKeyEvent* evento) {
 
 void ProbarConexion::probar() {
   tira().quitar();
-  if (const auto r = prueba_.empezar(peticion_); !r) decirDuda(r.error().texto);
+  if (const auto r = prueba_.empezar(grupo_); !r) decirDuda(r.error().texto);
   pintar();
 }
 
@@ -121,8 +121,8 @@ void ProbarConexion::pintar() {
   for (const Contestacion& c : contestan)
     filas.push_back(
         {static_cast<qint64>(filas.size()),
-         {dao::Valor(nombreDe(c, peticion_, contexto().textos)),
-          dao::Valor(static_cast<int>(c.que)), c.ms < 0 ? dao::Valor() : dao::Valor(c.ms)}});
+         {dao::Valor(nombreDe(c, grupo_, contexto().textos)), dao::Valor(static_cast<int>(c.que)),
+          c.ms < 0 ? dao::Valor() : dao::Valor(c.ms)}});
   ui_.lista->vivas().poner(std::move(filas));
   if (ui_.lista->filaActual() < 0 && !contestan.empty()) ui_.lista->irA(0);
   const bool marcha = prueba_.enMarcha();
@@ -142,7 +142,7 @@ void ProbarConexion::pintarConsejo() {
   ui_.Consejo->setText(
       cual < 0 || cual >= std::ssize(contestan)
           ? QString()
-          : queMirar(contestan[static_cast<size_t>(cual)], peticion_, contexto().textos));
+          : queMirar(contestan[static_cast<size_t>(cual)], grupo_, contexto().textos));
   ui_.rotConsejo->setVisible(!ui_.Consejo->text().isEmpty());
 }
 
@@ -152,7 +152,7 @@ void ProbarConexion::acabada() {
   pintar();
   const auto& contestan = prueba_.contestaciones();
   const auto mala = std::ranges::find_if(contestan, [this](const Contestacion& c) {
-    return !queMirar(c, peticion_, contexto().textos).isEmpty();
+    return !queMirar(c, grupo_, contexto().textos).isEmpty();
   });
   if (mala != contestan.end()) ui_.lista->irA(ui_.lista->filaDe(mala - contestan.begin()));
   const QString texto = resumen(prueba_, contexto().textos);

@@ -27,7 +27,7 @@ class ProbarConexion final : public ventanas::Ventana {
 
   Ui::FormaProbarConexion ui_;
   Prueba prueba_;
-  Peticion peticion_;
+  GrupoProbado grupo_;
   qint64 hasta_ = -1;  // when the last test ended, on the monotonic clock
 };
 

@@ -1,7 +1,7 @@
 // The door of the test of a connection.
 #pragma once
 
-#include "comm/conexion/Peticion.h"
+#include "comm/conexion/GrupoProbado.h"
 #include "core/ventanas/marco/Puerta.h"
 
 namespace tarvo::conexion {
@@ -10,7 +10,7 @@ namespace tarvo::conexion {
 struct PuertaProbar {
   static constexpr QStringView kNombre = u"ProbarConexion";
   QString nombre = {};
-  Peticion peticion = {};
+  GrupoProbado grupo = {};
 };
 
 }  // namespace tarvo::conexion

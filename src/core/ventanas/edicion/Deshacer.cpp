@@ -164,6 +164,7 @@ void Deshacer::deshacer() {
   if (hecho && hecho->queda) return;
   if (!puedePasar) retirar(cambio.numero);
   if (!v_.haIdoBien(hecho)) return;
+  if (!cambio.ida) deshechos_.clear();  // what came after it was built on it
   if (cambio.ida) deshechos_.push_back(cambio);
   pintar();
   const QString texto = hecho->texto.isEmpty() ? v_.t(kTxDeshecho).arg(cambio.que) : hecho->texto;

@@ -12,26 +12,26 @@
 
 namespace tarvo::conexion {
 
-struct MaquinaPedida {
+struct MaquinaProbada {
   int sitio = 0;                      // from 0; of a scale its number
   int modelo = 0;                     // of a scale
   std::optional<int> direccion = {};  // of a register; nothing while it has none
-  bool operator==(const MaquinaPedida&) const = default;
+  bool operator==(const MaquinaProbada&) const = default;
 };
 
-struct Peticion {
+struct GrupoProbado {
   TipoGrupo tipo = TipoGrupo::Balanzas;
   TipoAcceso remoto = TipoAcceso::Ninguno;
   int canal = 0;   // of a direct cable, from 0
   QString acceso;  // phone number, host text or link name
   int baudios = 0;
   int nodo = 0;  // of an Ebony group
-  std::vector<MaquinaPedida> maquinas;
-  bool operator==(const Peticion&) const = default;
+  std::vector<MaquinaProbada> maquinas;
+  bool operator==(const GrupoProbado&) const = default;
 };
 
 // Of a group as it is, stored or not. Restriccion, with a sentence, if there is nobody to ask or no
 // way to them.
-Resultado<Peticion> peticionDe(const devices::Grupo& grupo, const Textos& textos);
+Resultado<GrupoProbado> grupoProbado(const devices::Grupo& grupo, const Textos& textos);
 
 }  // namespace tarvo::conexion

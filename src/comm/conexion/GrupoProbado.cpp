@@ -1,4 +1,4 @@
-#include "comm/conexion/Peticion.h"
+#include "comm/conexion/GrupoProbado.h"
 
 #include <utility>
 
@@ -32,7 +32,7 @@ int faltaDe(const devices::Grupo& grupo) {
   std::unreachable();
 }
 
-MaquinaPedida pedida(int sitio, const devices::Miembro& miembro) {
+MaquinaProbada pedida(int sitio, const devices::Miembro& miembro) {
   if (const auto* caja = std::get_if<devices::Registradora>(&miembro))
     return {.sitio = sitio, .direccion = caja->Direccion};
   return {.sitio = sitio, .modelo = std::get<devices::Balanza>(miembro).tipo()};
@@ -40,11 +40,11 @@ MaquinaPedida pedida(int sitio, const devices::Miembro& miembro) {
 
 }  // namespace
 
-Resultado<Peticion> peticionDe(const devices::Grupo& grupo, const Textos& textos) {
+Resultado<GrupoProbado> grupoProbado(const devices::Grupo& grupo, const Textos& textos) {
   if (!grupo.tipo() || grupo.LasBalanzas.empty())
     return fallo(Fallo::Restriccion, textos(kTxSinMaquinas));
   if (const int falta = faltaDe(grupo); falta != 0) return fallo(Fallo::Restriccion, textos(falta));
-  Peticion p;
+  GrupoProbado p;
   p.tipo = *grupo.tipo();
   p.remoto = *grupo.Acceso;
   p.canal = grupo.Canal - 1;
