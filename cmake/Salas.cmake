@@ -15,9 +15,10 @@ if(MOLD)
   target_link_options(tarvo_opciones INTERFACE -fuse-ld=mold)
 endif()
 if(TARVO_SANITIZAR)
-  # The sanitizers' own code makes gcc see values that "may be used uninitialized" in std::variant.
+  # With clang by the preset: half the time of gcc, and its warnings besides. Inside the standard library it
+  # sees std::stable_sort call what is deprecated.
   target_compile_options(tarvo_opciones INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
-    -fno-sanitize-recover=undefined -Wno-maybe-uninitialized)
+    -fno-sanitize-recover=undefined -Wno-deprecated-declarations)
   target_link_options(tarvo_opciones INTERFACE -fsanitize=address,undefined)
 endif()
 if(TARVO_FUZZ)

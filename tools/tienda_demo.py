@@ -86,12 +86,40 @@ MAX_DEPARTAMENTOS = {1: 10, 2: 10, 3: 40, 4: 20}
 HORARIO = "09:00|21:00||" * 7
 
 
+# The label of the groups of scales that print them, and the head of their tickets, also on the label.
+ETIQUETA, CON_ETIQUETA = "MOSTRADOR", {1, 2}
+PIE_DE_TIQUE = ["P:0:GRACIAS POR SU VISITA", "P:0:"]
+
+
+def campo(tipo, x, y, tercero=14, cuarto=0, quinto=0):
+    """A line of a label format; of a text: its font + 14, the number of its text or line, its quarter turns."""
+    return f"{tipo:02d}{x:03d}{y:03d}{tercero:03d}{cuarto:03d}{quinto}"
+
+
+def formato():
+    numero, letra, titulo = 14, 15, 17
+    return [campo(0, 191, 0, 0),
+            campo(15, 0, 2, 190, 190, 1), campo(16, 6, 20, letra, 1), campo(12, 0, 25, 1, 190),
+            campo(7, 6, 50, titulo),
+            campo(13, 6, 64, numero, 5), campo(1, 6, 88, titulo),
+            campo(13, 70, 64, numero, 6), campo(2, 70, 88, titulo),
+            campo(13, 132, 64, numero, 7), campo(3, 132, 88, titulo),
+            campo(12, 0, 94, 1, 190),
+            campo(13, 6, 108, numero, 10), campo(9, 42, 110, letra), campo(13, 100, 108, numero, 11),
+            campo(10, 136, 110, letra), campo(6, 48, 176, 56)]
+
+
+def lineas(todas):
+    return "".join(linea + "\r\n" for linea in todas)
+
+
 def texto(valor):
     if valor is None:
         return "NULL"
     if isinstance(valor, (int, float)):
         return str(valor)
-    return "'" + valor.replace("'", "''") + "'"
+    valor = "'" + valor.replace("'", "''") + "'"
+    return f"replace({valor.replace(chr(13) + chr(10), '|')}, '|', char(13, 10))" if "\r" in valor else valor
 
 
 def insertar(tabla, fila, orden="INSERT"):
@@ -173,10 +201,15 @@ def sql(azar):
                        "INSERT OR IGNORE")
     for articulo in articulos(azar):
         yield insertar("PLUSES", fila_articulo(*articulo))
+    yield insertar("ETIQUETAS", {"NUMETQ": ETIQUETA, "settxt": None, "CAMPOS": lineas(formato())})
     for codigo, nombre, seccion, tipo, direccion, almacen, miembros, operadores in GRUPOS:
         yield insertar("GRUPOS", fila_grupo(codigo, nombre, seccion, tipo, direccion, almacen, operadores))
         for numero, modelo, addr in miembros:
-            yield insertar("BZAS", {"SUGPO": codigo, "NMBZA": numero, "ADDR": addr, "TIPO": modelo})
+            maquina = {"SUGPO": codigo, "NMBZA": numero, "ADDR": addr, "TIPO": modelo}
+            if codigo in CON_ETIQUETA:
+                cabecera = [f"C:1:{nombre}", "C:0:Mercado Central, 12", "C:0:Tel. 555 123 456"]
+                maquina |= {"ETQ11": ETIQUETA, "RZSOCIAL": lineas(cabecera + PIE_DE_TIQUE)}
+            yield insertar("BZAS", maquina)
     yield ("INSERT OR IGNORE INTO MovsAlm (CODALM, SECCION, CODIGO, Inicial, Entrada, Compra, Salida, Venta, Merma)\n"
            "  SELECT CODALM, SECCION, CODPLU, (STK_MAX + STK_MIN) / 2, 0, 0, 0, 0, 0 FROM ALMACEN, PLUSES\n"
            "  WHERE CODPLU > 2;\n")

@@ -13,7 +13,11 @@ class Pintor {
  public:
   Pintor(const CodigosDeTecla& codigos, const ArticulosDeTecla& existen, const Textos& textos,
          bool birch)
-      : codigos_(codigos), existen_(existen), t_(textos), birch_(birch) {}
+      : codigos_(codigos),
+        existen_(existen),
+        vacia_(existen.empty() || existen.rbegin()->first < kPrimerArticuloDeTecla),
+        t_(textos),
+        birch_(birch) {}
 
   CaraDeTecla comun(const Teclado& t, int tecla) const {
     const int codigo = t.codigo(tecla);
@@ -81,7 +85,7 @@ class Pintor {
     c.queHace = t_(kTxTeclaVende, {c.queHace, Ceros(*articulo, 7), c.rotulo}).trimmed();
     if (*articulo < kPrimerArticuloDeTecla)
       poner(c, Reparo::DeSistema, t_(kTxDeSistema, {*articulo}));
-    else if (esta == existen_.end())
+    else if (esta == existen_.end() && !vacia_)
       poner(c, Reparo::NoEsta, t_(kTxArticuloNoEsta, {*articulo}));
   }
   void pesa(CaraDeTecla& c, std::optional<qint64> gramos) const {
@@ -90,6 +94,7 @@ class Pintor {
 
   const CodigosDeTecla& codigos_;
   const ArticulosDeTecla& existen_;
+  const bool vacia_;  // a section that has no articles yet: none of its keys lost one
   const Textos& t_;
   const bool birch_;
 };

@@ -65,6 +65,10 @@ class Grupos {
   // that leave. Ocupado when a machine is being talked to and the code, the kind or the registers
   // change.
   Resultado<> guardar(devices::Grupo& grupo, int codigo, const QString& nombre);
+  // Takes over what has been stored of the group since it was opened as `abierto` (its name, its
+  // section, its operators, the names of its label formats), where `editado` is still as it was
+  // then. NoExiste when the group has been deleted.
+  Resultado<> ponerAlDia(GrupoEditado& editado, const GrupoEditado& abierto);
   Resultado<> renombrar(int codigo, const QString& nombre);
   // The new group's code. Nothing that other rooms keep of the old one goes with it.
   Resultado<int> copiar(int codigo, int seccion);

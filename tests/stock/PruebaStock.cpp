@@ -25,8 +25,7 @@ struct TiendaDeStock : testing::Test, prueba::TiendaVacia {
       grupo({.codigo = codigo, .nombre = u"G%1"_s.arg(codigo), .almacen = almacen});
     grupo({.codigo = 4, .nombre = u"G4", .mas = {{u"Almacen", {}}}});
   }
-  using Tienda::almacen;
-  Almacen almacen(int c) { return *bien(almacenes.almacen(c)); }
+  Almacen elAlmacen(int c) { return *bien(almacenes.almacen(c)); }
   QString movs() {
     return leer(
         u"select CODALM, CODIGO, Inicial, Entrada, Compra, Salida, Venta, Merma "
@@ -50,7 +49,7 @@ struct TiendaDeStock : testing::Test, prueba::TiendaVacia {
 };
 
 TEST_F(TiendaDeStock, LosContadoresHacenElStock) {
-  ItmAlm item = bien(almacen(1).Item(1, 10));
+  ItmAlm item = bien(elAlmacen(1).Item(1, 10));
   EXPECT_EQ(item.Stock(), 0);
   bien(item.poner(ItmAlm::Inicial, 1000));
   bien(item.poner(ItmAlm::Venta, 300));
@@ -60,27 +59,27 @@ TEST_F(TiendaDeStock, LosContadoresHacenElStock) {
   bien(item.ponerStock(900));
   EXPECT_EQ(item.contador(ItmAlm::Merma), -200);
   EXPECT_EQ(movs(), u"1 10 1000 0 0 0 300 -200"_s);
-  EXPECT_EQ(bien(almacen(1).Item(1, 10)).Stock(), 900);
-  EXPECT_EQ(bien(almacen(1).Item(1, 12)).cada(), 2);
+  EXPECT_EQ(bien(elAlmacen(1).Item(1, 10)).Stock(), 900);
+  EXPECT_EQ(bien(elAlmacen(1).Item(1, 12)).cada(), 2);
   // Not an article: nothing is written, and nothing changes in memory.
-  ItmAlm nadie = bien(almacen(1).Item(1, 99));
+  ItmAlm nadie = bien(elAlmacen(1).Item(1, 99));
   EXPECT_FALSE(nadie.poner(ItmAlm::Inicial, 5));
   EXPECT_EQ(nadie.Stock(), 0);
 }
 
 TEST_F(TiendaDeStock, LasListasDanTodosConStockOConMovimiento) {
-  bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 5));
-  bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Compra, 7));
-  ItmAlm parado = bien(almacen(1).Item(1, 12));
+  bien(bien(elAlmacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 5));
+  bien(bien(elAlmacen(2).Item(1, 10)).poner(ItmAlm::Compra, 7));
+  ItmAlm parado = bien(elAlmacen(1).Item(1, 12));
   bien(parado.poner(ItmAlm::Entrada, 3));
   bien(parado.poner(ItmAlm::Salida, 3));
-  EXPECT_EQ(bien(almacen(1).Lista(0, 0, 0)).size(), 3U);
-  const auto con = bien(almacen(1).Lista(1, 1, 0));
+  EXPECT_EQ(bien(elAlmacen(1).Lista(0, 0, 0)).size(), 3U);
+  const auto con = bien(elAlmacen(1).Lista(1, 1, 0));
   ASSERT_EQ(con.size(), 1U);
   EXPECT_EQ(con[0].codigo, 10);
   EXPECT_EQ(con[0].stock, 5);
-  EXPECT_EQ(bien(almacen(1).Lista(1, 2, 1)).size(), 2U);
-  EXPECT_EQ(bien(almacen(1).Lista(2, 0, 0)).size(), 0U);
+  EXPECT_EQ(bien(elAlmacen(1).Lista(1, 2, 1)).size(), 2U);
+  EXPECT_EQ(bien(elAlmacen(1).Lista(2, 0, 0)).size(), 0U);
   const auto todos = bien(almacenes.ListaStock(0, 1, 1));
   ASSERT_EQ(todos.size(), 1U);
   EXPECT_EQ(todos[0].stock, 12);
@@ -93,7 +92,7 @@ TEST_F(TiendaDeStock, CadaGrupoTieneAlmacen) {
   EXPECT_EQ(leer(u"select CODALM, NOMALM from ALMACEN order by CODALM"_s),
             u"1 Tienda | 2 Almacén 0002 | 3 Almacén de G4"_s);
   EXPECT_EQ(leer(u"select Almacen from GRUPOS where CODGPO=4"_s), u"3"_s);
-  EXPECT_EQ(bien(almacen(3).GruposInvolucrados()), std::vector<int>{4});
+  EXPECT_EQ(bien(elAlmacen(3).GruposInvolucrados()), std::vector<int>{4});
   bien(almacenes.asegurar());
   EXPECT_EQ(bien(almacenes.Siguiente()), 4);
 }
@@ -112,21 +111,21 @@ TEST_F(TiendaDeStock, CadaAlmacenSeNombraUnaVez) {
   EXPECT_FALSE(bien(almacenes.Nuevo(7, u"  tien DA"_s)));
   EXPECT_TRUE(bien(almacenes.Nuevo(7, u"Nave"_s)));
   EXPECT_EQ(bien(almacenes.CodigoAlmacen(u"cámara"_s)), 2);
-  Almacen a = almacen(7);
+  Almacen a = elAlmacen(7);
   EXPECT_FALSE(bien(a.ponerNombre(u"TIENDA"_s)));
   EXPECT_TRUE(bien(a.ponerNombre(u"Nave 2"_s)));
   EXPECT_TRUE(bien(a.ponerFechaRegulacion(reloj.ahora())));
   EXPECT_TRUE(bien(a.ponerFechaInicio(reloj.ahora())));
   EXPECT_FALSE(a.FechaRegulacion());
   // A new code of a warehouse takes its groups and counters along; a code in use is loaded.
-  Almacen b = almacen(2);
+  Almacen b = elAlmacen(2);
   bien(bien(b.Item(1, 10)).poner(ItmAlm::Inicial, 5));
   EXPECT_TRUE(bien(b.ponerCodigo(20)));
   EXPECT_EQ(bien(b.GruposInvolucrados()), std::vector<int>{3});
   // A transfer counts for both of its warehouses.
   fila(u"ALBA_CAB", {{u"NUMALB", 901}, {u"Almacen", 1}, {u"Origen", 20}});
   EXPECT_EQ(bien(b.AlbaranesInvolucrados()), std::vector<int>{901});
-  EXPECT_EQ(bien(almacen(1).AlbaranesInvolucrados()), std::vector<int>{901});
+  EXPECT_EQ(bien(elAlmacen(1).AlbaranesInvolucrados()), std::vector<int>{901});
   sql(u"delete from ALBA_CAB where NUMALB=901"_s);
   EXPECT_EQ(bien(b.Item(1, 10)).Stock(), 5);
   EXPECT_TRUE(bien(b.ponerCodigo(1)));
@@ -136,13 +135,13 @@ TEST_F(TiendaDeStock, CadaAlmacenSeNombraUnaVez) {
 }
 
 TEST_F(TiendaDeStock, InicializarConservaElStockOLoBorra) {
-  ItmAlm item = bien(almacen(1).Item(1, 10));
+  ItmAlm item = bien(elAlmacen(1).Item(1, 10));
   bien(item.poner(ItmAlm::Inicial, 10));
   bien(item.poner(ItmAlm::Compra, 5));
   bien(item.poner(ItmAlm::Venta, 3));
-  bien(bien(almacen(1).Item(1, 12)).poner(ItmAlm::Merma, 0));
-  bien(bien(almacen(2).Item(1, 12)).poner(ItmAlm::Merma, 4));
-  Almacen a = almacen(1);
+  bien(bien(elAlmacen(1).Item(1, 12)).poner(ItmAlm::Merma, 0));
+  bien(bien(elAlmacen(2).Item(1, 12)).poner(ItmAlm::Merma, 4));
+  Almacen a = elAlmacen(1);
   EXPECT_FALSE(bien(a.Inicializar(3)));
   EXPECT_TRUE(bien(a.Inicializar(1)));
   EXPECT_EQ(movs(), u"1 10 12 0 0 0 0 0 | 2 12 0 0 0 0 0 4"_s);
@@ -153,29 +152,29 @@ TEST_F(TiendaDeStock, InicializarConservaElStockOLoBorra) {
 }
 
 TEST_F(TiendaDeStock, UnAlbaranDeCompraMueveStockYCoste) {
-  bien(bien(almacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
-  bien(bien(almacen(2).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
+  bien(bien(elAlmacen(1).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
+  bien(bien(elAlmacen(2).Item(1, 10)).poner(ItmAlm::Inicial, 1000));
   nota(1);
   linea(1, 10, 0, 2000, 200);
   linea(1, 12, 5, 0, 70);
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 2, false)));
   EXPECT_EQ(leer(u"select COSTE from PLUSES where CODPLU in (10, 12) order by CODPLU"_s),
             u"150 | 70"_s);
   EXPECT_EQ(movs(), u"1 10 1000 0 2000 0 0 0 | 1 12 0 0 5 0 0 0 | 2 10 1000 0 0 0 0 0"_s);
-  EXPECT_FALSE(bien(almacen(2).IncorporarAlbaran(1, 0, false)));  // in stock elsewhere
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 0, true)));
+  EXPECT_FALSE(bien(elAlmacen(2).IncorporarAlbaran(1, 0, false)));  // in stock elsewhere
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 0, true)));
   EXPECT_EQ(movs(), u"1 10 1000 0 0 0 0 0 | 2 10 1000 0 0 0 0 0"_s);
   EXPECT_EQ(leer(u"select stkADO, Almacen from ALBA_CAB"_s), u"0 -"_s);
-  EXPECT_FALSE(bien(almacen(1).IncorporarAlbaran(9, 0, false)));
+  EXPECT_FALSE(bien(elAlmacen(1).IncorporarAlbaran(9, 0, false)));
 }
 
 TEST_F(TiendaDeStock, LaMediaDeNadaNoCambiaElCoste) {
-  bien(bien(almacen(1).Item(1, 12)).poner(ItmAlm::Merma, 5));
+  bien(bien(elAlmacen(1).Item(1, 12)).poner(ItmAlm::Merma, 5));
   nota(1);
   linea(1, 12, 5, 0, 70);
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 2, false)));
   EXPECT_EQ(leer(u"select COSTE from PLUSES where CODPLU=12"_s), u"100"_s);
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 1, false)));
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 1, false)));
   EXPECT_EQ(leer(u"select COSTE from PLUSES where CODPLU=12"_s), u"70"_s);
   EXPECT_EQ(leer(u"select stkADO, Almacen from ALBA_CAB"_s), u"2 1"_s);
 }
@@ -183,12 +182,12 @@ TEST_F(TiendaDeStock, LaMediaDeNadaNoCambiaElCoste) {
 TEST_F(TiendaDeStock, UnTraspasoEntraEnteroONoEntra) {
   nota(1, 2);
   linea(1, 10, 0, 300, 0);
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, false)));
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 2, false)));
   EXPECT_EQ(movs(), u"1 10 0 300 0 0 0 0 | 2 10 0 0 0 300 0 0"_s);
-  EXPECT_TRUE(bien(almacen(1).IncorporarAlbaran(1, 2, true)));
+  EXPECT_TRUE(bien(elAlmacen(1).IncorporarAlbaran(1, 2, true)));
   EXPECT_EQ(movs(), QString());
   linea(1, 99, 1, 0, 0);  // no such article
-  EXPECT_FALSE(almacen(1).IncorporarAlbaran(1, 2, false));
+  EXPECT_FALSE(elAlmacen(1).IncorporarAlbaran(1, 2, false));
   EXPECT_EQ(movs(), QString());
   EXPECT_EQ(leer(u"select stkADO from ALBA_CAB"_s), u"0"_s);
 }

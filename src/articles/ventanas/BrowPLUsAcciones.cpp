@@ -178,7 +178,7 @@ void BrowPLUs::porPasos(const QString& que, std::vector<ClaveArticulo> claves, c
                         const AlFinal& alFinal) {
   const auto todas = std::make_shared<std::vector<ClaveArticulo>>(std::move(claves));
   const auto hechos = std::make_shared<qint64>(0);
-  const auto uno = [=, this](Trabajo::Avance& a) -> Resultado<bool> {
+  const auto uno = [=](Trabajo::Avance& a) -> Resultado<bool> {
     a.total = static_cast<qint64>(todas->size());
     const auto desde = static_cast<size_t>(*hechos);
     const auto tanda = std::span(*todas).subspan(desde, std::min(kPorPaso, todas->size() - desde));

@@ -39,6 +39,7 @@ EdIvaSeccs::EdIvaSeccs(ventanas::Contexto& contexto, const QString& nombre, Cata
     p->ponerBusca(false);
     p->ponerPie(false);
     p->ponerEscribeAlTeclear(true);
+    p->bajarTrasIntro();
     p->vivas();
   }
   depts_->ponerVacia(t(kTxSinDepartamentos));

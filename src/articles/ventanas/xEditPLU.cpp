@@ -60,15 +60,7 @@ void XEditPLU::montar() {
   montarDeshacer();
   // On a low screen some tarifas are scrolled to.
   listaPrecios_->setMinimumHeight(ventanas::escalar(kFilasALaVista * ventanas::kAltoFila));
-  // Moves to the next tarifa, so that the next price typed doesn't replace this one.
-  connect(
-      listaPrecios_, &ventanas::Parrilla::escrita, this,
-      [this] {
-        const QModelIndex aqui = listaPrecios_->vista()->currentIndex();
-        if (const QModelIndex abajo = aqui.siblingAtRow(aqui.row() + 1); abajo.isValid())
-          listaPrecios_->vista()->setCurrentIndex(abajo);
-      },
-      Qt::QueuedConnection);
+  listaPrecios_->bajarTrasIntro();
   listaHistoria_->preparar(contexto(), nombre(), columnasHistoria(*this, false));
   listaHistoria_->ponerBusca(false);
   listaHistoria_->ponerVacia(t(kTxSinHistoria));

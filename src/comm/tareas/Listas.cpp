@@ -81,7 +81,7 @@ class Lista : public motor::CursoTarea {
     TARVO_INTENTAR(aDisco());
     ordenada_ = true;
     constexpr bool kUnaVez = true;
-    return Siguiente{Siguiente::Enviar, addr, p.codigo, p.datos, 0, kUnaVez};
+    return Siguiente{Siguiente::Enviar, addr, p.codigo, p.datos, 0, {kUnaVez}};
   }
   void obedecida() { ordenada_ = false; }
   // The list now read is accepted: the machine has forgotten the one on disk.

@@ -291,12 +291,12 @@ Resultado<Siguiente> Cero::siguiente() {
 Siguiente Cero::trama() const {
   constexpr bool kUnaVez = true;
   if (t_.Tipo == TipoGrupo::Registradoras)
-    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, kUnaVez};
+    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, {kUnaVez}};
   const int cero = e_.ajustes.de<motor::AjustesMotor>().TimeCero;
   if (t_.Tipo != TipoGrupo::Ebony)
-    return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, kUnaVez};
+    return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, {kUnaVez}};
   if (m_.paso == 1)
-    return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}, 0, kUnaVez};
+    return {Siguiente::Enviar, t_.Addr, maquinas::nodal::puestaACero().codigo, {}, 0, {kUnaVez}};
   return {Siguiente::EsperarNODAL, t_.Addr, 0, {}, cero};
 }
 

@@ -45,6 +45,7 @@ EdIvaDept::EdIvaDept(Contexto& contexto, const QString& nombre) : FichaDe(contex
     p->ponerBusca(false);
     p->ponerPie(false);
     p->ponerEscribeAlTeclear(true);
+    p->bajarTrasIntro();
     p->vivas();
     connect(p, &Parrilla::fallo, this, &Ventana::decirPendiente);
     connect(p, &Parrilla::resuelto, this, &Ventana::resuelto);

@@ -38,6 +38,7 @@ EdOpsGpo::EdOpsGpo(Contexto& contexto, const QString& nombre) : FichaDe(contexto
   GrdOps_->ponerPie(false);
   GrdOps_->ponerUnaSola(true);
   GrdOps_->ponerEscribeAlTeclear(true);
+  GrdOps_->bajarTrasIntro();
   GrdOps_->vivas();
   connect(GrdOps_, &Parrilla::actualCambiada, this, [this] { mostrarPuesto(); });
   connect(GrdOps_, &Parrilla::fallo, this, &Ventana::decirPendiente);
@@ -52,6 +53,7 @@ EdOpsGpo::EdOpsGpo(Contexto& contexto, const QString& nombre) : FichaDe(contexto
 
 Resultado<> EdOpsGpo::entrar(const PuertaEdOpsGpo& puerta) {
   setWindowTitle(tituloDe(*this, kTxTituloOps, puerta.nombre, 0));
+  alDia_ = puerta.alDia;
   TARVO_INTENTAR(leerOperadores());
   TARVO_INTENTAR(editar(puerta.grupo));
   GrdOps_->vista()->setColumnHidden(3, r.SonCes());
@@ -122,10 +124,11 @@ void EdOpsGpo::elegirOtro() {
     haIdoBien(poner(n, QString::number(*codigo)));
 }
 
-// In front of this sheet, which shows afterwards what was changed there.
+// In front of this sheet, which shows afterwards what was changed there: a place of an operator who
+// was deleted is empty, one with a new code has it.
 void EdOpsGpo::verOperadores() {
   preguntar(articles::PuertaBrowOper{});
-  if (!haIdoBien(leerOperadores())) return;
+  if (!haIdoBien(leerOperadores()) || (alDia_ && !haIdoBien(alDia_(r)))) return;
   pintar();
   mostrarPuesto();
 }

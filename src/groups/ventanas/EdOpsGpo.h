@@ -33,6 +33,7 @@ class EdOpsGpo final : public ventanas::FichaDe<devices::Grupo> {
   QComboBox* LstOpe_;
   QCheckBox* aprende_;
   std::map<int, QString> nombres_;
+  std::function<Resultado<>(devices::Grupo&)> alDia_;
 };
 
 }  // namespace tarvo::groups

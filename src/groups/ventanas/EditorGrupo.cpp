@@ -69,7 +69,7 @@ Resultado<> EditorGrupo::entrar(const PuertaGrupo& puerta) {
                                           : grupos_.nuevo(puerta.seccion, cajas_));
   nuevo_ = !puerta.codigo;
   alGuardar_ = puerta.alGuardar;
-  previo_ = editado;
+  abierto_ = previo_ = editado;
   TARVO_INTENTAR(editar(std::move(editado)));
   abierta_ = true;
   leerEstado();
@@ -202,15 +202,25 @@ void EditorGrupo::permitir() {
 
 void EditorGrupo::anotar(const QString& que) {
   if (!abierta_ || r == previo_) return;
-  deshacer_->apuntar(que, [this, antes = previo_]() -> Resultado<Vuelto> {
-    r = antes;
-    previo_ = antes;
-    mostrar();
-    pintar();
-    revisar();
-    return Vuelto();
-  });
+  deshacer_->apuntarIdaYVuelta(
+      que,
+      [this, antes = previo_]() -> Resultado<Vuelto> {
+        volverA(antes);
+        return Vuelto();
+      },
+      [this, despues = r]() -> Resultado<> {
+        volverA(despues);
+        return {};
+      });
   previo_ = r;
+}
+
+void EditorGrupo::volverA(const GrupoEditado& otro) {
+  r = otro;
+  previo_ = otro;
+  mostrar();
+  pintar();
+  revisar();
 }
 
 void EditorGrupo::anotarLoTecleado() {

@@ -57,6 +57,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
 
   // Notes the way back from what has been changed since the last note.
   void anotar(const QString& que);
+  void volverA(const GrupoEditado& otro);
   void anotarLoTecleado();  // in the field that still has the focus
   void haCambiado(ventanas::Campo& campo);
   void revisar();
@@ -75,9 +76,10 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
 
   // --- sheets (EditorGrupoHojas.cpp)
   template <class P>
-  void hojaDeGrupo(int que);
+  void hojaDeGrupo(int que, P hoja = {});
   template <class P>
   void hojaDeMaquina(int que, Parte parte, std::initializer_list<Cambio> cambios);
+  void operadores();
   void cabecera();
   void teclado();
   void probar();
@@ -98,7 +100,8 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   const bool cajas_;
   ventanas::Deshacer* deshacer_ = nullptr;
   ventanas::Ordenes *ordenes_ = nullptr, *ordenesMaquina_ = nullptr;
-  GrupoEditado previo_;  // as of the last note
+  GrupoEditado abierto_;  // as it was stored then
+  GrupoEditado previo_;   // as of the last note
   bool abierta_ = false, nuevo_ = false, enviar_ = false;
   std::function<void(int, bool)> alGuardar_;
 

@@ -88,9 +88,10 @@ bool EditorGrupo::conforme() {
 
 Resultado<> EditorGrupo::aplicar() {
   if (!nuevo_ && !cambiada()) return {};
-  devices::Grupo guardado = r.grupo;
-  TARVO_INTENTAR(grupos_.guardar(guardado, r.codigo, r.nombre));
-  r.grupo = std::move(guardado);
+  GrupoEditado guardado = r;
+  if (!nuevo_) TARVO_INTENTAR(grupos_.ponerAlDia(guardado, abierto_));
+  TARVO_INTENTAR(grupos_.guardar(guardado.grupo, guardado.codigo, guardado.nombre));
+  r = std::move(guardado);
   return {};
 }
 

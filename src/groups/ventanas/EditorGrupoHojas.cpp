@@ -15,6 +15,19 @@ QString EditorGrupo::deMaquina(int que) const {
   return contexto().textos(kTxQueDeMaquina, {t(que).remove(u'&'), sitio() + 1});
 }
 
+void EditorGrupo::operadores() {
+  PuertaEdOpsGpo hoja;
+  hoja.alDia = [this](devices::Grupo& grupo) -> Resultado<> {
+    if (nuevo_) return {};
+    GrupoEditado suyo = r;
+    suyo.grupo = grupo;
+    TARVO_INTENTAR(grupos_.ponerAlDia(suyo, abierto_));
+    grupo = std::move(suyo.grupo);
+    return {};
+  };
+  hojaDeGrupo(kTxOperadoresDelGrupo, std::move(hoja));
+}
+
 void EditorGrupo::cabecera() {
   if (!r.grupo.tipo()) return;
   switch (*r.grupo.tipo()) {

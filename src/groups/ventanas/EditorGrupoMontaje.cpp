@@ -62,13 +62,10 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo) {
                     false});
   deshacer_ = new Deshacer(*this);
   delGrupo.addAction(deshacer_->accion());
+  delGrupo.addAction(deshacer_->accionRehacer());
   ordenes_->separar();
-  ordenes_->anadir({u"MnOps"_s,
-                    kTxOperadoresDelGrupo,
-                    u"operador"_s,
-                    {},
-                    [this] { hojaDeGrupo<PuertaEdOpsGpo>(kTxOperadoresDelGrupo); },
-                    conTipo});
+  ordenes_->anadir(
+      {u"MnOps"_s, kTxOperadoresDelGrupo, u"operador"_s, {}, [this] { operadores(); }, conTipo});
   ordenes_->anadir({u"MnIva"_s,
                     kTxIvaDelGrupo,
                     u"sumar"_s,

@@ -7,9 +7,11 @@
 namespace tarvo::groups {
 
 template <class P>
-void EditorGrupo::hojaDeGrupo(int que) {
+void EditorGrupo::hojaDeGrupo(int que, P hoja) {
   anotarLoTecleado();
-  auto hecho = preguntar(P{{.nombre = r.nombre, .grupo = r.grupo}});
+  hoja.nombre = r.nombre;
+  hoja.grupo = r.grupo;
+  auto hecho = preguntar(hoja);
   if (!hecho || *hecho == r.grupo) return;
   r.grupo = std::move(*hecho);
   r.marcas.poner(Cambio::Config);

@@ -31,8 +31,10 @@ struct PuertaDeGrupo {
   QString nombre = {};
   devices::Grupo grupo{};
 };
+// `alDia` takes into the group what the list of operators has stored meanwhile.
 struct PuertaEdOpsGpo : PuertaDeGrupo {
   static constexpr QStringView kNombre = u"EdOpsGpo";
+  std::function<Resultado<>(devices::Grupo&)> alDia = {};
 };
 struct PuertaEdIvaDept : PuertaDeGrupo {
   static constexpr QStringView kNombre = u"EdIvaDept";

@@ -267,6 +267,9 @@ TEST(TecladoVentana, LasTeclasQueNoVendenSeSenalanYSeRellenan) {
   QEvent vuelve(QEvent::WindowActivate);
   QApplication::sendEvent(t.v, &vuelve);
   EXPECT_EQ(t.lienzo().cara(2).reparo, Reparo::NoEsta);
+  t.sql(u"delete from PLUSES where CODPLU>2"_s);
+  QApplication::sendEvent(t.v, &vuelve);
+  EXPECT_EQ(t.lienzo().cara(2).reparo, std::nullopt) << "there are no articles yet";
 }
 
 TEST(TecladoVentana, EnUnaEbonyIntroPasaALaTeclaSiguiente) {

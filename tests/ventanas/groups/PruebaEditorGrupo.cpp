@@ -114,6 +114,26 @@ TEST(EditorGrupo, SinCambiosNoEscribeNada) {
   EXPECT_EQ(t.contexto().base.cambios(), antes);
 }
 
+// What other windows store while the editor is open (a name, a section, an operator's new code, a
+// format's new name) stays, but for what is changed here.
+TEST(EditorGrupo, LoGuardadoFueraQueda) {
+  for (const bool nombreDeAqui : {false, true}) {
+    MesaDeGrupos t;
+    t.sql(u"update GRUPOS set OP01_C=1, OP02_C=2, OP03_C=3 where CODGPO=1"_s);
+    t.sql(u"update BZAS set ETQ11='uno', ETQ12='dos' where SUGPO=1 and NMBZA=0"_s);
+    auto* v = t.editor(1);
+    t.sql(u"update GRUPOS set NOMGPO='Fuera', OP01_C=7, OP03_C=0 where CODGPO=1"_s);
+    t.sql(u"update BZAS set ETQ11='once' where SUGPO=1 and NMBZA=0"_s);
+    t.elegir(v, u"txTfa", 3);
+    if (nombreDeAqui) t.poner(v, u"txNombre", u"Dentro"_s);
+    t.envio() = 0;
+    ASSERT_TRUE(t.guardar(v));
+    EXPECT_EQ(t.leer(u"select NOMGPO, OP01_C, OP02_C, OP03_C, tarifa from GRUPOS where CODGPO=1"_s),
+              (nombreDeAqui ? u"Dentro"_s : u"Fuera"_s) + u" 7 2 0 3"_s);
+    EXPECT_EQ(t.leer(u"select ETQ11, ETQ12 from BZAS where SUGPO=1 and NMBZA=0"_s), u"once dos");
+  }
+}
+
 TEST(EditorGrupo, LasFaltasJuntasYJuntoASuCampo) {
   MesaDeGrupos t;
   auto* v = t.editor(1);

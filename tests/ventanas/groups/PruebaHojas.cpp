@@ -147,7 +147,8 @@ TEST(Hojas, LasDelGrupo) {
     EXPECT_TRUE(qobject_cast<ventanas::Ventana*>(w)->tira().texto().contains(u"ningún operador 9"));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     editar(w, u"GrdOps", 0, u"codigo"_s, u"2"_s);
-    t.lista(w, u"GrdOps").irA(1);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(t.lista(w, u"GrdOps").filaActual(), 1) << "Return goes to the next place";
     t.elegir(w, u"LstOpe", 3);
     t.control<QCheckBox>(w, u"imgSI")->click();
   });

@@ -209,7 +209,6 @@ void PrimerDia::hojasDe(const UnGrupo& g) {
     for (const QString& codigo : {u"1"_s, u"2"_s}) {
       p.escribir(codigo);
       p.tecla(Qt::Key_Return);
-      p.tecla(Qt::Key_Down);
     }
     p.pulsar(u"Acepto"_s);
   });

@@ -70,6 +70,26 @@ class SalidaDeMenu final : public QObject {
   QMenuBar& barra_;
 };
 
+bool deUnaBarra(const QAbstractButton& boton) {
+  return qobject_cast<const QToolButton*>(&boton) &&
+         qobject_cast<const QToolBar*>(boton.parentWidget());
+}
+
+// What has a letter; a button of a tool bar only if `conBarras`.
+QSet<QChar> letrasDe(const QWidget& cuerpo, bool conBarras) {
+  QSet<QChar> usadas;
+  for (const QLabel* r : cuerpo.findChildren<QLabel*>())
+    if (r->buddy()) apuntar(r->text(), usadas);
+  for (const QAbstractButton* b : cuerpo.findChildren<QAbstractButton*>())
+    if (conBarras || !deUnaBarra(*b)) apuntar(b->text(), usadas);
+  for (const QGroupBox* g : cuerpo.findChildren<QGroupBox*>()) apuntar(g->title(), usadas);
+  for (const QTabBar* t : cuerpo.findChildren<QTabBar*>())
+    for (int i = 0; i < t->count(); ++i) apuntar(t->tabText(i), usadas);
+  for (const QMenuBar* m : cuerpo.findChildren<QMenuBar*>())
+    for (const QAction* a : m->actions()) apuntar(a->text(), usadas);
+  return usadas;
+}
+
 // The captions of fields, the boxes and the buttons that have none.
 void ponerLetras(QWidget& cuerpo, QSet<QChar>& usadas) {
   for (QLabel* r : cuerpo.findChildren<QLabel*>())
@@ -83,17 +103,7 @@ void ponerLetras(QWidget& cuerpo, QSet<QChar>& usadas) {
 }  // namespace
 
 QSet<QChar> letrasUsadas(const QWidget& cuerpo) {
-  QSet<QChar> usadas;
-  for (const QLabel* r : cuerpo.findChildren<QLabel*>())
-    if (r->buddy()) apuntar(r->text(), usadas);
-  for (const QAbstractButton* b : cuerpo.findChildren<QAbstractButton*>())
-    apuntar(b->text(), usadas);
-  for (const QGroupBox* g : cuerpo.findChildren<QGroupBox*>()) apuntar(g->title(), usadas);
-  for (const QTabBar* t : cuerpo.findChildren<QTabBar*>())
-    for (int i = 0; i < t->count(); ++i) apuntar(t->tabText(i), usadas);
-  for (const QMenuBar* m : cuerpo.findChildren<QMenuBar*>())
-    for (const QAction* a : m->actions()) apuntar(a->text(), usadas);
-  return usadas;
+  return letrasDe(cuerpo, true);
 }
 
 QString conLetra(const QString& texto, QSet<QChar>& usadas) {
@@ -147,7 +157,8 @@ void seguirAccion(QToolButton& boton, QAction& accion) {
 }
 
 void ponerAlAlcance(QWidget& cuerpo) {
-  QSet<QChar> usadas = letrasUsadas(cuerpo);
+  // A button of a bar gets the letter of its own text while no field has it.
+  QSet<QChar> usadas = letrasDe(cuerpo, false);
   for (QToolBar* barra : cuerpo.findChildren<QToolBar*>()) {
     // The bar's own place in the tab order; its buttons were created after everything in the form.
     const Qt::FocusPolicy suya = barra->focusPolicy();

@@ -77,6 +77,8 @@ class Parrilla final : public QWidget, private Buscable {
   void ponerUnaSola(bool unaSola);  // at most one row
   // For filling a sheet of numbers quickly: Enter only activates the row.
   void ponerEscribeAlTeclear(bool si);
+  // Enter after a cell goes to the one below, so that what is typed next doesn't replace it.
+  void bajarTrasIntro();
   // Write into the column of the current cell, as if each text were typed: the lines of the
   // clipboard from this row down (Ctrl+V); the contents of the first selected cell into the other
   // selected rows (Ctrl+D). All of them or, if one is refused, none: then fallo() names the refused

@@ -62,6 +62,15 @@ void Parrilla::ponerEscribeAlTeclear(bool si) {
   d->escribeAlTeclear = si;
 }
 
+void Parrilla::bajarTrasIntro() {
+  const auto bajar = [this] {
+    const QModelIndex aqui = vista_->currentIndex();
+    if (const QModelIndex abajo = aqui.siblingAtRow(aqui.row() + 1); abajo.isValid())
+      vista_->setCurrentIndex(abajo);
+  };
+  connect(this, &Parrilla::escrita, this, bajar, Qt::QueuedConnection);
+}
+
 bool Parrilla::Interior::teclaEdicion(const QKeyEvent& e) {
   const QModelIndex celda = yo.vista_->currentIndex();
   if (!celda.isValid() || !(celda.flags() & Qt::ItemIsEditable)) return false;
