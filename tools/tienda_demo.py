@@ -97,16 +97,16 @@ def campo(tipo, x, y, tercero=14, cuarto=0, quinto=0):
 
 
 def formato():
-    numero, letra, titulo = 14, 15, 17
+    numero, letra, titulo, grande = 14, 15, 17, 18
     return [campo(0, 191, 0, 0),
-            campo(15, 0, 2, 190, 190, 1), campo(16, 6, 20, letra, 1), campo(12, 0, 25, 1, 190),
+            campo(15, 0, 2, 190, 206, 1), campo(16, 6, 20, letra, 1), campo(12, 0, 25, 1, 190),
             campo(7, 6, 50, titulo),
-            campo(13, 6, 64, numero, 5), campo(1, 6, 88, titulo),
-            campo(13, 70, 64, numero, 6), campo(2, 70, 88, titulo),
-            campo(13, 132, 64, numero, 7), campo(3, 132, 88, titulo),
-            campo(12, 0, 94, 1, 190),
-            campo(13, 6, 108, numero, 10), campo(9, 42, 110, letra), campo(13, 100, 108, numero, 11),
-            campo(10, 136, 110, letra), campo(6, 48, 176, 56)]
+            campo(13, 6, 62, numero, 5), campo(1, 6, 80, letra),
+            campo(13, 100, 62, numero, 6), campo(2, 100, 80, letra),
+            campo(13, 6, 108, numero, 7), campo(3, 70, 112, grande),
+            campo(12, 0, 118, 1, 190),
+            campo(13, 6, 132, numero, 10), campo(9, 40, 134, letra), campo(13, 96, 132, numero, 11),
+            campo(10, 130, 134, letra), campo(6, 48, 198, 56)]
 
 
 def lineas(todas):

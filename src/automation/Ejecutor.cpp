@@ -160,7 +160,9 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
 // In words. The engine has the same code for a missing group and for a kind of task unknown to it,
 // to this build or to the group.
 QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
-  constexpr int kDestinoMalo = 2;
+  constexpr int kDestinoMalo = 2, kRepetido = 3;
+  if (codigo == kRepetido)
+    if (const auto mismas = t_.motor.MismasMaquinas(grupo)) return *mismas;
   const auto* c = t_.repertorio.de(clase);
   const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
   const bool hayGrupo = numero && !numero->nulo();

@@ -51,7 +51,11 @@ void BrowGrupos::copiar() {
       actualCambiado();
     }
     if (!fin) return decirFallo(fin.error());
-    if (limpia) entera ? decirBien(t(kTxSeccionCopiada)) : decirDuda(t(kTxCopiaParada));
+    if (!limpia) return;
+    if (!entera) return decirDuda(t(kTxCopiaParada));
+    const int grupos = copia->gruposCopiados();
+    if (grupos == 0) return decirBien(t(kTxSeccionCopiada));
+    decirDuda(t(kTxSeccionCopiada) + u". "_s + t(kTxConSusGrupos, grupos));
   });
 }
 

@@ -139,7 +139,10 @@ void BrowGrupos::copiarGrupo(Nodo nodo) {
   const auto codigo = grupos_.copiar(nodo.grupo, nodo.seccion);
   if (!haIdoBien(codigo)) return;
   grupoGuardado(*codigo, true);
-  decirBien(contexto().textos(kTxGrupoCopiado, {nodo.grupo, *codigo}));
+  const QString copiado = contexto().textos(kTxGrupoCopiado, {nodo.grupo, *codigo});
+  const auto mismas = motor_.MismasMaquinas(*codigo);
+  if (!haIdoBien(mismas)) return;
+  mismas->isEmpty() ? decirBien(copiado) : decirDuda(copiado + u' ' + *mismas);
 }
 
 void BrowGrupos::borrarGrupo(Nodo nodo) {

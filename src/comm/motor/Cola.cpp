@@ -89,6 +89,11 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
   // A build lacks kinds by their keyword; the kind without one is in all builds.
   const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
   if (!tiene || !c->crear) return 2;
+  if (c->esLectura || clase == TipoTarea::TxZero) {
+    const auto mismas = fuera.MismasMaquinas(grupo);
+    if (!mismas) return 2;
+    if (!mismas->isEmpty()) return 3;
+  }
   if (c->total) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, *c->total);
     if (!puede) {

@@ -59,16 +59,20 @@ void encolarGrupos(ventanas::Ventana& quien, motor::gestcomm& motor, const std::
                    const PeticionTarea& que) {
   bool usada = false;
   int puestas = 0;
-  QStringList sinComunicar;
+  QStringList sinComunicar, fuera;
   for (const int grupo : grupos) {
     const int r = motor.NuevaTarea(grupo, que.todo, que.desde, que.hasta, que.clase);
     puestas += r == 0 ? 1 : 0;
     usada = usada || r == 1;
     if (r == 2) sinComunicar << Ceros(grupo, 4);
+    if (r != 3) continue;
+    const auto mismas = motor.MismasMaquinas(grupo);
+    if (quien.haIdoBien(mismas)) fuera << *mismas;
   }
-  const QString fuera = quien.t(kTxNoEncolada).arg(sinComunicar.join(u", "_s));
   if (!sinComunicar.isEmpty())
-    quien.decirDuda(puestas > 0 ? quien.t(kTxEncoladas, puestas) + u' ' + fuera : fuera);
+    fuera.prepend(quien.t(kTxNoEncolada).arg(sinComunicar.join(u", "_s)));
+  if (!fuera.isEmpty() && puestas > 0) fuera.prepend(quien.t(kTxEncoladas, puestas));
+  if (!fuera.isEmpty()) quien.decirDuda(fuera.join(u' '));
   if (usada)
     ventanas::MyMsgBox::Decide(
         &quien, quien.contexto().textos,

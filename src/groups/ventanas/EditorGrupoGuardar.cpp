@@ -100,7 +100,12 @@ void EditorGrupo::aplicada() {
   guardada();
   auto* quien = qobject_cast<Ventana*>(dueno());
   if (!igual && alGuardar_) alGuardar_(r.codigo, nuevo_);
-  if (!igual && quien) quien->decirBien(contexto().textos(kTxGuardado, {r.codigo, r.nombre}));
+  if (!igual && quien) {
+    const QString guardado = contexto().textos(kTxGuardado, {r.codigo, r.nombre});
+    const auto mismas = motor_.MismasMaquinas(r.codigo);
+    const bool repetido = mismas && !mismas->isEmpty();
+    repetido ? quien->decirDuda(guardado + u' ' + *mismas) : quien->decirBien(guardado);
+  }
   if (enviar_) enviar(quien);
   r.marcas = {};
   guardada();

@@ -62,7 +62,7 @@ void EditorGrupo::montarOrdenes(QToolBar& delGrupo) {
                     false});
   deshacer_ = new Deshacer(*this);
   delGrupo.addAction(deshacer_->accion());
-  delGrupo.addAction(deshacer_->accionRehacer());
+  deshacer_->accionRehacer();  // by its key alone: the bar is full
   ordenes_->separar();
   ordenes_->anadir(
       {u"MnOps"_s, kTxOperadoresDelGrupo, u"operador"_s, {}, [this] { operadores(); }, conTipo});

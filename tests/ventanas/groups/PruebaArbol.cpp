@@ -38,6 +38,8 @@ TEST(ArbolDeGrupos, NombreCopiaYVuelta) {
   EXPECT_TRUE(dicho(v).contains(u"(4) G|(5) Copia de Pescado"));
   EXPECT_EQ(t.leer(u"select tipo, seccion from GRUPOS where CODGPO=5"_s), u"2 1");
   EXPECT_EQ(t.leer(u"select count(*) from BZAS where SUGPO=5"_s), u"1");
+  EXPECT_TRUE(v->tira().texto().contains(u"El grupo 5 tiene las mismas máquinas que el grupo 2"))
+      << v->tira().texto().toStdString();
   for (int i = 0; i < 2; ++i) t.tecla(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
 }
@@ -83,6 +85,7 @@ TEST(ArbolDeGrupos, UnaSeccionConSusGrupos) {
   EXPECT_EQ(t.leer(u"select CODGPO, tipo from GRUPOS where seccion=3 order by 1"_s),
             u"5 1 | 6 2 | 7 3 | 8 4");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=3"_s), u"12");
+  EXPECT_TRUE(v->tira().texto().contains(u"Con ella se han copiado 4 grupos"));
   t.tecla(Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(t.leer(u"select count(*) from GRUPOS"_s), u"4") << v->tira().texto().toStdString();
   EXPECT_EQ(t.leer(u"select count(*) from BZAS"_s), u"5");
