@@ -130,6 +130,7 @@ Resultado<QStringList> Aplicacion::empezar() {
   TARVO_INTENTAR(d->almacenes.asegurar());
   TARVO_TOMAR(auto avisos, d->xporTot.recuperar());
   TARVO_INTENTAR(d->sesion.cargar());
+  TARVO_INTENTAR(totals::seguirCajas(d->db, d->casa.ajustes, d->sesion));
   return avisos;
 }
 

@@ -100,6 +100,25 @@ TEST_F(Pasos, LoQueSePerdioVuelveConTodasSusColumnas) {
   }
 }
 
+// Of a room that can't be replaced a lost table is damage, and nothing is made anew; a view, or a
+// table of a step that is still to come, is no loss.
+TEST_F(Pasos, LoInsustituibleNoSeRehace) {
+  TablasDeSala sala = fruteria();
+  sala.insustituible = true;
+  dar({sala});
+  sala.pasos.push_back({3, u"create table if not exists Hueso (A);\n"_s});
+  hacer(u"drop view QFruta"_s);
+  dar({sala});
+  EXPECT_TRUE(db->existeTabla(u"Hueso"));
+  hacer(u"drop table FrutaAntes"_s);
+  hacer(u"drop view QFruta"_s);
+  const auto r = darPasos(*db, {sala});
+  ASSERT_FALSE(r);
+  EXPECT_EQ(r.error().clase, Fallo::NoEsBaseDatos);
+  EXPECT_TRUE(r.error().texto.contains(u"frutaantes")) << r.error().texto.toStdString();
+  EXPECT_FALSE(db->existeTabla(u"QFruta"));
+}
+
 TEST_F(Pasos, UnoQueFallaNoDejaNada) {
   const std::vector<TablasDeSala> malas[] = {
       {fruteria(),

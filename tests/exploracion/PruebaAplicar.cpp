@@ -87,6 +87,8 @@ TEST(Aplicador, EstrenaUnaTiendaYSoloAnadeEnLasDemas) {
   f.close();
   EXPECT_FALSE(bien(t.aplicador.porEstrenar()));
   EXPECT_TRUE(bien(t.aplicador.aplicar(hay)).creados.empty());
+  EXPECT_EQ(exploracion::claveDeTcp(u"LocalHost:4101"_s),
+            exploracion::claveDeTcp(u"127.0.0.1:4101,1"_s));
   // A new node and a device without a channel are added; a modem that is off now stays.
   std::vector<Hallazgo> otras{t.hallazgo(2, ResultadoCanal::SinCts),
                               t.hallazgo(3, ResultadoCanal::Nodal, {{2, {true}}, {9, {true}}}),

@@ -77,6 +77,7 @@ class TiendaDeLibros : public Tienda {
   void cuadra(int numero) const;
 
   dao::Database& db() { return *p_->db; }
+  const Ajustes& ajustes() const { return p_->ajustes; }
   totals::Periodos& periodos() { return p_->periodos; }
   totals::VerTot& verTot() { return p_->verTot; }
   totals::Sesion& sesion() { return p_->sesion; }

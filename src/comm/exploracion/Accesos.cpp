@@ -133,7 +133,9 @@ QString claveDeSerie(const QString& ruta) {
 }
 
 QString claveDeTcp(const QString& acceso) {
-  const QString host = acceso.section(u':', 0, 0).trimmed().toLower();
+  QString host = acceso.section(u':', 0, 0).trimmed().toLower();
+  // Other names aren't looked up: a name server that doesn't answer takes minutes.
+  if (host == u"localhost") host = QStringLiteral("127.0.0.1");
   const int puerto = acceso.section(u':', 1).section(u',', 0, 0).trimmed().toInt();
   return QStringLiteral("tcp:%1:%2").arg(host).arg(puerto);
 }

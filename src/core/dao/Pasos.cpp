@@ -23,24 +23,44 @@ Resultado<Dados> leerDados(Database& db) {
   return dados;
 }
 
-// The tables and views that are there once all steps of a room have run.
-std::set<QString> objetosDe(const TablasDeSala& sala) {
+// The tables and views that are there once all steps of a room have run, or those of `dados`; the
+// value is true for a table.
+std::map<QString, bool> objetosDe(const TablasDeSala& sala,
+                                  const std::set<qint64>* dados = nullptr) {
   static const QRegularExpression sentencia(
-      u"^\\s*(create|drop) (?:table|view) (?:if (?:not )?exists )?\\[?(\\w+)"_s,
+      u"^\\s*(create|drop) (table|view) (?:if (?:not )?exists )?\\[?(\\w+)"_s,
       QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
-  std::set<QString> objetos;
-  for (const Paso& p : sala.pasos)
+  std::map<QString, bool> objetos;
+  for (const Paso& p : sala.pasos) {
+    if (dados && !dados->contains(p.numero)) continue;
     for (const auto& m : sentencia.globalMatch(p.guion)) {
       if (m.captured(1).compare(u"create", Qt::CaseInsensitive) == 0)
-        objetos.insert(m.captured(2).toLower());
+        objetos[m.captured(3).toLower()] =
+            m.captured(2).compare(u"table", Qt::CaseInsensitive) == 0;
       else
-        objetos.erase(m.captured(2).toLower());
+        objetos.erase(m.captured(3).toLower());
     }
+  }
   return objetos;
 }
 
 bool completa(Database& db, const TablasDeSala& sala) {
-  return std::ranges::all_of(objetosDe(sala), [&](const QString& o) { return db.existeTabla(o); });
+  return std::ranges::all_of(objetosDe(sala),
+                             [&](const auto& o) { return db.existeTabla(o.first); });
+}
+
+// Made anew, such a table would be empty: what a period has would be added to it again.
+Resultado<> sinPerdidas(Database& db, const TablasDeSala& sala, const Dados& dados) {
+  const auto suyos = dados.find(sala.sala);
+  if (!sala.insustituible || suyos == dados.end()) return {};
+  for (const auto& [nombre, esTabla] : objetosDe(sala, &suyos->second))
+    if (esTabla && !db.existeTabla(nombre))
+      return fallo(
+          Fallo::NoEsBaseDatos,
+          QStringLiteral("La base de datos está dañada: ha perdido la tabla «%1». Recupere "
+                         "una copia de seguridad.")
+              .arg(nombre));
+  return {};
 }
 
 // A room that lost a table runs all its steps again, since several built the table.
@@ -112,6 +132,8 @@ Resultado<> darPasos(Database& db, const std::vector<TablasDeSala>& salas) {
   for (const TablasDeSala& sala : salas) TARVO_INTENTAR(comprobarNumeros(sala));
   TARVO_TOMAR(const bool hecho, alDia(db, salas));
   if (hecho) return {};
+  TARVO_TOMAR(const Dados antes, leerDados(db));
+  for (const TablasDeSala& sala : salas) TARVO_INTENTAR(sinPerdidas(db, sala, antes));
   TARVO_TOMAR(auto t, Transaccion::empezar(db));
   TARVO_INTENTAR(db.ejecutarGuion(
       u"CREATE TABLE IF NOT EXISTS PasosDados (SALA TEXT NOT NULL, PASO INTEGER NOT NULL, PRIMARY "

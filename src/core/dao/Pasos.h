@@ -37,13 +37,17 @@ struct TablasDeSala {
   QString sala;  // its name in the database
   std::vector<Paso> pasos;
   std::vector<Copia> copias;
+  // What its tables held can't be made anew, or would be counted again: a database that had one and
+  // lost it is damaged.
+  bool insustituible = false;
 };
 
 // Whether all steps have run, what they created exists, and the copies have all their columns.
 Resultado<bool> alDia(Database& db, const std::vector<TablasDeSala>& salas);
 
 // Runs the steps that a database lacks, room by room in the order given, and then updates the
-// copies; one transaction. Interno for numbers that don't ascend.
+// copies; one transaction. Interno for numbers that don't ascend; NoEsBaseDatos, with nothing
+// changed, when a table that can't be replaced is lost.
 Resultado<> darPasos(Database& db, const std::vector<TablasDeSala>& salas);
 
 }  // namespace tarvo::dao

@@ -10,6 +10,9 @@ namespace tarvo::esquema {
 
 namespace {
 
+constexpr qint64 kCabecera =
+    100;  // bytes; a shorter file has no database, and may pass for a new one
+
 QString buscarPlantilla(const QStringList& carpetas) {
   for (const QString& carpeta : carpetas) {
     const QDir d(carpeta);
@@ -69,7 +72,7 @@ Resultado<std::unique_ptr<dao::Database>> abrirBase(const QString& ruta,
                                                     const std::vector<dao::TablasDeSala>& salas,
                                                     Version version) {
   // A new one is copied whole: this program never leaves an empty file.
-  if (const QFileInfo f(ruta); f.isFile() && f.size() == 0)
+  if (const QFileInfo f(ruta); f.isFile() && f.size() < kCabecera)
     return fallo(Fallo::NoEsBaseDatos,
                  QStringLiteral("La base de datos está vacía: recupere una copia de seguridad o, "
                                 "para empezar de nuevo, borre %1")

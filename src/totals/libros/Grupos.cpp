@@ -1,7 +1,13 @@
 #include "totals/libros/Grupos.h"
 
+#include <algorithm>
+#include <iterator>
+#include <set>
+
 #include "core/dao/Marcas.h"
+#include "core/dao/Recorrido.h"
 #include "totals/libros/BasesInterior.h"
+#include "totals/libros/Sesion.h"
 #include "totals/periodos/Clases.h"
 
 namespace tarvo::totals {
@@ -113,6 +119,52 @@ Resultado<> olvidarCaja(Database& db, const Ajustes& ajustes, int grupo, int add
         db.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}),
                     grupo, addr));
   return tr.confirmar();
+}
+
+namespace {
+
+using Direcciones = std::map<int, std::set<int>>;  // by group
+
+Resultado<Direcciones> direccionesDe(Database& db, QStringView deCajas) {
+  Direcciones d;
+  TARVO_INTENTAR(dao::recorrer(
+      db.consultar(deCajas, numeroDe(TipoGrupo::Registradoras)), [&d](const dao::Recordset& f) {
+        d[static_cast<int>(f.entero(0))].insert(static_cast<int>(f.entero(1)));
+      }));
+  return d;
+}
+
+std::set<int> menos(const std::set<int>& a, const std::set<int>& b) {
+  std::set<int> resto;
+  std::ranges::set_difference(a, b, std::inserter(resto, resto.end()));
+  return resto;
+}
+
+}  // namespace
+
+Resultado<> seguirCajas(Database& db, const Ajustes& ajustes, Sesion& sesion) {
+  TARVO_TOMAR(const auto sabidas,
+              direccionesDe(db,
+                            u"SELECT x.GRUPO, x.ADDR FROM (SELECT GRUPO, ADDR FROM BaseFilas "
+                            u"UNION SELECT GRUPO, ADDR FROM Ceros) x JOIN GRUPOS g ON "
+                            u"g.CODGPO=x.GRUPO WHERE g.tipo=?"));
+  TARVO_TOMAR(const auto todas,
+              direccionesDe(db,
+                            u"SELECT b.SUGPO, COALESCE(b.Addr, 0) FROM BZAS b JOIN GRUPOS g ON "
+                            u"g.CODGPO=b.SUGPO WHERE g.tipo=?"));
+  for (const auto& [grupo, antes] : sabidas) {
+    const auto estan = todas.find(grupo);
+    if (estan == todas.end()) continue;
+    const auto idas = menos(antes, estan->second), nuevas = menos(estan->second, antes);
+    if (idas.empty()) continue;
+    TARVO_TOMAR(const auto sinPeriodo, sesion.sinPeriodo(grupo));
+    if (sinPeriodo.value_or(0) != 0) continue;
+    if (idas.size() == 1 && nuevas.size() == 1)
+      TARVO_INTENTAR(cambiarDirecciones(db, grupo, {{*idas.begin(), *nuevas.begin()}}));
+    if (!nuevas.empty()) continue;
+    for (const int addr : idas) TARVO_INTENTAR(olvidarCaja(db, ajustes, grupo, addr));
+  }
+  return {};
 }
 
 }  // namespace tarvo::totals

@@ -93,7 +93,8 @@ dao::TablasDeSala tablasLibros() {
                     dao::columna(10, QStringLiteral("Lecturas"), QStringLiteral("BASE_ANTIGUA"),
                                  QStringLiteral("REAL"))},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
-                     {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}}};
+                     {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}},
+          .insustituible = true};
 }
 
 Resultado<> asegurarTablasLibros(dao::Database& db) {

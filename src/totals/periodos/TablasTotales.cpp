@@ -95,7 +95,8 @@ dao::TablasDeSala tablasTotales() {
                                  QStringLiteral("TEXT DEFAULT ''")),
                     {9, kSumasTiradas},
                     {10, kIdosConSuBloque}},
-          .copias = {}};
+          .copias = {},
+          .insustituible = true};
 }
 
 Resultado<> asegurarTablasTotales(dao::Database& db) {

@@ -24,6 +24,7 @@ void irA(QWidget* v, const QString& nodo) {
 
 TEST(ArbolDeGrupos, NombreCopiaYVuelta) {
   MesaDeGrupos t;
+  t.sql(u"update GRUPOS set remoto=3, TELEF='balanza:4101' where CODGPO=2"_s);
   auto* v = t.abrir(PuertaBrowGrupos{.grupos = true});
   EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
   irA(v, u"(2) G"_s);
