@@ -194,7 +194,9 @@ void EditorGrupo::pintarEstado() {
                             : nuevas > 0 ? t(kTxSinEnviarAnadidas, nuevas)
                             : algunas    ? contexto().textos(kTxIgualEnAlgunas, {tienen, e.cuantas})
                                          : t(kTxSituaciones + static_cast<int>(e.situacion));
-    estado_->addWidget(new QLabel(t(kTxClases + cual) + u": "_s + palabra, cajaEstado_), fila, 1);
+    auto* dice = new QLabel(t(kTxClases + cual) + u": "_s + palabra, cajaEstado_);
+    dice->setWordWrap(true);  // so that the longest one doesn't set the width of the window
+    estado_->addWidget(dice, fila, 1);
     if (e.cuando && nuevas == 0)
       estado_->addWidget(
           new QLabel(e.cuando->qdatetime().toString(u"dd/MM/yyyy HH:mm"_s), cajaEstado_), fila, 2);

@@ -23,7 +23,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kColumnasPaleta = 4, kColumnasSitios = 5, kAnchoModelo = 64, kAltoSitios = 122;
-constexpr int kTarifas = 8, kCanales = 4, kUltimoAddr = 15;
+constexpr int kLetrasSeccion = 14, kTarifas = 8, kCanales = 4, kUltimoAddr = 15;
 
 }  // namespace
 
@@ -229,6 +229,8 @@ void EditorGrupo::montarIdentidad(Formulario f) {
   nom_ = &g.fila(ventanas::kTxNombreConLetra, u"txNombre"_s, texto(r.nombre, 30));
   auto* lista = new QComboBox(cuerpo());
   llenar(*lista, contexto().nombres.secciones(), 3);
+  lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lista->setMinimumContentsLength(kLetrasSeccion);
   g.fila(ventanas::kTxSeccionConLetra, lista, u"LstSec"_s);
   seccion_ = &enlazarCampo(*lista, r.grupo.seccion);
   Opciones tarifas;

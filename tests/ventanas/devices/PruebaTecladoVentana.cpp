@@ -305,6 +305,19 @@ TEST(TecladoVentana, SinTotalNoSeAceptaSinPreguntar) {
   ASSERT_TRUE(abrir(nullptr)) << "it was missing already";
 }
 
+TEST(TecladoVentana, CtrlZDeshacePrimeroLoBuscado) {
+  MesaDeTeclados t;
+  t.abrirTeclado(kCedar, t.textosDe(u"1:12"_s));
+  t.tecla(Qt::Key_Delete);
+  t.escribir(u"c"_s);
+  EXPECT_EQ(t.foco(), u"Busca");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.control<QLineEdit>(u"Busca")->text(), QString());
+  EXPECT_NE(t.hace(1), u"TOTAL");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.hace(1), u"TOTAL");
+}
+
 TEST(TecladoVentana, EnUnaEbonyIntroPasaALaTeclaSiguiente) {
   MesaDeTeclados t;
   const TextosTeclado antes{u"07:T:000120\r\n28:P:000005\r\n"_s, u"otro"_s, u"mas"_s};
