@@ -3,6 +3,7 @@
 
 #include "core/textos/Textos.h"
 #include "devices/TecladoEditado.h"
+#include "devices/TecladosDefault.h"
 #include "devices/TextosDevices.h"
 
 namespace tarvo::devices {
@@ -110,6 +111,21 @@ std::vector<CaraDeTecla> caras(const TecladoEditado& teclado, const CodigosDeTec
                                       : pintor.comun(teclado.comun(), tecla));
   pintor.repetidas(todas);
   return todas;
+}
+
+std::set<int> codigosQueFaltan(const TecladoEditado& teclado, Idioma idioma) {
+  std::set<int> faltan;
+  if (teclado.esEbony()) return faltan;
+  TecladoEditado deFabrica(teclado.modelo());
+  deFabrica.leer({TecladoDefecto(teclado.modelo(), idioma), {}, {}});
+  const auto tiene = [](const Teclado& t, int codigo) {
+    for (int tecla = 1; tecla <= t.teclas(); ++tecla)
+      if (t.codigo(tecla) == codigo) return true;
+    return false;
+  };
+  for (const int codigo : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, kTeclaTotal})
+    if (tiene(deFabrica.comun(), codigo) && !tiene(teclado.comun(), codigo)) faltan.insert(codigo);
+  return faltan;
 }
 
 }  // namespace tarvo::devices

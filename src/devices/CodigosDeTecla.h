@@ -10,7 +10,7 @@
 
 namespace tarvo::devices {
 
-inline constexpr int kTeclaNula = 999;
+inline constexpr int kTeclaNula = 999, kTeclaTotal = 12;
 inline constexpr int kPlusDirectos = 110, kTarasDirectas = 20;
 
 enum class TipoTecla : int {

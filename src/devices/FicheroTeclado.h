@@ -8,7 +8,8 @@ namespace tarvo::devices {
 
 // Written whole.
 Resultado<> guardarTeclado(const QString& ruta, const Teclado& teclado);
-// The text, for Teclado::pegar(). Formato, in words, when it is no keyboard.
+// The text, for Teclado::pegar(). Formato, in words, when it is no keyboard, or when a line of it
+// isn't of the form or a key has none: a damaged file would empty keys.
 Resultado<QString> leerTeclado(const QString& ruta, const Textos& textos);
 
 }  // namespace tarvo::devices

@@ -88,4 +88,8 @@ struct CaraDeTecla {
 std::vector<CaraDeTecla> caras(const TecladoEditado& teclado, const CodigosDeTecla& codigos,
                                const ArticulosDeTecla& existen, const Textos& textos);
 
+// The codes without which nothing can be sold, the figures and TOTAL, that the factory keyboard of
+// the model has and no key of this one has. An Ebony machine's can't be changed.
+std::set<int> codigosQueFaltan(const TecladoEditado& teclado, Idioma idioma);
+
 }  // namespace tarvo::devices

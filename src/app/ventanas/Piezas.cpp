@@ -19,6 +19,8 @@ using ventanas::Tinte;
 
 namespace {
 
+constexpr int kLetrasTitulo = 36;  // of a group's line: its code and 30 letters
+
 QLabel* rotulo(QWidget* padre, const QString& nombre, Letra letra, bool pliega = false) {
   auto* l = new QLabel(padre);
   l->setObjectName(nombre);
@@ -269,8 +271,12 @@ LineaGrupo::LineaGrupo(QWidget* padre)
   caja->addWidget(texto_, 1, Qt::AlignTop);
 }
 
+// A longer title is cut with an ellipsis: it would leave no room for the reason, and the line would
+// grow.
 QSize LineaGrupo::anchosQuePide() const {
-  return {palabra_->sizeHint().width(), titulo_->sizeHint().width()};
+  const QFontMetrics letra = titulo_->fontMetrics();
+  const int titulo = letra.horizontalAdvance(renglon_.titulo) + escalar(ventanas::kPaso);
+  return {palabra_->sizeHint().width(), std::min(titulo, kLetrasTitulo * letra.averageCharWidth())};
 }
 
 int LineaGrupo::valorQuePide() const {
@@ -280,6 +286,7 @@ int LineaGrupo::valorQuePide() const {
 void LineaGrupo::ponerAnchos(int palabra, int titulo, int valor) {
   palabra_->setFixedWidth(palabra);
   titulo_->setFixedWidth(titulo);
+  titulo_->setText(titulo_->fontMetrics().elidedText(renglon_.titulo, Qt::ElideRight, titulo));
   valor_->setFixedWidth(valor);
 }
 

@@ -14,6 +14,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Tira.h"
 #include "core/ventanas/marco/TiraTrabajo.h"
 #include "totals/ventanas/Puertas.h"
 
@@ -29,6 +30,8 @@ constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1, kGrupo 
 constexpr int kNombrePropio = Qt::UserRole + 3;
 
 // The name alone is edited, without the code that a group shows before it.
+constexpr int kLargoDeNombre = 30;
+
 class NombreSolo final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -37,6 +40,15 @@ class NombreSolo final : public QStyledItemDelegate {
   void setEditorData(QWidget* editor, const QModelIndex& indice) const override {
     if (auto* linea = qobject_cast<QLineEdit*>(editor))
       linea->setText(indice.data(kNombrePropio).toString());
+  }
+  // As many letters as the sheets take; a longer name that exists already isn't cut by opening it.
+  QWidget* createEditor(QWidget* padre, const QStyleOptionViewItem& como,
+                        const QModelIndex& indice) const override {
+    QWidget* editor = QStyledItemDelegate::createEditor(padre, como, indice);
+    if (auto* linea = qobject_cast<QLineEdit*>(editor))
+      linea->setMaxLength(
+          std::max<int>(kLargoDeNombre, indice.data(kNombrePropio).toString().size()));
+    return editor;
   }
 };
 
@@ -258,6 +270,7 @@ void BrowGrupos::rotulado(QTreeWidgetItem* item, int columna) {
   const QString nombre = item->text(kNombre), antes = nombreAntes_;
   const bool hecho = haIdoBien(renombrar(nodo, nombre));
   if (hecho) acierto();
+  if (hecho && nombre.trimmed() != antes) tira().quitar();  // what it says is of the former name
   if (hecho && nombre.trimmed() != antes && nuevo_ != nodo)
     deshacer_->apuntar(t(kTxNombreDe).arg(decirNodo(nodo), antes),
                        [=, this]() -> Resultado<Vuelto> {

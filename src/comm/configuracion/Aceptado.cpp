@@ -38,6 +38,7 @@ using Notas = std::map<std::pair<int, int>, Nota>;  // by kind and machine
 Estado estadoDeClase(TipoTarea clase, const std::vector<Envio>& envios,
                      const std::vector<int>& maquinas, const Notas& notas) {
   std::optional<Estado> estado;
+  std::set<int> todas;
   for (const Envio& envio : envios) {
     const QString huella = envio.huella();
     for (const int maquina : maquinas) {
@@ -47,9 +48,11 @@ Estado estadoDeClase(TipoTarea clase, const std::vector<Envio>& envios,
       const Situacion s = situacionDe(suya, huella);
       if (!estado) estado = Estado{.clase = clase, .situacion = s, .cuando = cuandoDe(suya)};
       if (s < estado->situacion) estado->situacion = s, estado->cuando = cuandoDe(suya);
-      if (s != Situacion::Igual) estado->maquinas.push_back(maquina);
+      if (s != Situacion::Igual) estado->maquinas.insert(maquina);
+      todas.insert(maquina);
     }
   }
+  if (estado) estado->cuantas = static_cast<int>(todas.size());
   return estado.value_or(Estado{.clase = clase});
 }
 

@@ -31,7 +31,8 @@ struct Estado {
   TipoTarea clase = TipoTarea::TxCnfig;
   Situacion situacion = Situacion::NuncaEnviada;  // of the machine that differs most
   std::optional<Fecha> cuando = {};               // its last whole sending
-  std::vector<int> maquinas = {};                 // those that don't hold what is stored here
+  std::set<int> maquinas = {};                    // those that don't hold what is stored here
+  int cuantas = 0;                                // those that take this kind
 };
 // For each kind that the group takes, in the order of kClases. Reads only.
 Resultado<std::vector<Estado>> estadoDe(dao::Database& db, const Ajustes& ajustes,

@@ -32,6 +32,12 @@ Resultado<std::vector<GrupoElegible>> Grupos::todos() const {
                      });
 }
 
+Resultado<bool> Grupos::tieneBalanza(int grupo, int numero) const {
+  TARVO_TOMAR(const auto esta,
+              db_.uno(u"SELECT 1 FROM BZAS WHERE SUGPO=? AND NMBZA=?", grupo, numero));
+  return !esta.nulo();
+}
+
 Resultado<std::set<TipoGrupo>> Grupos::tipos() const {
   std::set<TipoGrupo> tipos;
   TARVO_INTENTAR(dao::recorrer(db_.consultar(u"SELECT DISTINCT TIPO FROM GRUPOS"),

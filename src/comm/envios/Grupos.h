@@ -29,6 +29,8 @@ class Grupos {
   Resultado<std::vector<GrupoElegible>> deTipos(std::span<const TipoGrupo> tipos) const;
   Resultado<std::vector<GrupoElegible>> todos() const;
   Resultado<std::set<TipoGrupo>> tipos() const;  // the kinds that there are
+  // Whether the group has a scale of that number, from 0.
+  Resultado<bool> tieneBalanza(int grupo, int numero) const;
   // Nothing when there is none of that number.
   Resultado<std::optional<Destino>> destino(int grupo) const;
 

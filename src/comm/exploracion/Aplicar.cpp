@@ -94,6 +94,20 @@ Resultado<bool> Aplicador::porEstrenar() {
   return !usado;
 }
 
+Resultado<Aplicador::YaEstan> Aplicador::quienesLasTienen(std::span<const Hallazgo> hallazgos) {
+  TARVO_TOMAR(const bool nueva, porEstrenar());
+  std::vector<GrupoQueEsta> estan;
+  if (!nueva) {
+    TARVO_TOMAR(estan, gruposQueEstan(grupos_, ajustes_));
+  }
+  YaEstan ya;
+  for (const Hallazgo& h : hallazgos) {
+    auto& suyos = ya.emplace_back();
+    for (const GrupoHallado& g : h.grupos) suyos.push_back(quienLaTiene(estan, h, g));
+  }
+  return ya;
+}
+
 Resultado<std::vector<Aplicador::SeVa>> Aplicador::loQueSeVa() {
   TARVO_TOMAR(const auto todos, grupos_.todos());
   std::vector<SeVa> seVan;

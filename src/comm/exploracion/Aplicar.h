@@ -28,6 +28,11 @@ class Aplicador {
   // The shop has no group, or only the one that it began with, of which nothing is kept.
   Resultado<bool> porEstrenar();
 
+  // By finding and group of it: the group of the shop that has these machines already. None in a
+  // shop to be begun.
+  using YaEstan = std::vector<std::vector<std::optional<int>>>;
+  Resultado<YaEstan> quienesLasTienen(std::span<const Hallazgo> hallazgos);
+
   // The groups that `reemplazar` would delete, with what they hold.
   struct SeVa {
     groups::Resumen grupo;

@@ -54,29 +54,43 @@ QString loQueHay(const Hallazgo& h, const Textos& t) {
 Cuentas contar(std::span<const Hallazgo> hallazgos) {
   Cuentas c;
   for (const Hallazgo& h : hallazgos) {
-    c.canales += h.resultado != ResultadoCanal::SinPuerto ? 1 : 0;
+    const bool hay = h.resultado != ResultadoCanal::SinPuerto;
+    (h.acceso.clase == Acceso::Clase::Tcp ? c.red : c.canales) += hay ? 1 : 0;
     c.modems += h.resultado == ResultadoCanal::Modem ? 1 : 0;
     c.grupos += static_cast<int>(h.grupos.size());
   }
   return c;
 }
 
+namespace {
+
+// An address of the network is no channel of this computer.
+QString detectado(const Cuentas& c, const Textos& t) {
+  const QString canales = Plural(t(kTxResumenCanales), c.canales);
+  if (c.red == 0) return canales;
+  const QString red = Plural(t(kTxAccesosDeRed), c.red);
+  return c.canales == 0 ? t(kTxHaDetectado, {red}) : t(kTxListaY, {canales, red});
+}
+
+}  // namespace
+
 QString resumen(const Cuentas& c, const Textos& t) {
-  if (c.canales == 0) return t(kTxSinCanales);
+  if (c.canales + c.red == 0) return t(kTxSinCanales);
   QString texto = c.grupos > 0   ? Plural(t(kTxResumenConGrupos), c.grupos)
                   : c.modems > 0 ? t(kTxResumenConModem)
                                  : t(kTxResumenSinNada);
   const bool dice = c.modems > 0 || c.grupos == 0;
-  CambiaTexto(QStringLiteral("@C@"), Plural(t(kTxResumenCanales), c.canales), texto);
+  CambiaTexto(QStringLiteral("@C@"), detectado(c, t), texto);
   CambiaTexto(QStringLiteral("@M@"), dice ? t(kTxResumenModem) : QString(), texto);
   return texto;
 }
 
 QString consecuencia(const Cuentas& c, const Textos& t) {
-  if (c.canales == 0) return t(kTxNoSePuede);
+  if (c.canales + c.red == 0) return t(kTxNoSePuede);
   if (!c.algo()) return t(kTxNoSePuede) + t(kTxUseAvanzado);
   QString texto = t(kTxSeProcedera);
-  if (c.grupos > 0) texto += Plural(t(kTxSeCrearan), c.grupos);
+  if (c.grupos > c.yaEstan) texto += Plural(t(kTxSeCrearan), c.grupos - c.yaEstan);
+  if (c.yaEstan > 0) texto += Plural(t(kTxYaEnGrupo), c.yaEstan);
   if (c.modems > 0) texto += t(kTxPorTelefono);
   return texto;
 }

@@ -9,8 +9,9 @@
 namespace tarvo::exploracion {
 
 struct Cuentas {
-  int canales = 0;  // lines that exist
+  int canales = 0, red = 0;  // lines that exist, and addresses that answer
   int modems = 0, grupos = 0;
+  int yaEstan = 0;  // of these groups, those whose machines a group of the shop has
   // Something to configure.
   bool algo() const { return modems + grupos > 0; }
 };

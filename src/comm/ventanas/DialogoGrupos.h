@@ -31,11 +31,12 @@ class DialogoGrupos : public ventanas::FichaDe<EncargoGrupos> {
   // The request according to the fields.
   virtual PeticionTarea peticion() const = 0;
   TipoTarea clase() const { return clase_; }
+  std::vector<int> elegidos() const;
+  const Servicios& servicios() const { return s_; }
+  std::vector<FaltaCampo> comprobar() override;
 
  private:
   ventanas::Modo articulo(qint64& donde, qint64 sinNumero) const;
-  std::vector<int> elegidos() const;
-  std::vector<FaltaCampo> comprobar() override;
   bool conforme() override;
   Resultado<> aplicar() override;
   // A request that isn't made is nothing lost.

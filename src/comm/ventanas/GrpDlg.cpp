@@ -21,9 +21,9 @@ GrpDlg::GrpDlg(Contexto& c, const QString& nombre, const Servicios& s)
   deBalanza_ = f.ancho(new QWidget, u"deBalanza"_s);
   auto* pila = new QVBoxLayout(deBalanza_);
   pila->setContentsMargins(0, 0, 0, 0);
-  auto& campo = Formulario(*this, *pila).fila(kTxBalanzaConLetra, u"NmBz"_s, balanza());
-  campo.ponerPista(t(kTxBalanzaVacia));
-  qobject_cast<QLineEdit*>(&campo.control())->setPlaceholderText(t(kTxBalanzaVacia));
+  deNumero_ = &Formulario(*this, *pila).fila(kTxBalanzaConLetra, u"NmBz"_s, balanza());
+  deNumero_->ponerPista(t(kTxBalanzaVacia));
+  qobject_cast<QLineEdit*>(&deNumero_->control())->setPlaceholderText(t(kTxBalanzaVacia));
   informe_ = &f.casilla(kTxInforme, u"ConPrt"_s, r.informe);
   acabar({420, 440});
 }
@@ -45,6 +45,18 @@ Resultado<> GrpDlg::entrar(const PuertaGrpDlg& puerta) {
   TARVO_INTENTAR(pedir(puerta.clase));
   deBalanza_->setVisible(puerta.modo == kModoBalanza);
   informe_->control().setVisible(puerta.modo == kModoCero && contexto().ajustes.EsEspanol());
+  return {};
+}
+
+// The scale is one of each group chosen: for another the task would have nothing to send.
+std::vector<Ficha::FaltaCampo> GrpDlg::comprobar() {
+  auto faltas = DialogoGrupos::comprobar();
+  if (!faltas.empty() || r.balanza == 0) return faltas;
+  for (const int grupo : elegidos()) {
+    const auto tiene = servicios().grupos.tieneBalanza(grupo, r.balanza - 1);
+    if (!tiene) return {{nullptr, tiene.error().texto}};
+    if (!*tiene) return {{deNumero_, contexto().textos(kTxGrupoSinEsaBalanza, {grupo, r.balanza})}};
+  }
   return {};
 }
 

@@ -15,9 +15,10 @@ class GrpDlg final : public DialogoGrupos {
  private:
   ventanas::Modo balanza();
   PeticionTarea peticion() const override;
+  std::vector<FaltaCampo> comprobar() override;
 
   QWidget* deBalanza_;
-  ventanas::Campo* informe_;
+  ventanas::Campo *deNumero_, *informe_;
 };
 
 }  // namespace tarvo::comm

@@ -67,7 +67,7 @@ void TecladoVentana::poner(const TecladoEditado& teclado) {
 // --- articles on keys
 
 void TecladoVentana::vender(int tecla, qint64 articulo) {
-  if (!cambiar(t(kTxTecla).arg(tecla),
+  if (!cambiar(t(kTxTecla).arg(cual(tecla)),
                [&](TecladoEditado& k) { return k.vender(tecla, articulo, contexto().textos); }))
     return;
   Busca_->clear();
@@ -103,10 +103,11 @@ void TecladoVentana::soltarArticulo(qint64 articulo, const QPoint& global) {
 }
 
 void TecladoVentana::mover(int de, int a) {
-  if (cambiar(contexto().textos(kTxCambioMover, {de, a}), [=](TecladoEditado& k) -> Resultado<> {
-        k.mover(de, a);
-        return {};
-      }))
+  if (cambiar(contexto().textos(kTxCambioMover, {cual(de), cual(a)}),
+              [=](TecladoEditado& k) -> Resultado<> {
+                k.mover(de, a);
+                return {};
+              }))
     lienzo_->irA(a);
 }
 
@@ -114,13 +115,13 @@ void TecladoVentana::levantar() {
   lienzo_->setFocus();
   lienzo_->levantar();
   if (lienzo_->levantada())
-    decirPista(t(kTxEligeSitio).arg(lienzo_->actual()));
+    decirPista(t(kTxEligeSitio).arg(cual(lienzo_->actual())));
   else
     decirPista(t(kTxNadaQueMover));
 }
 
 void TecladoVentana::borrar(int tecla) {
-  cambiar(t(kTxCambioBorrar).arg(tecla), [=](TecladoEditado& k) -> Resultado<> {
+  cambiar(t(kTxCambioBorrar).arg(cual(tecla)), [=](TecladoEditado& k) -> Resultado<> {
     k.anular(tecla);
     return {};
   });

@@ -188,7 +188,7 @@ void TecladoVentana::montarFichas(QWidget& padre) {
       kTxFichaAvisos);
   avisos_->ponerVacia(t(kTxSinAvisos));
   connect(avisos_, &ventanas::Parrilla::activada, this, [this](int fila) {
-    lienzo_->irA(static_cast<int>(avisos_->clave(fila)));
+    if (avisos_->clave(fila) > 0) lienzo_->irA(static_cast<int>(avisos_->clave(fila)));
     lienzo_->setFocus();
   });
 }
@@ -311,12 +311,13 @@ void TecladoVentana::conectarLienzo() {
   });
   connect(lienzo_, &LienzoTeclado::tecleado, this, [this](const QString& texto) {
     Busca_->setFocus();
-    Busca_->setText(texto);
+    Busca_->selectAll();
+    Busca_->insert(texto);  // which Ctrl+Z takes back, unlike a text that is set
   });
   const auto volver = [this] { lienzo_->setFocus(); };
   connect(PanEdi_, &PanelTecla::elegido, this, [this](int codigo) {
     const int tecla = lienzo_->actual();
-    cambiar(t(kTxTecla).arg(tecla), [=](TecladoEditado& k) -> Resultado<> {
+    cambiar(t(kTxTecla).arg(cual(tecla)), [=](TecladoEditado& k) -> Resultado<> {
       k.comun().codigo(tecla, codigo);
       return {};
     });
@@ -329,7 +330,7 @@ void TecladoVentana::conectarLienzo() {
     });
   connect(PanelEdi_, &PanelEbony::elegida, this, [this](const TecladoEbony::Tecla& que) {
     const int tecla = lienzo_->actual();
-    cambiar(t(kTxTecla).arg(tecla), [=](TecladoEditado& k) -> Resultado<> {
+    cambiar(t(kTxTecla).arg(cual(tecla)), [=](TecladoEditado& k) -> Resultado<> {
       k.ebony().tecla(tecla, que);
       return {};
     });

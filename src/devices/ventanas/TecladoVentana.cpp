@@ -6,10 +6,13 @@
 #include <QMenu>
 #include <QTabWidget>
 #include <QTableView>
+#include <algorithm>
+#include <iterator>
 
 #include "articles/Listas.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/marco/Alcance.h"
+#include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/marco/Recuerdos.h"
 #include "devices/ventanas/TextosDevicesVentanas.h"
 
@@ -54,6 +57,7 @@ Resultado<> TecladoVentana::entrar(const PuertaTeclado& puerta) {
   existen_.clear();
   soloDe(teclado.esEbony());
   PanEdi_->preparar(puerta.tipo == kBirch);
+  faltaban_ = codigosQueFaltan(teclado, contexto().ajustes.idioma);
   TARVO_INTENTAR(editar(teclado));
   Option1_->setCurrentIndex(
       std::clamp(contexto().recuerdos.leer(nombre(), u"dibujo"_s).toInt(), 0, 2));
@@ -115,6 +119,9 @@ void TecladoVentana::pintarListas() {
   for (int tecla = 1; tecla <= lienzo_->teclas(); ++tecla)
     if (const CaraDeTecla& c = lienzo_->cara(tecla); c.reparo)
       malas.push_back({tecla, {tecla, c.queLePasa}});
+  if (const auto faltan = codigosQueFaltan(r, contexto().ajustes.idioma); !faltan.empty())
+    malas.insert(malas.begin(),
+                 {0, {dao::Valor(), contexto().textos(kTxSinTeclaDe, {enPalabras(faltan)})}});
   fichas_->setTabText(kDeAvisos,
                       malas.empty() ? t(kTxFichaAvisos) : t(kTxFichaAvisosHay).arg(malas.size()));
   avisos_->vivas().poner(std::move(malas));
@@ -216,9 +223,34 @@ bool TecladoVentana::eventFilter(QObject* objeto, QEvent* evento) {
   return FichaDe::eventFilter(objeto, evento);
 }
 
+QString TecladoVentana::cual(int tecla) const {
+  const QString& rotulo = lienzo_->cara(tecla).rotulo;
+  return lienzo_->cara(tecla).nula || rotulo.isEmpty()
+             ? QString::number(tecla)
+             : contexto().textos(kTxTeclaQueMuestra, {tecla, rotulo});
+}
+
+QString TecladoVentana::enPalabras(const std::set<int>& codigos) const {
+  QStringList nombres;
+  for (const int c : codigos)
+    nombres << (codigos_.tipo(c) == TipoTecla::Numerica ? QString::number(c) : codigos_.nombre(c));
+  return nombres.join(u", "_s);
+}
+
 std::vector<TecladoVentana::FaltaCampo> TecladoVentana::comprobar() {
   if (panel().acabar()) return {};
-  return {{nullptr, t(kTxValorSinTerminar).arg(lienzo_->actual())}};
+  return {{nullptr, t(kTxValorSinTerminar).arg(cual(lienzo_->actual()))}};
+}
+
+// Asked of what this edition took away: what was missing already has been seen.
+bool TecladoVentana::conforme() {
+  std::set<int> quitados;
+  std::ranges::set_difference(codigosQueFaltan(r, contexto().ajustes.idioma), faltaban_,
+                              std::inserter(quitados, quitados.end()));
+  return quitados.empty() ||
+         ventanas::MyMsgBox::Decide(this, contexto().textos,
+                                    contexto().textos(kTxAceptarSinTeclaDe, {enPalabras(quitados)}),
+                                    ventanas::kAceptoCancelo | ventanas::kExclamacion);
 }
 
 }  // namespace tarvo::devices

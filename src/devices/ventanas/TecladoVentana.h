@@ -78,7 +78,11 @@ class TecladoVentana final : public ventanas::FichaDe<TecladoEditado> {
   Resultado<> ponerTara(int directa, const QString& texto);
   Panel& panel() const;
 
+  // A key as a message names it: its number, and what it shows.
+  QString cual(int tecla) const;
+  QString enPalabras(const std::set<int>& codigos) const;
   std::vector<FaltaCampo> comprobar() override;
+  bool conforme() override;
   void aplicada() override { entregar(r.escribir()); }
   void irABuscar() override;
   bool event(QEvent* evento) override;
@@ -91,6 +95,7 @@ class TecladoVentana final : public ventanas::FichaDe<TecladoEditado> {
   std::set<qint64> mirados_;  // the articles that existen_ tells about
   qint64 cambios_ = -1;       // of the store, when they were looked up
   std::optional<TecladoEditado> antesDeTanda_;
+  std::set<int> faltaban_;  // of codigosQueFaltan(), when it was opened
 
   ventanas::Ordenes* ordenes_ = nullptr;
   ventanas::Deshacer* deshacer_ = nullptr;

@@ -54,6 +54,11 @@ ventanas::Estado estadoDe(Situacion s) {
   std::unreachable();
 }
 
+// Some machines hold what is stored here, and others don't.
+bool soloAlgunas(const configuracion::Estado& e) {
+  return !e.maquinas.empty() && std::ssize(e.maquinas) < e.cuantas;
+}
+
 }  // namespace
 
 EditorGrupo::EditorGrupo(Contexto& contexto, const QString& nombre, articles::Catalogo& catalogo,
@@ -155,6 +160,13 @@ void EditorGrupo::leerEstado() {
   if (haIdoBien(estados)) estados_ = std::move(*estados);
 }
 
+// It isn't the machine stored in that place: nothing has been sent to it.
+bool EditorGrupo::esOtra(int sitio, const devices::Miembro& maquina) const {
+  const auto antes = abierto_.grupo.LasBalanzas.find(sitio);
+  return antes == abierto_.grupo.LasBalanzas.end() ||
+         maquinaDe(antes->second).tipo() != maquinaDe(maquina).tipo();
+}
+
 // Word and time for each kind of configuration that the machines take.
 void EditorGrupo::pintarEstado() {
   while (QLayoutItem* item = estado_->takeAt(0)) {
@@ -165,19 +177,27 @@ void EditorGrupo::pintarEstado() {
                        : estados_.empty() ? t(kTxEstadoNinguno)
                                           : QString());
   notaEstado_->setVisible(!notaEstado_->text().isEmpty());
+  const auto nuevas = static_cast<int>(std::ranges::count_if(
+      r.grupo.LasBalanzas, [this](const auto& m) { return esOtra(m.first, m.second); }));
   for (const auto& e : estados_) {
-    const bool pendiente = r.marcas.tiene(cambioDe(e.clase));
-    const auto como = pendiente ? ventanas::Estado::Duda : estadoDe(e.situacion);
+    const bool pendiente = r.marcas.tiene(cambioDe(e.clase)), algunas = soloAlgunas(e);
+    const auto como =
+        pendiente || algunas || nuevas > 0 ? ventanas::Estado::Duda : estadoDe(e.situacion);
     const int fila = estado_->rowCount();
     auto* imagen = new QLabel(cajaEstado_);
     imagen->setPixmap(iconoEstado(como).pixmap(escalar(kIcono)));
     estado_->addWidget(imagen, fila, 0);
     const int cual = static_cast<int>(std::ranges::find(configuracion::kClases, e.clase) -
                                       std::begin(configuracion::kClases));
-    const QString palabra =
-        pendiente ? t(kTxSinGuardar) : t(kTxSituaciones + static_cast<int>(e.situacion));
-    estado_->addWidget(new QLabel(t(kTxClases + cual) + u": "_s + palabra, cajaEstado_), fila, 1);
-    if (e.cuando)
+    const int tienen = e.cuantas - static_cast<int>(e.maquinas.size());
+    const QString palabra = pendiente    ? t(kTxSinGuardar)
+                            : nuevas > 0 ? t(kTxSinEnviarAnadidas, nuevas)
+                            : algunas    ? contexto().textos(kTxIgualEnAlgunas, {tienen, e.cuantas})
+                                         : t(kTxSituaciones + static_cast<int>(e.situacion));
+    auto* dice = new QLabel(t(kTxClases + cual) + u": "_s + palabra, cajaEstado_);
+    dice->setWordWrap(true);  // so that the longest one doesn't set the width of the window
+    estado_->addWidget(dice, fila, 1);
+    if (e.cuando && nuevas == 0)
       estado_->addWidget(
           new QLabel(e.cuando->qdatetime().toString(u"dd/MM/yyyy HH:mm"_s), cajaEstado_), fila, 2);
   }

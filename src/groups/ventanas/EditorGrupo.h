@@ -48,6 +48,7 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void pintarSitios();
   void pintarAcceso();
   void pintarEstado();
+  bool esOtra(int sitio, const devices::Miembro& maquina) const;
   void leerEstado();
   void permitir();
   QString decirSitio(int sitio) const;

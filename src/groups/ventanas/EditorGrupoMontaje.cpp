@@ -23,7 +23,7 @@ using namespace ventanas;
 namespace {
 
 constexpr int kColumnasPaleta = 4, kColumnasSitios = 5, kAnchoModelo = 64, kAltoSitios = 122;
-constexpr int kTarifas = 8, kCanales = 4, kUltimoAddr = 15;
+constexpr int kLetrasSeccion = 14, kTarifas = 8, kCanales = 4, kUltimoAddr = 15;
 
 }  // namespace
 
@@ -206,7 +206,9 @@ void EditorGrupo::montarCajones(Formulario f) {
     copiar();
   });
   connect(clipbrd_, &QToolButton::clicked, this, [this] { pegar(sitio()); });
-  basura_ = f.ancho(new Caja(cuerpo(), nombre()), u"basura"_s);
+  // The bin takes the rest of the column: a target that the strip, which moves it, doesn't hide.
+  basura_ = f.ancho(new Caja(cuerpo(), nombre()), u"basura"_s, 0, 1);
+  basura_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   basura_->setIcon(icono(u"papelera"_s));
   basura_->setText(t(kTxPapelera));
   basura_->setToolTip(t(kTxPapeleraTip));
@@ -214,17 +216,21 @@ void EditorGrupo::montarCajones(Formulario f) {
     if (que.de == Arrastre::Sitio) borrar(que.cual);
   });
   connect(basura_, &QToolButton::clicked, this, [this] { borrar(sitio()); });
-  f.muelle();
 }
 
 void EditorGrupo::montarIdentidad(Formulario f) {
   auto g = f.grupo(ventanas::kTxGrupo, u"frmPLUs"_s);
-  auto modo = codigo(r.codigo, 4, 0, kUltimoCodigo);
+  // 0 can be read, and is the engine's to refuse.
+  auto modo =
+      codigo(r.codigo, 4, 0, kUltimoCodigo).con(t(ventanas::kTxNumeroDe).arg(1).arg(kUltimoCodigo));
+  modo.limites = t(ventanas::kTxDeA).arg(1).arg(kUltimoCodigo);
   modo.faltaDebajo = true;
   cod_ = &g.fila(ventanas::kTxCodigoConLetra, u"txCodigo"_s, std::move(modo));
   nom_ = &g.fila(ventanas::kTxNombreConLetra, u"txNombre"_s, texto(r.nombre, 30));
   auto* lista = new QComboBox(cuerpo());
   llenar(*lista, contexto().nombres.secciones(), 3);
+  lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  lista->setMinimumContentsLength(kLetrasSeccion);
   g.fila(ventanas::kTxSeccionConLetra, lista, u"LstSec"_s);
   seccion_ = &enlazarCampo(*lista, r.grupo.seccion);
   Opciones tarifas;

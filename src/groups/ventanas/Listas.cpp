@@ -130,6 +130,7 @@ Caja::Caja(QWidget* padre, const QString& ventana, std::optional<Arrastre> orige
   setIconSize({escalar(kLadoDibujo), escalar(kLadoDibujo)});
   setFocusPolicy(Qt::StrongFocus);
   setAcceptDrops(true);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void Caja::mousePressEvent(QMouseEvent* evento) {

@@ -142,8 +142,11 @@ Resultado<> EdiEtqu::renombrar(const QString& nuevo) {
                        TARVO_INTENTAR(etiquetas_.renombrar(hecho, viejo));
                        if (actual_ == hecho) actual_ = viejo;
                        irAEtiqueta(actual_);
+                       mostrar();
                        return Vuelto();
                      });
+  mostrar();
+  decirBien(contexto().textos(kTxEtiquetaSeLlama, {viejo, hecho}));
   return {};
 }
 

@@ -23,6 +23,7 @@ TEST_F(Gestcomm, DialogosConMasQuePreguntar) {
       {u"Hasta", u"70", TipoTarea::RxPlus, comm::kModoRxPLU, true, 0, 70},
   };
   gestor->CambioAModo(false);
+  sql(u"insert into BZAS (SUGPO, NMBZA) values (1, 2)"_s);
   for (const auto& c : casos) {
     auto* v = c.modo == comm::kModoRxPLU ? abrir(comm::PuertaRxPLUDlg{c.clase})
                                          : abrir(comm::PuertaGrpDlg{c.clase, c.modo});
@@ -85,6 +86,8 @@ TEST_F(Gestcomm, DialogosQueSeNiegan) {
     EXPECT_EQ(aceptar(v), u"Escriba un número de balanza de 1 a 99, o déjelo vacío para todas.");
     EXPECT_EQ(v->focusWidget(), v->findChild<QLineEdit*>(u"NmBz"_s));
   }
+  escribir(v, u"NmBz"_s, u"9"_s);
+  EXPECT_TRUE(aceptar(v).startsWith(u"El grupo 1 no tiene ninguna balanza con el número 9:"));
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_FALSE(escritorio.ventanas().cargada(u"GrpDlg"_s));
 

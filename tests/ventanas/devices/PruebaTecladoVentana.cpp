@@ -228,11 +228,18 @@ TEST(TecladoVentana, LoCopiadoDeOtroTecladoSoloTraePlusYTaras) {
   t.tecla(Qt::Key_Delete);
   t.v->leerDe(ruta);
   EXPECT_EQ(t.hace(1), u"PLU directo: 1 · 0000005 PERA");
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(QByteArray(100'000, '1')) > 0);
-  f.close();
-  t.v->leerDe(ruta);
-  EXPECT_EQ(t.v->tira().estado(), ventanas::Estado::Mal);
-  EXPECT_EQ(t.hace(1), u"PLU directo: 1 · 0000005 PERA");
+  // A damaged one is refused whole, and its line named: it would empty keys.
+  for (const QByteArray& malo :
+       {QByteArray(100'000, '1'), QByteArray(unix).replace("002:999", "002:-5"),
+        QByteArray(unix).replace("003:999", "003:xx"), QByteArray(unix).replace("004:999\n", ""),
+        QByteArray(unix).replace("005:999", "085:999"), QByteArray("084|001:021\n|||")}) {
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write(malo) > 0);
+    f.close();
+    t.v->leerDe(ruta);
+    EXPECT_EQ(t.v->tira().estado(), ventanas::Estado::Mal) << malo.first(40).data();
+    EXPECT_EQ(t.hace(1), u"PLU directo: 1 · 0000005 PERA");
+    EXPECT_EQ(malo.contains("-5"), t.v->tira().texto().contains(u"en la línea 2, «002:-5»"));
+  }
 }
 
 TEST(TecladoVentana, LasTeclasQueNoVendenSeSenalanYSeRellenan) {
@@ -243,12 +250,14 @@ TEST(TecladoVentana, LasTeclasQueNoVendenSeSenalanYSeRellenan) {
   for (int i = 0; i < avisos.filas(); ++i)
     dichos << avisos.texto(i, u"tecla") + u' ' + avisos.texto(i, u"que");
   EXPECT_EQ(dichos.join(u'\n').toStdString(),
+            u" Ninguna tecla hace de: 0, 1, 2, 3, 4, 5, 6, 7, 8, 9. Sin ellas no se puede vender: "
+            u"póngalas en alguna tecla.\n"
             u"1 El artículo 3 también está en la tecla 4.\n"
             u"2 El artículo 99 ya no está en la sección.\n"
             u"3 El artículo 2 es del sistema.\n"
             u"4 El artículo 3 también está en la tecla 1.\n"
             u"6 El código 500 no es de esta balanza."_s.toStdString());
-  EXPECT_EQ(t.control<QTabWidget>(u"fichas")->tabText(4), u"Avisos (5)");
+  EXPECT_EQ(t.control<QTabWidget>(u"fichas")->tabText(4), u"Avisos (6)");
   EXPECT_EQ(t.lienzo().cara(1).departamento, 1);
   // By name: those that have no key yet, on the keys that sell nothing.
   t.tecla(Qt::Key_F12);
@@ -270,6 +279,43 @@ TEST(TecladoVentana, LasTeclasQueNoVendenSeSenalanYSeRellenan) {
   t.sql(u"delete from PLUSES where CODPLU>2"_s);
   QApplication::sendEvent(t.v, &vuelve);
   EXPECT_EQ(t.lienzo().cara(2).reparo, std::nullopt) << "there are no articles yet";
+}
+
+// TOTAL taken away is a notice, and is asked about once.
+TEST(TecladoVentana, SinTotalNoSeAceptaSinPreguntar) {
+  MesaDeTeclados t;
+  TextosTeclado suyos{TecladoDefecto(kCedar, Idioma::Espanol), HardPluDefecto(), TarasDefecto()};
+  const auto abrir = [&](const char16_t* respuesta) {
+    return t.aceptar({.tipo = kCedar, .textos = suyos}, [&] {
+      int total = 1;
+      while (t.hace(total) != u"TOTAL"_s && total < t.lienzo().teclas()) ++total;
+      t.lienzo().irA(total);
+      t.tecla(Qt::Key_Delete);
+      if (!respuesta) return;
+      EXPECT_TRUE(t.lista(u"avisos").texto(0, u"que").contains(u"hace de: TOTAL."));
+      t.responder(u"Cancelo"_s);
+      QTest::mouseClick(t.control<QPushButton>(u"Acepto"), Qt::LeftButton);
+      EXPECT_TRUE(t.textoModal.startsWith(u"Ya ninguna tecla hace de: TOTAL."));
+      t.responder(QString::fromUtf16(respuesta));
+    });
+  };
+  const auto salida = abrir(u"Acepto");
+  ASSERT_TRUE(salida);
+  suyos = *salida;
+  ASSERT_TRUE(abrir(nullptr)) << "it was missing already";
+}
+
+TEST(TecladoVentana, CtrlZDeshacePrimeroLoBuscado) {
+  MesaDeTeclados t;
+  t.abrirTeclado(kCedar, t.textosDe(u"1:12"_s));
+  t.tecla(Qt::Key_Delete);
+  t.escribir(u"c"_s);
+  EXPECT_EQ(t.foco(), u"Busca");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.control<QLineEdit>(u"Busca")->text(), QString());
+  EXPECT_NE(t.hace(1), u"TOTAL");
+  t.tecla(Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.hace(1), u"TOTAL");
 }
 
 TEST(TecladoVentana, EnUnaEbonyIntroPasaALaTeclaSiguiente) {

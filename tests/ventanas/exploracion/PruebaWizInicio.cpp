@@ -25,8 +25,9 @@ TEST(WizInicio, BuscaYEstrenaLaTienda) {
   EXPECT_EQ(lineas.texto(0, u"que"), u"Balanzas VEK: la estación 3, con las balanzas 0 y 2.");
   EXPECT_EQ(lineas.texto(1, u"estado"), u"Nada");
   EXPECT_EQ(t.control<QLabel>(u"Resumen")->text(),
-            u"El asistente ha detectado 4 canales disponibles en su equipo, y 2 grupos de balanzas "
-            u"conectados directamente.");
+            u"El asistente ha detectado 3 canales disponibles en su equipo y 1 acceso de red, y 2 "
+            u"grupos de "
+            u"balanzas conectados directamente.");
   EXPECT_FALSE(t.seVe(u"Configurar"));
   const QString antes = t.grupos();
   t.pulsar(u"StartPoll");
@@ -71,6 +72,24 @@ TEST(WizInicio, LoQueHaySoloSeBorraSiSeHaVistoYSeDice) {
   t.v->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 
+  // Found again, its scales are those of group 9, and only the others would be created.
+  t.maquina(u"/dev/ttyS0"_s, Tipo::Balanzas, 3, {0, 2});
+  t.abrir();
+  t.pulsar(u"StartPoll");
+  ASSERT_TRUE(t.hasta([&] { return t.seVe(u"Resumen"); }));
+  EXPECT_TRUE(t.control<QLabel>(u"Consecuencia")
+                  ->text()
+                  .contains(u"Se creará 1 grupo de balanzas, según los resultados de la "
+                            u"exploración.  Las balanzas de 1 acceso ya son de un grupo"))
+      << t.control<QLabel>(u"Consecuencia")->text().toStdString();
+  t.pulsar(u"StartPoll");
+  const auto& hallados = *t.control<ventanas::Parrilla>(u"hallados");
+  EXPECT_EQ(hallados.texto(0, u"grupo"), u"Se creará");
+  EXPECT_EQ(hallados.texto(1, u"grupo"), u"Ya es del grupo 9");
+  t.lejos.erase(u"/dev/ttyS0"_s);
+  t.v->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
   t.abrir();
   t.hastaResultados();
   t.control<QRadioButton>(u"sustituir")->click();
@@ -96,6 +115,10 @@ TEST(WizInicio, LoMalEscritoSeDiceJuntoAlCampoYNoAbreNada) {
     EXPECT_TRUE(t.seVe(u"frmfasePre"));
   }
   EXPECT_TRUE(t.fabrica.cables.empty());
+  t.control<QPlainTextEdit>(u"otros")->setPlainText(u"balanza:3000"_s);
+  t.responder(u"Cancelo"_s, [&] { QTest::keyClick(puertos, Qt::Key_Escape); });
+  EXPECT_EQ(t.textoModal, u"¿Abandonar los cambios realizados?");
+  EXPECT_TRUE(t.v->isVisible());
 }
 
 TEST(WizInicio, SePuedePararYVolverAEmpezar) {

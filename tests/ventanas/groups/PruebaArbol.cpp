@@ -31,6 +31,9 @@ TEST(ArbolDeGrupos, NombreCopiaYVuelta) {
   t.tecla(Qt::Key_F2);
   EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), u"G")
       << "the code isn't edited";
+  t.escribir(u"Pescado"_s + QString(40, u'x'));
+  EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text().size(), 30);
+  qobject_cast<QLineEdit*>(QApplication::focusWidget())->selectAll();
   t.escribir(u"Pescado"_s);
   t.tecla(Qt::Key_Return);
   ASSERT_TRUE(esperar([&] { return dicho(v).contains(u"(2) Pescado"); }));

@@ -282,6 +282,14 @@ TEST(EditorGrupo, LasDireccionesDeLasCajas) {
   EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 7");
 }
 
+// What the kinds of configuration say.
+QString dicho(QWidget* v) {
+  QString todo;
+  for (const QLabel* l : v->findChild<QWidget*>(u"estados"_s)->findChildren<QLabel*>())
+    todo += l->text() + u'|';
+  return todo;
+}
+
 // Each kind of configuration tells in words whether the machines have what is stored.
 TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   MesaDeGrupos t;
@@ -291,12 +299,6 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   for (const auto& e : envios)
     bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
                                        momento("05/06/2018 22:15:00")));
-  const auto dicho = [&](QWidget* v) {
-    QString todo;
-    for (const QLabel* l : t.control<QWidget>(v, u"estados")->findChildren<QLabel*>())
-      todo += l->text() + u'|';
-    return todo;
-  };
   auto* v = t.editor(1);
   EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí||05/06/2018 22:15") ||
               dicho(v).contains(u"Razón social: igual que aquí|05/06/2018 22:15"))
@@ -305,6 +307,27 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   EXPECT_TRUE(v->descargar());
   t.sql(u"update BZAS set RZSOCIAL='C:0:OTRA' where SUGPO=1"_s);
   EXPECT_TRUE(dicho(t.editor(1)).contains(u"Razón social: cambió desde el último envío"));
+}
+
+// A machine that is added has received nothing, before it is stored and after.
+TEST(EditorGrupo, LaMaquinaAnadidaNoTieneNada) {
+  MesaDeGrupos t;
+  const auto envios =
+      bien(configuracion::prepararEnvio(*t.db, t.ajustes, TipoTarea::TxTick, {.grupo = 1}));
+  for (const auto& e : envios)
+    bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
+                                       momento("05/06/2018 22:15:00")));
+  auto* v = t.editor(1);
+  t.ir(v, 0);
+  QTest::keyClick(&t.sitios(v), Qt::Key_C, Qt::ControlModifier);
+  t.ir(v, 4);
+  QTest::keyClick(&t.sitios(v), Qt::Key_V, Qt::ControlModifier);
+  EXPECT_TRUE(dicho(v).contains(u"Razón social: sin enviar a 1 máquina añadida|"));
+  t.envio() = 0;
+  ASSERT_TRUE(t.guardar(v));
+  v = t.editor(1);
+  EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí en 2 de 3|"))
+      << dicho(v).toStdString();
 }
 
 // F9 tries the access as it is typed, and stores nothing.

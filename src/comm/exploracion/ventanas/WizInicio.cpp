@@ -14,6 +14,7 @@
 #include "comm/exploracion/ventanas/TextosExploracionVentanas.h"
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/edicion/Ficha.h"
 #include "core/ventanas/marco/MyMsgBox.h"
 #include "core/ventanas/parrilla/Parrilla.h"
 
@@ -119,6 +120,12 @@ void WizInicio::Cancelar() {
   if (volviendo_) exploracion_->parar();
   llenarPuertos();
   ir(Paso::Introduccion);
+}
+
+// What was typed and not explored, and what was found and not applied, would be lost.
+bool WizInicio::QueryUnload() {
+  const bool tecleado = !otros_->toPlainText().trimmed().isEmpty();
+  return tecleado && PasoWiz_ != Paso::Aplicado && !ventanas::preguntarAbandono(*this);
 }
 
 void WizInicio::keyPressEvent(QKeyEvent* evento) {
@@ -262,8 +269,19 @@ void WizInicio::pintarAvance() {
   pintarLinea(hallazgos_.size());
 }
 
+bool WizInicio::mirarGrupos() {
+  auto ya = aplicador_.quienesLasTienen(hallazgos_);
+  if (!haIdoBien(ya)) return false;
+  yaEstan_ = std::move(*ya);
+  return true;
+}
+
 void WizInicio::resumir() {
-  const Cuentas cuentas = contar(hallazgos_);
+  Cuentas cuentas = contar(hallazgos_);
+  if (!mirarGrupos()) return;
+  for (const auto& suyos : yaEstan_)
+    cuentas.yaEstan += static_cast<int>(std::ranges::count_if(
+        suyos, [](const std::optional<int>& grupo) { return grupo.has_value(); }));
   Resumen_->setText(resumen(cuentas, contexto().textos));
   Consecuencia_->setText(consecuencia(cuentas, contexto().textos).trimmed());
   QPalette colores = Consecuencia_->palette();
@@ -274,22 +292,36 @@ void WizInicio::resumir() {
 
 // --- applying
 
-void WizInicio::mostrarResultados() {
-  const auto nueva = aplicador_.porEstrenar();
-  if (!haIdoBien(nueva)) return;
-  porEstrenar_ = *nueva;
+// A line for each modem and each group found.
+std::vector<FilaViva> WizInicio::filasHalladas() const {
   const Textos& textos = contexto().textos;
   std::vector<FilaViva> filas;
-  for (const Hallazgo& h : hallazgos_) {
+  for (size_t i = 0; i < hallazgos_.size(); ++i) {
+    const Hallazgo& h = hallazgos_[i];
     const QString acceso = exploracion::nombre(h.acceso, textos);
-    const auto poner = [&](int que, const dao::Valor& n, const QString& suyas) {
-      filas.push_back({static_cast<qint64>(filas.size()), {acceso, t(que), n, suyas}});
+    const auto poner = [&](int que, const dao::Valor& n, const QString& suyas, const QString& de) {
+      filas.push_back({static_cast<qint64>(filas.size()), {acceso, t(que), n, suyas, de}});
     };
-    if (h.resultado == ResultadoCanal::Modem) poner(kTxUnModem, {}, {});
-    for (const GrupoHallado& g : h.grupos)
+    if (h.resultado == ResultadoCanal::Modem) poner(kTxUnModem, {}, {}, {});
+    for (size_t n = 0; n < h.grupos.size(); ++n) {
+      const GrupoHallado& g = h.grupos[n];
+      const QString suyas = balanzas(g, textos);
+      const auto ya = sustituye() ? std::nullopt : yaEstan_[i][n];
       poner(h.resultado == ResultadoCanal::Nodal ? kTxBalanzasNodal : kTxBalanzasVek, g.estacion,
-            balanzas(g, textos));
+            suyas,
+            ya                ? textos(kTxYaEsDelGrupo, {*ya})
+            : suyas.isEmpty() ? QString()
+                              : t(kTxSeCreara));
+    }
   }
+  return filas;
+}
+
+void WizInicio::mostrarResultados() {
+  const auto nueva = aplicador_.porEstrenar();
+  if (!haIdoBien(nueva) || !mirarGrupos()) return;
+  porEstrenar_ = *nueva;
+  auto filas = filasHalladas();
   const bool hay = !filas.empty();
   hallados_->vivas().poner(std::move(filas));
   const bool eligen = hay && !porEstrenar_;
@@ -310,6 +342,7 @@ bool WizInicio::sustituye() const {
 }
 
 void WizInicio::listarLoQueSeVa() {
+  if (PasoWiz_ == Paso::Resultados) hallados_->vivas().poner(filasHalladas());
   rotuloSeVan_->setVisible(sustituye());
   seVan_->setVisible(sustituye());
   if (PasoWiz_ == Paso::Resultados && !porEstrenar_ && hallados_->filas() > 0)

@@ -21,7 +21,8 @@ class QStackedWidget;
 
 namespace tarvo::ventanas {
 class Parrilla;
-}
+struct FilaViva;
+}  // namespace tarvo::ventanas
 
 namespace tarvo::exploracion {
 
@@ -57,13 +58,16 @@ class WizInicio final : public ventanas::Ventana {
   void pintarAvance();
   void decirOcupadas();
 
+  bool mirarGrupos();
   void resumir();
+  std::vector<ventanas::FilaViva> filasHalladas() const;
   void mostrarResultados();
   void listarLoQueSeVa();
   bool sustituye() const;
   void AplicarExploracion();
   void mostrarHecho(const Aplicado& hecho);
 
+  bool QueryUnload() override;
   void keyPressEvent(QKeyEvent* evento) override;
 
   Servicios s_;
@@ -73,6 +77,7 @@ class WizInicio final : public ventanas::Ventana {
   std::unique_ptr<Exploracion> exploracion_;
   std::vector<Acceso> accesos_;
   std::vector<Hallazgo> hallazgos_;
+  Aplicador::YaEstan yaEstan_;  // of these
   Paso PasoWiz_ = Paso::Introduccion;
   bool volviendo_ = false;  // stopped, to begin again
   bool parada_ = false;     // stopped, to see what was found so far

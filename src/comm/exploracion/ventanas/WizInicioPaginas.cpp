@@ -162,7 +162,8 @@ QWidget* WizInicio::montarRes() {
                       {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 210},
                        {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 160},
                        {.titulo = kTxDireccion, .campo = u"n"_s, .clase = Clase::Entero},
-                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s}});
+                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s},
+                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 160}});
   hallados_->vivas();
   hallados_->ponerVacia(t(kTxNadaHallado));
   hallados_->ponerBusca(false);

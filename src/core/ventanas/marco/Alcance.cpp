@@ -102,6 +102,13 @@ void ponerLetras(QWidget& cuerpo, QSet<QChar>& usadas) {
 
 }  // namespace
 
+QSet<QChar> letrasDeBotones(const QWidget& cuerpo) {
+  QSet<QChar> usadas;
+  for (const QAbstractButton* b : cuerpo.findChildren<QAbstractButton*>())
+    apuntar(b->text(), usadas);
+  return usadas;
+}
+
 QSet<QChar> letrasUsadas(const QWidget& cuerpo) {
   return letrasDe(cuerpo, true);
 }

@@ -33,6 +33,8 @@ QPoint bajo(QToolBar& barra, QAction& accion);
 
 // The letters that reach the controls below it, in capitals.
 QSet<QChar> letrasUsadas(const QWidget& cuerpo);
+// Those that press something, and so may ask a question.
+QSet<QChar> letrasDeBotones(const QWidget& cuerpo);
 // The text with "&" before its first letter that isn't in `usadas`; that letter is added to
 // `usadas`.
 QString conLetra(const QString& texto, QSet<QChar>& usadas);

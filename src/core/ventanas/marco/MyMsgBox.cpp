@@ -44,9 +44,16 @@ int preguntarSobre(QWidget* dueno, MyMsgBox& caja) {
 }
 
 // A letter that the asking window doesn't use: the one that asked, pressed twice, would answer too.
-QString conOtraLetra(const QString& acepto, const QString& cancelo, QSet<QChar> usadas) {
-  conLetra(cancelo, usadas);
-  return conLetra(acepto, usadas);
+// Where all of its letters are in use, one that only goes to a field.
+QString conOtraLetra(const QString& acepto, const QString& cancelo,
+                     std::initializer_list<QSet<QChar>> deQuien) {
+  QString hecho = acepto;
+  for (QSet<QChar> usadas : deQuien) {
+    conLetra(cancelo, usadas);
+    hecho = conLetra(acepto, usadas);
+    if (hecho.contains(u'&')) break;
+  }
+  return hecho;
 }
 
 QLabel* parrafo(const QString& texto, QWidget* padre) {
@@ -63,6 +70,7 @@ QLabel* parrafo(const QString& texto, QWidget* padre) {
 MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, int estilo)
     : QDialog(dueno), todo_(texto) {
   const QSet<QChar> deQuien = dueno ? letrasUsadas(*dueno->window()) : QSet<QChar>();
+  const QSet<QChar> deBotones = dueno ? letrasDeBotones(*dueno->window()) : QSet<QChar>();
   setObjectName(u"MyMsgBox"_s);
   setWindowTitle(textos(kTxTitulo));
   auto* imagen = new QLabel(this);
@@ -89,7 +97,8 @@ MyMsgBox::MyMsgBox(QWidget* dueno, const Textos& textos, const QString& texto, i
   if ((estilo & 0x0F) == kAceptoCancelo) {
     auto* cancelo = new QPushButton(textos(kTxCancelar), this);
     const bool prudente = estilo & (kPrudente | kExclamacion);
-    if (prudente) acepto->setText(conOtraLetra(acepto->text(), cancelo->text(), deQuien));
+    if (prudente)
+      acepto->setText(conOtraLetra(acepto->text(), cancelo->text(), {deQuien, deBotones}));
     cancelo->setObjectName(u"Cancelo"_s);
     cancelo->setAutoDefault(false);
     connect(cancelo, &QPushButton::clicked, this, &QDialog::reject);

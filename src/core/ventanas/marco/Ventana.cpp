@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolButton>
@@ -216,10 +217,14 @@ void Ventana::mostrarSobre(QWidget* dueno) {
     ponerAlAlcance(*cuerpo_);
     oirRechazos();
     new ClicsEnVano(*this, *cuerpo_, [this](const QAction& a) { decirPorQueNo(a); });
+    // It may have been left on a larger screen. The frame is known only once it is shown, and on
+    // some desktops later still: a title bar is assumed.
+    const QSize barra(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    if (!isMaximized() && !isFullScreen())
+      resize(size().boundedTo(screen()->availableSize() - barra));
     if (!conSitio_ || modal_) colocar(dueno_);
   }
   isMinimized() ? showNormal() : show();
-  // It may have been left on a larger screen. The frame is known only now.
   if (primera && !isMaximized() && !isFullScreen())
     crecer(size().boundedTo(screen()->availableSize() - (frameSize() - size())));
   raise();
