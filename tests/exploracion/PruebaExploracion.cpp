@@ -297,31 +297,37 @@ TEST(Exploracion, ResumeLoHallado) {
     Cuentas cuentas;
     QString resumen, consecuencia;
   } casos[] = {
-      {{0, 0, 0},
+      {{.canales = 0, .modems = 0, .grupos = 0},
        u"El asistente no ha detectado ningún canal de comunicación disponible en su equipo."_s,
        u"En estas condiciones no es posible configurar las comunicaciones de su aplicación TARVO.  "_s},
-      {{1, 0, 0},
+      {{.canales = 1, .modems = 0, .grupos = 0},
        u"El asistente ha detectado 1 canal disponible en su equipo, pero no ha podido detectar "
        u"ningún grupo de balanzas conectado ni modem para comunicación remota."_s,
        u"En estas condiciones no es posible configurar las comunicaciones de su aplicación TARVO.  "
        u"Puede usar la opción \"Avanzado\" para cambiar los parámetros de comunicación, e "
        u"intentarlo de nuevo."_s},
-      {{2, 1, 0},
+      {{.canales = 2, .modems = 1, .grupos = 0},
        u"El asistente ha detectado 2 canales disponibles en su equipo, y modem para comunicación "
        u"remota. No se ha detectado ningún grupo de balanzas conectado."_s,
        u"Se procederá a configurar los canales de comunicación.  Los grupos de balanzas que se "
        u"comunican por teléfono, serán creados aparte en otras sesiones de este asistente."_s},
-      {{3, 1, 2},
+      {{.canales = 3, .modems = 1, .grupos = 2},
        u"El asistente ha detectado 3 canales disponibles en su equipo, modem para comunicación "
        u"remota y 2 grupos de balanzas conectados directamente."_s,
        u"Se procederá a configurar los canales de comunicación.  Se crearán 2 grupos de balanzas, "
        u"según los resultados de la exploración.  Los grupos de balanzas que se comunican por "
        u"teléfono, serán creados aparte en otras sesiones de este asistente."_s},
-      {{1, 0, 1},
+      {{.canales = 1, .modems = 0, .grupos = 1},
        u"El asistente ha detectado 1 canal disponible en su equipo, y 1 grupo de balanzas "
        u"conectado directamente."_s,
        u"Se procederá a configurar los canales de comunicación.  Se creará 1 grupo de balanzas, "
-       u"según los resultados de la exploración.  "_s}};
+       u"según los resultados de la exploración.  "_s},
+      {{.red = 2, .grupos = 2, .yaEstan = 1},
+       u"El asistente ha detectado 2 accesos de red, y 2 grupos de balanzas conectados "
+       u"directamente."_s,
+       u"Se procederá a configurar los canales de comunicación.  Se creará 1 grupo de balanzas, "
+       u"según los resultados de la exploración.  Las balanzas de 1 acceso ya son de un grupo y "
+       u"se quedan en él.  "_s}};
   for (const auto& c : casos) {
     EXPECT_EQ(resumen(c.cuentas, textosDePrueba()).toStdString(), c.resumen.toStdString());
     EXPECT_EQ(consecuencia(c.cuentas, textosDePrueba()).toStdString(),

@@ -65,7 +65,8 @@ class gestcomm final : private enlace::ClienteEnlace {
   ~gestcomm();
 
   // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
-  // that doesn't communicate; 3 a reading or a zeroing of machines that another group has. `paso`: the requesting step of a process.
+  // that doesn't communicate; 3 a reading or a zeroing of machines that another group has. `paso`:
+  // the requesting step of a process.
   int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
                  qint64 paso = -1);
   // Which group with a lower code has machines of this one at the same address, in words; empty for
