@@ -23,8 +23,7 @@ Veredicto correrSemilla(quint64 semilla, std::function<void(const QString&)> alT
 Mundo::Mundo(quint64 semilla, std::function<void(const QString&)> alTrazar)
     : alTrazar_(std::move(alTrazar)),
       t_(semilla, QDate(2026, 1, 1).addDays(static_cast<int>(semilla % 360))),
-      usuario_(t_),
-      semilla_(semilla) {
+      usuario_(t_) {
   if (!alTrazar_) return;
   for (const Grupo& g : t_.grupos)
     alTrazar_(u"grupo %1: tipo %2, sección %3, tarifa %4"_s.arg(g.codigo)

@@ -58,7 +58,6 @@ class Mundo final : private motor::Vigilante {
   Tienda t_;
   Usuario usuario_;
   std::unique_ptr<Programa> programa_;
-  quint64 semilla_;
   std::set<int> viejas_;  // groups with a machine back on an old memory
   std::map<int, std::set<qint64>>
       sobran_;                         // by group of a kind that can't delete: possible leftovers
