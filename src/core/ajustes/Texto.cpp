@@ -67,7 +67,7 @@ QString Ajustes::escrito(const ClaveIni& clave, int indice) const {
 
 const ClaveIni* Ajustes::claveDe(const QString& clave, int indice) const {
   const auto c = std::ranges::find_if(claves_, [&](const ClaveIni& otra) {
-    return otra.indices.admite(indice) && otra.nombre.toUpper() == clave;
+    return otra.indices.admite(indice) && otra.nombre.compare(clave, Qt::CaseInsensitive) == 0;
   });
   return c == claves_.end() ? nullptr : &*c;
 }
