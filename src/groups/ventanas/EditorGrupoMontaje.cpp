@@ -206,9 +206,7 @@ void EditorGrupo::montarCajones(Formulario f) {
     copiar();
   });
   connect(clipbrd_, &QToolButton::clicked, this, [this] { pegar(sitio()); });
-  // The bin takes the rest of the column: a target that the strip, which moves it, doesn't hide.
-  basura_ = f.ancho(new Caja(cuerpo(), nombre()), u"basura"_s, 0, 1);
-  basura_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  basura_ = f.ancho(new Caja(cuerpo(), nombre()), u"basura"_s);
   basura_->setIcon(icono(u"papelera"_s));
   basura_->setText(t(kTxPapelera));
   basura_->setToolTip(t(kTxPapeleraTip));
@@ -216,6 +214,7 @@ void EditorGrupo::montarCajones(Formulario f) {
     if (que.de == Arrastre::Sitio) borrar(que.cual);
   });
   connect(basura_, &QToolButton::clicked, this, [this] { borrar(sitio()); });
+  f.muelle();
 }
 
 void EditorGrupo::montarIdentidad(Formulario f) {
