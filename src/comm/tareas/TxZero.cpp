@@ -291,7 +291,8 @@ Resultado<Siguiente> Cero::siguiente() {
 Siguiente Cero::trama() const {
   constexpr bool kUnaVez = true;
   if (t_.Tipo == TipoGrupo::Registradoras)
-    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0, {kUnaVez}};
+    return {Siguiente::Enviar, addr(), maquinas::caja::puestaACero(m_.paso).codigo, {}, 0,
+            {kUnaVez}};
   const int cero = e_.ajustes.de<motor::AjustesMotor>().TimeCero;
   if (t_.Tipo != TipoGrupo::Ebony)
     return {Siguiente::Enviar, 0, maquinas::vek::puestaACero(toda_).codigo, {}, cero, {kUnaVez}};
