@@ -15,7 +15,7 @@ if(MOLD)
   target_link_options(tarvo_opciones INTERFACE -fuse-ld=mold)
 endif()
 if(TARVO_SANITIZAR)
-  # With clang by the preset: half the time of gcc, and its warnings besides. Inside the standard library it
+  # With clang by the preset: two thirds of the time of gcc, and its warnings besides. Inside the standard library it
   # sees std::stable_sort call what is deprecated.
   target_compile_options(tarvo_opciones INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer
     -fno-sanitize-recover=undefined -Wno-deprecated-declarations)

@@ -29,9 +29,9 @@ enum ColumnaArbol { kNombre, kNumero, kArticulos, kIva, kColumnas };
 constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1, kGrupo = Qt::UserRole + 2;
 constexpr int kNombrePropio = Qt::UserRole + 3;
 
-// The name alone is edited, without the code that a group shows before it.
 constexpr int kLargoDeNombre = 30;
 
+// The name alone is edited, without the code that a group shows before it.
 class NombreSolo final : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -282,6 +282,15 @@ TEST(EditorGrupo, LasDireccionesDeLasCajas) {
   EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 7");
 }
 
+// The ticket head of group 1, by its machines.
+void aceptada(MesaDeGrupos& t) {
+  const auto envios =
+      bien(configuracion::prepararEnvio(*t.db, t.ajustes, TipoTarea::TxTick, {.grupo = 1}));
+  for (const auto& e : envios)
+    bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
+                                       momento("05/06/2018 22:15:00")));
+}
+
 // What the kinds of configuration say.
 QString dicho(QWidget* v) {
   QString todo;
@@ -293,12 +302,7 @@ QString dicho(QWidget* v) {
 // Each kind of configuration tells in words whether the machines have what is stored.
 TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   MesaDeGrupos t;
-  groups::Grupos grupos(t.catalogo, t.ajustes);
-  const auto envios =
-      bien(configuracion::prepararEnvio(*t.db, t.ajustes, TipoTarea::TxTick, {.grupo = 1}));
-  for (const auto& e : envios)
-    bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
-                                       momento("05/06/2018 22:15:00")));
+  aceptada(t);
   auto* v = t.editor(1);
   EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí||05/06/2018 22:15") ||
               dicho(v).contains(u"Razón social: igual que aquí|05/06/2018 22:15"))
@@ -312,11 +316,7 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
 // A machine that is added has received nothing, before it is stored and after.
 TEST(EditorGrupo, LaMaquinaAnadidaNoTieneNada) {
   MesaDeGrupos t;
-  const auto envios =
-      bien(configuracion::prepararEnvio(*t.db, t.ajustes, TipoTarea::TxTick, {.grupo = 1}));
-  for (const auto& e : envios)
-    bien(configuracion::anotarAceptado(*t.db, 1, TipoTarea::TxTick, e,
-                                       momento("05/06/2018 22:15:00")));
+  aceptada(t);
   auto* v = t.editor(1);
   t.ir(v, 0);
   QTest::keyClick(&t.sitios(v), Qt::Key_C, Qt::ControlModifier);
