@@ -23,7 +23,7 @@ struct Caso {
   int nuevos = 0;  // articles that only the next day has
 };
 
-constexpr Caso kCasos[] = {
+constexpr Caso kCasosConfirmados[] = {
     {"miente y vende uno", false, 12, 150, 1, 0, Dicho::Nombrada},
     {"miente y no vende", false, 12, 150, 0, 0, Dicho::Nombrada},
     {"miente y vende la mitad", false, 60, 0, 10, 20, Dicho::Nombrada},
@@ -120,7 +120,7 @@ TEST_P(ConCasoDeConfirmados, CadaVentaEstaUnaVez) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Casos, ConCasoDeConfirmados, testing::ValuesIn(kCasos),
+INSTANTIATE_TEST_SUITE_P(Casos, ConCasoDeConfirmados, testing::ValuesIn(kCasosConfirmados),
                          [](const auto& caso) { return std::to_string(caso.index); });
 
 // What is sold while a question waits for its answer is no answer.

@@ -43,7 +43,7 @@ class ConDudas : public testing::Test {
   TiendaDeLibros t;
 };
 
-const std::vector<Cuenta> kLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
+const std::vector<Cuenta> kVentasDelLunes{{11, 3}, {12, 2}, {13, 4}, {14, 1}, {15, 2}};
 
 }  // namespace
 
@@ -83,7 +83,7 @@ TEST_F(ConDudas, UnaCuentaQueBajaNoPruebaNada) {
   };
   for (const Caso& c : casos) {
     SCOPED_TRACE(c.que);
-    noche(kLunes);
+    noche(kVentasDelLunes);
     if (c.orden) {
       EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
     }
@@ -151,7 +151,7 @@ TEST_F(ConDudas, LasDevolucionesSolasNoSonUnaPuestaACero) {
 
 // A return that raises the count is still a return.
 TEST_F(ConDudas, LaDevolucionQueSumaCuentaTampoco) {
-  noche(kLunes);
+  noche(kVentasDelLunes);
   EXPECT_TRUE(t.ponerACero(1, false, false));
   noche({{16, 2}, {11, -1}}, false);
   EXPECT_FALSE(preguntado());
@@ -168,7 +168,7 @@ TEST_F(ConDudas, UnDiaCerradoPreguntaSoloSiPudoRepetirse) {
   for (const Caso& c : {Caso{{{11, 1}}, {}, true, false, true},
                         {{{11, 1}}, {{11, 1}}, true, true, true},
                         {{{11, 1}}, {}, false, false, false},
-                        {kLunes, {}, true, false, false}}) {
+                        {kVentasDelLunes, {}, true, false, false}}) {
     noche(c.lunes);
     if (c.orden) {
       EXPECT_TRUE(t.ponerACero(1, c.obedecida, false));
@@ -296,7 +296,7 @@ TEST_F(ConDudas, LaSenalDeUnaPuestaACeroNoSePierde) {
                                tienda.memorizar();
                              }}}) {
     SCOPED_TRACE(c.que);
-    noche(kLunes);
+    noche(kVentasDelLunes);
     if (c.olvido) m().ponerACero();
     vender({{11, 1}, {12, 1}});
     c.martes(t);
@@ -334,7 +334,7 @@ TEST_F(ConDudas, LoRechazadoTampocoSeOlvida) {
 TEST_F(ConDudas, UnaLecturaConRegistrosDeMenosNoEsUnaPuestaACero) {
   for (const bool todas : {false, true}) {
     SCOPED_TRACE(todas);
-    noche(kLunes);
+    noche(kVentasDelLunes);
     vender({{16, 1}});
     t.leerSin(1, TipoTotal::PLUs, {11, 12, 13, 14});
     t.leerSin(1, TipoTotal::GranTotal, todas ? std::set<qint64>{11, 12} : std::set<qint64>{});
@@ -365,7 +365,7 @@ TEST_F(ConDudas, LaQueNoCuadrabaYSePusoACeroAMano) {
   for (const bool aMano : {false, true})
     for (const bool siempre : {false, true}) {
       SCOPED_TRACE(testing::Message() << aMano << siempre);
-      vender(kLunes);
+      vender(kVentasDelLunes);
       leer(false);
       const qint64 antes = articulos();
       if (aMano) m().ponerACero();
@@ -424,7 +424,7 @@ TEST_F(ConDudas, LoQueSumaCeroYNoSeRecogeNoSePierde) {
 
 // The record of the grand total is lost, and the rest foots with itself.
 TEST_F(ConDudas, UnGranTotalQueNoVieneSeDice) {
-  vender(kLunes);
+  vender(kVentasDelLunes);
   t.leerSolo(1, TipoTotal::PLUs);
   t.leerSin(1, TipoTotal::GranTotal, {11, 12, 13, 14, 15});
   t.memorizar();
@@ -434,7 +434,7 @@ TEST_F(ConDudas, UnGranTotalQueNoVieneSeDice) {
 }
 
 TEST_F(ConDudas, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
-  vender(kLunes);
+  vender(kVentasDelLunes);
   t.leer(1);
   using C = totals::Sesion::Comparacion;
   const totals::Contadores leido = t.vendido(1);
@@ -452,7 +452,7 @@ TEST_F(ConDudas, ElMismoNumeroDeVentasConOtroImporteNoEsIgual) {
 // After a group is deleted, the next group with its code begins with nothing.
 TEST_F(ConDudas, UnGrupoBorradoNoDejaNadaAlQueLleveSuCodigo) {
   t.grupo(2, {1, 2}, 3);
-  noche(kLunes);
+  noche(kVentasDelLunes);
   for (const int n : {10, 11}) t.grupos.at(2).at(1).vender(n, 100, 0);
   t.leer(2);
   t.memorizar();

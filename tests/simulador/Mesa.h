@@ -9,6 +9,8 @@
 
 namespace tarvo::simulador {
 
+inline const QByteArray kAck = "\x06";
+
 // Frames composed here digit by digit, so that the machines' codec doesn't judge itself.
 inline QByteArray vek(int secuencia, int addr, const QByteArray& codigoYDatos,
                       char estacion = 'V') {

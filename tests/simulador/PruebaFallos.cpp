@@ -4,7 +4,6 @@
 namespace tarvo::simulador {
 namespace {
 
-const QByteArray kAck = "\x06";
 const QByteArray kGranTotal =
     "850"
     "000000398"

@@ -5,8 +5,6 @@
 namespace tarvo::simulador {
 namespace {
 
-const QByteArray kAck = "\x06";
-
 void venderUnDia(Mesa& mesa) {
   mesa.vender(5, 1, 9, 398, 2000, 1, 20);
   mesa.vender(9, 3, 9, 500, 0, 2, 5);

@@ -23,8 +23,6 @@ struct Cortados : testing::Test, prueba::TiendaDeTotales {
   QByteArray unBloque;
 };
 
-const QByteArray kAntes = "*antes-4 junio 2018\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
-
 // Whoever cut off the end of the file, nothing is added to what could not be read back.
 TEST_F(Cortados, NadaSeAnadeAUnFicheroCortado) {
   const auto cabe = [&] {
@@ -43,7 +41,7 @@ TEST_F(Cortados, NadaSeAnadeAUnFicheroCortado) {
       "010112340000007890-00000005000003456000012\r\n";
   // A file without a record of ours: its last lines tell, unless whole lines are missing.
   const std::pair<QByteArray, bool> ajenos[] = {
-      {kAntes, true},
+      {prueba::kAntes, true},
       {unBloque, true},
       {unBloque + "\r\n \r\n", true},
       {QByteArray(unBloque).replace("\r\n", "\n"), true},
@@ -78,7 +76,7 @@ TEST_F(Cortados, NadaSeAnadeAUnFicheroCortado) {
     EXPECT_FALSE(cabe() || entra()) << n;
     EXPECT_EQ(fichero(u"x.EXP"_s), dos.left(n)) << n;
   }
-  for (const QByteArray& otra : {unBloque, kAntes.repeated(5)}) {
+  for (const QByteArray& otra : {unBloque, prueba::kAntes.repeated(5)}) {
     escribir(u"x.EXP"_s, otra);
     EXPECT_TRUE(entra() && cabe());
     EXPECT_EQ(fichero(u"x.EXP"_s), otra + bloque(dia).value_or(""));
@@ -99,16 +97,16 @@ TEST_F(Cortados, UnaCarpetaCopiadaNoTocaLosFicherosDelOriginal) {
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray("(nada)");
   };
   for (const QString& exportado : {suyo, ajeno}) {
-    poner(exportado, kAntes);
+    poner(exportado, prueba::kAntes);
     const auto a = bien(Anadidura::empezar(*db, exportado, 4, "****", ajustes, textosDePrueba()));
-    poner(exportado, kAntes + "****");
+    poner(exportado, prueba::kAntes + "****");
     bien(db->copiarEn(base));
-    if (exportado == suyo) poner(copiado, kAntes + "****");
+    if (exportado == suyo) poner(copiado, prueba::kAntes + "****");
     const auto otra = bien(dao::Database::OpenDatabase(base, {}));
     EXPECT_EQ(bien(Anadidura::recuperar(*otra)),
               exportado == suyo ? QStringList() : QStringList{ajeno});
-    EXPECT_EQ(ver(exportado), kAntes + "****");
-    EXPECT_EQ(ver(copiado), kAntes);
+    EXPECT_EQ(ver(exportado), prueba::kAntes + "****");
+    EXPECT_EQ(ver(copiado), prueba::kAntes);
     // Reported once.
     EXPECT_TRUE(bien(Anadidura::recuperar(*otra)).isEmpty());
     QFile::remove(base);

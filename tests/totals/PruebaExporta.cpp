@@ -63,8 +63,6 @@ const QByteArray kLargo =
     "06000100300000230000000003000000000400000002000001\r\n"
     "07000100300012080000000006000000000000000000000006\r\n";
 
-const QByteArray kAntes = "*antes-4 junio 2018\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
-
 const QByteArray kCorto =
     "*Semana, santa-5 junio 2018\r\n"
     "*05/06/2018 00:00:00  05/06/2018 23:59:59\r\n"
@@ -104,7 +102,7 @@ TEST_F(Exporta, UnFicheroAjenoQuedaComoEsta) {
     EXPECT_EQ(fichero(u"A.EXP"_s), ajeno);
     EXPECT_TRUE(bien(periodos.columna(dia)));
   }
-  for (const QByteArray& vale : {QByteArray(), kAntes}) {
+  for (const QByteArray& vale : {QByteArray(), prueba::kAntes}) {
     escribir(u"A.EXP"_s, vale);
     EXPECT_TRUE(exportar(dia, "a")) << vale.toStdString();
   }
@@ -179,7 +177,7 @@ TEST_F(Exporta, UnDiscoLlenoDejaElFicheroDeAntes) {
   const qint64 grande = qint64{64} << 20;
   QFile x(ruta(u"x.EXP"_s));
   ASSERT_TRUE(x.open(QIODevice::WriteOnly) && x.write("*") == 1 &&
-              x.seek(grande - kAntes.size() - 2) && x.write("\r\n" + kAntes) > 0);
+              x.seek(grande - prueba::kAntes.size() - 2) && x.write("\r\n" + prueba::kAntes) > 0);
   x.close();
   rlimit normal{};
   getrlimit(RLIMIT_FSIZE, &normal);
@@ -215,19 +213,19 @@ TEST_F(Exporta, UnaMuerteNoDejaMedioBloque) {
     waitpid(hijo, &estado, 0);
     ASSERT_TRUE(WIFSIGNALED(estado));
   };
-  escribir(u"x.EXP"_s, kAntes);
+  escribir(u"x.EXP"_s, prueba::kAntes);
   for (const bool alEmpezar : {true, false}) {
     morirEscribiendo(u"x.EXP"_s, 100000);
     morirEscribiendo(u"nuevo.EXP"_s, 100000);
-    EXPECT_EQ(fichero(u"x.EXP"_s).size(), kAntes.size() + 100000);
+    EXPECT_EQ(fichero(u"x.EXP"_s).size(), prueba::kAntes.size() + 100000);
     if (alEmpezar) {
       bien(xporTot.recuperar());
-      EXPECT_EQ(fichero(u"x.EXP"_s), kAntes);
+      EXPECT_EQ(fichero(u"x.EXP"_s), prueba::kAntes);
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), "(nada)");
     } else {
       EXPECT_TRUE(exportar(dia, "x"));
       EXPECT_TRUE(exportar(dia, "nuevo"));
-      EXPECT_EQ(fichero(u"x.EXP"_s), kAntes + kLargo);
+      EXPECT_EQ(fichero(u"x.EXP"_s), prueba::kAntes + kLargo);
       EXPECT_EQ(fichero(u"nuevo.EXP"_s), kLargo);
     }
   }
@@ -236,8 +234,8 @@ TEST_F(Exporta, UnaMuerteNoDejaMedioBloque) {
   for (const auto& [nombre, ahora] : {std::pair("x.EXP", "*otro\r\n" + bloques),
                                       {"otro.EXP", "*otro\r\n" + bloques},
                                       {"x.EXP", "*otros\r\n" + nuestro},
-                                      {"x.EXP", kAntes + nuestro + nuestro + bloques}}) {
-    if (QByteArrayView(nombre) == "x.EXP") escribir(u"x.EXP"_s, kAntes);
+                                      {"x.EXP", prueba::kAntes + nuestro + nuestro + bloques}}) {
+    if (QByteArrayView(nombre) == "x.EXP") escribir(u"x.EXP"_s, prueba::kAntes);
     morirEscribiendo(QString::fromUtf8(nombre), 100000);
     escribir(QString::fromUtf8(nombre), ahora);
     bien(xporTot.recuperar());
@@ -249,15 +247,15 @@ TEST_F(Exporta, UnaMuerteNoDejaMedioBloque) {
 // A block in the file but not in the database doesn't count, and is removed.
 TEST_F(Exporta, ElBloqueQueNoSePuedeAnotarSeRetira) {
   const qint64 dia = diaEntero();
-  escribir(u"x.EXP"_s, kAntes);
+  escribir(u"x.EXP"_s, prueba::kAntes);
   sql(u"create trigger lleno before insert on Exportes begin select raise(abort, "
       "'disco lleno'); end"_s);
   EXPECT_FALSE(xporTot.XportRemoto({dia}, {false, true}, u"x"_s, u"17.3"_s));
-  EXPECT_EQ(fichero(u"x.EXP"_s), kAntes);
+  EXPECT_EQ(fichero(u"x.EXP"_s), prueba::kAntes);
   EXPECT_TRUE(bien(periodos.columna(dia)));
   sql(u"drop trigger lleno"_s);
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
-  EXPECT_EQ(fichero(u"x.EXP"_s), kAntes + kLargo);
+  EXPECT_EQ(fichero(u"x.EXP"_s), prueba::kAntes + kLargo);
 }
 
 // The file's contents are neither reread nor rewritten: a file with a hole of 3 GiB.
@@ -267,7 +265,7 @@ TEST_F(Exporta, UnFicheroDeMasDeUnGibibyte) {
   {
     QFile f(ruta(u"x.EXP"_s));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("*") == 1 &&
-                f.seek(grande - kAntes.size() - 2) && f.write("\r\n" + kAntes) > 0);
+                f.seek(grande - prueba::kAntes.size() - 2) && f.write("\r\n" + prueba::kAntes) > 0);
   }
   EXPECT_TRUE(exportar(dia, "x", false, "17.3"));
   sql(u"update Exportes set HECHO=0"_s);
@@ -294,13 +292,13 @@ TEST_F(Exporta, UnBloqueNoSeEscribeDosVecesConUnaMarca) {
   EXPECT_TRUE(exportar(dia, "x", true, "17.3"));
   EXPECT_TRUE(bien(periodos.columna(dia)));
   // The mark was written but the file was not.
-  escribir(u"x.EXP"_s, kAntes);
+  escribir(u"x.EXP"_s, prueba::kAntes);
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_EQ(fichero(u"x.EXP"_s).count("*"),
             4);  // two that were left, two of the new block
   // Another file is there now, no shorter.
   sql(u"update Exportes set HECHO=0"_s);
-  const QByteArray ajeno = kAntes + QByteArray(fichero(u"x.EXP"_s).size(), '\n');
+  const QByteArray ajeno = prueba::kAntes + QByteArray(fichero(u"x.EXP"_s).size(), '\n');
   escribir(u"x.EXP"_s, ajeno);
   EXPECT_TRUE(exportar(otro, "x", false, "17.3"));
   EXPECT_GT(fichero(u"x.EXP"_s).size(), ajeno.size());

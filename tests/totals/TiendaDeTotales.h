@@ -16,6 +16,10 @@ namespace tarvo::prueba {
 
 using namespace Qt::StringLiterals;
 
+// What another program left in a file before.
+inline const QByteArray kAntes =
+    "*antes-4 junio 2018\r\n*04/06/2018 00:00:00  04/06/2018 23:59:59\r\n";
+
 struct TiendaDeTotales : TiendaVacia {
   Ajustes ajustes{carpeta.path(), Idioma::Espanol, {totals::ajustesPeriodos()}};
   RelojVirtual reloj{momento("05/06/2018 22:15:00")};

@@ -5,7 +5,7 @@ namespace tarvo::prueba {
 
 namespace {
 
-QString dicho(QWidget* v) {
+QString nodosDe(QWidget* v) {
   QStringList s;
   for (QTreeWidgetItemIterator i(v->findChild<QTreeWidget*>(u"Arbol"_s)); *i; ++i)
     s << (*i)->text(0);
@@ -26,7 +26,7 @@ TEST(ArbolDeGrupos, NombreCopiaYVuelta) {
   MesaDeGrupos t;
   t.sql(u"update GRUPOS set remoto=3, TELEF='balanza:4101' where CODGPO=2"_s);
   auto* v = t.abrir(PuertaBrowGrupos{.grupos = true});
-  EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
+  EXPECT_EQ(nodosDe(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
   irA(v, u"(2) G"_s);
   t.tecla(Qt::Key_F2);
   EXPECT_EQ(qobject_cast<QLineEdit*>(QApplication::focusWidget())->text(), u"G")
@@ -36,16 +36,16 @@ TEST(ArbolDeGrupos, NombreCopiaYVuelta) {
   qobject_cast<QLineEdit*>(QApplication::focusWidget())->selectAll();
   t.escribir(u"Pescado"_s);
   t.tecla(Qt::Key_Return);
-  ASSERT_TRUE(esperar([&] { return dicho(v).contains(u"(2) Pescado"); }));
+  ASSERT_TRUE(esperar([&] { return nodosDe(v).contains(u"(2) Pescado"); }));
   t.control<QTreeWidget>(v, u"Arbol")->setFocus();
   t.tecla(Qt::Key_F6);
-  EXPECT_TRUE(dicho(v).contains(u"(4) G|(5) Copia de Pescado"));
+  EXPECT_TRUE(nodosDe(v).contains(u"(4) G|(5) Copia de Pescado"));
   EXPECT_EQ(t.leer(u"select tipo, seccion from GRUPOS where CODGPO=5"_s), u"2 1");
   EXPECT_EQ(t.leer(u"select count(*) from BZAS where SUGPO=5"_s), u"1");
   EXPECT_TRUE(v->tira().texto().contains(u"El grupo 5 tiene las mismas máquinas que el grupo 2"))
       << v->tira().texto().toStdString();
   for (int i = 0; i < 2; ++i) t.tecla(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
+  EXPECT_EQ(nodosDe(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
 }
 
 // What goes with a group is told before; by default nothing goes, and all of it comes back.
@@ -68,11 +68,11 @@ TEST(ArbolDeGrupos, BorradoYRepuesto) {
   t.activa(v);
   t.responder(u"Acepto"_s);
   t.tecla(Qt::Key_Delete);
-  EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(2) G|(3) G|(4) G|Carne");
+  EXPECT_EQ(nodosDe(v), u"SECCIÓN ÚNICA|(2) G|(3) G|(4) G|Carne");
   EXPECT_EQ(t.leer(u"select count(*) from BZAS where SUGPO=1"_s), u"0");
   t.activa(v);
   t.tecla(Qt::Key_Z, Qt::ControlModifier);
-  EXPECT_EQ(dicho(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
+  EXPECT_EQ(nodosDe(v), u"SECCIÓN ÚNICA|(1) G|(2) G|(3) G|(4) G|Carne");
   EXPECT_EQ(t.leer(u"select * from GRUPOS order by 1"_s) +
                 t.leer(u"select * from BZAS order by 1, 2"_s) + t.leer(u"select * from OFERTAS"_s) +
                 t.cruces(),
@@ -85,7 +85,8 @@ TEST(ArbolDeGrupos, UnaSeccionConSusGrupos) {
   auto* v = t.abrir(PuertaBrowGrupos{.grupos = true});
   irA(v, u"SECCIÓN ÚNICA"_s);
   t.tecla(Qt::Key_F6);
-  ASSERT_TRUE(esperar([&] { return dicho(v).contains(u"Copia de SECCIÓN ÚNICA|(5) Copia de G"); }));
+  ASSERT_TRUE(
+      esperar([&] { return nodosDe(v).contains(u"Copia de SECCIÓN ÚNICA|(5) Copia de G"); }));
   EXPECT_EQ(t.leer(u"select CODGPO, tipo from GRUPOS where seccion=3 order by 1"_s),
             u"5 1 | 6 2 | 7 3 | 8 4");
   EXPECT_EQ(t.leer(u"select count(*) from PLUSES where SECCION=3"_s), u"12");

@@ -292,7 +292,7 @@ void aceptada(MesaDeGrupos& t) {
 }
 
 // What the kinds of configuration say.
-QString dicho(QWidget* v) {
+QString estadosDe(QWidget* v) {
   QString todo;
   for (const QLabel* l : v->findChild<QWidget*>(u"estados"_s)->findChildren<QLabel*>())
     todo += l->text() + u'|';
@@ -304,13 +304,13 @@ TEST(EditorGrupo, LoQueTienenLasMaquinas) {
   MesaDeGrupos t;
   aceptada(t);
   auto* v = t.editor(1);
-  EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí||05/06/2018 22:15") ||
-              dicho(v).contains(u"Razón social: igual que aquí|05/06/2018 22:15"))
-      << dicho(v).toStdString();
-  EXPECT_TRUE(dicho(v).contains(u"Teclado: nunca enviado"));
+  EXPECT_TRUE(estadosDe(v).contains(u"Razón social: igual que aquí||05/06/2018 22:15") ||
+              estadosDe(v).contains(u"Razón social: igual que aquí|05/06/2018 22:15"))
+      << estadosDe(v).toStdString();
+  EXPECT_TRUE(estadosDe(v).contains(u"Teclado: nunca enviado"));
   EXPECT_TRUE(v->descargar());
   t.sql(u"update BZAS set RZSOCIAL='C:0:OTRA' where SUGPO=1"_s);
-  EXPECT_TRUE(dicho(t.editor(1)).contains(u"Razón social: cambió desde el último envío"));
+  EXPECT_TRUE(estadosDe(t.editor(1)).contains(u"Razón social: cambió desde el último envío"));
 }
 
 // A machine that is added has received nothing, before it is stored and after.
@@ -322,12 +322,12 @@ TEST(EditorGrupo, LaMaquinaAnadidaNoTieneNada) {
   QTest::keyClick(&t.sitios(v), Qt::Key_C, Qt::ControlModifier);
   t.ir(v, 4);
   QTest::keyClick(&t.sitios(v), Qt::Key_V, Qt::ControlModifier);
-  EXPECT_TRUE(dicho(v).contains(u"Razón social: sin enviar a 1 máquina añadida|"));
+  EXPECT_TRUE(estadosDe(v).contains(u"Razón social: sin enviar a 1 máquina añadida|"));
   t.envio() = 0;
   ASSERT_TRUE(t.guardar(v));
   v = t.editor(1);
-  EXPECT_TRUE(dicho(v).contains(u"Razón social: igual que aquí en 2 de 3|"))
-      << dicho(v).toStdString();
+  EXPECT_TRUE(estadosDe(v).contains(u"Razón social: igual que aquí en 2 de 3|"))
+      << estadosDe(v).toStdString();
 }
 
 // F9 tries the access as it is typed, and stores nothing.
