@@ -166,7 +166,8 @@ Resultado<std::unique_ptr<Fondo>> Fondo::abrir(const QString& carpeta, Idioma id
     return fallo(Fallo::NoExiste, textos(kTxBaseNoEsta).arg(antes.BaseDatos));
   auto cerrojo = Cerrojo::tomar(antes.BaseDatos);
   if (!cerrojo) return conMotivo(cerrojo.error());
-  TARVO_TOMAR(auto ajustes, leerAjustes(carpeta, idioma, textos, reloj));
+  TARVO_TOMAR(auto ajustes, antes.sigueIgual() ? Resultado<Ajustes>(antes)
+                                               : leerAjustes(carpeta, idioma, textos, reloj));
   if (ficheroReal(ajustes.BaseDatos) != ficheroReal(antes.BaseDatos))
     return conMotivo({Fallo::Ocupado, 0, {}});
   std::unique_ptr<Fondo> fondo(new Fondo(std::move(*cerrojo), std::move(ajustes), textos));

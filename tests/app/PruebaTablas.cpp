@@ -160,5 +160,17 @@ TEST_F(Esquema, LaConchaDeSqliteAbreLeeYEscribeCadaTabla) {
   EXPECT_EQ((*plu)->texto((*plu)->columna(u"NOMPLU")), u"Ñoras") << "its key is in the index";
 }
 
+// A list is sorted by its language where a column of that name has texts; the views are looked at
+// for names alone that no table has.
+TEST_F(Esquema, NingunaVistaLlamaATextosComoAUnNumero) {
+  const auto db = abrir(u"A.MDB"_s);
+  EXPECT_EQ(concha(u"A.MDB"_s,
+                   "WITH c AS (SELECT m.type k, lower(x.name) n, max(x.type='TEXT') t FROM "
+                   "sqlite_master m, pragma_table_info(m.name) x GROUP BY 1, 2) "
+                   "SELECT v.n FROM c v JOIN c t USING (n) WHERE v.k='view' AND t.k='table' AND "
+                   "v.t > t.t;"),
+            "");
+}
+
 }  // namespace
 }  // namespace tarvo::app

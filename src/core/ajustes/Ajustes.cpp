@@ -64,30 +64,34 @@ Resultado<> Ajustes::LeerConfig() {
   if (!bytes && bytes.error().clase != Fallo::NoExiste) return std::unexpected(bytes.error());
   const QString texto = bytes ? ficheros::descodificar(*bytes) : QString();
   if (bytes) leer(texto);
-  tomarPorEscrito(renglonesDe(texto));
+  Renglones nuestros = renglones();
+  ultimo_ = {.bytes = bytes.value_or(QByteArray()),
+             .delFichero = losDelTexto(nuestros, texto),
+             .nuestros = std::move(nuestros)};
   return {};
 }
 
 Resultado<> Ajustes::GuardarConfig() {
   const auto viejo = ficheros::leerBytes(rutaConfig(), kMayorIni);
   std::vector<Pisada> perdidas;
-  Renglones todos =
-      viejo && nuestros_ ? juntar(ficheros::descodificar(*viejo), perdidas) : renglones();
-  const QByteArray nuevo = ficheros::codificar(componer(todos));
+  Renglones ahora = renglones();
+  Renglones todos = viejo && ultimo_ ? juntar(ahora, delFichero(*viejo), perdidas) : ahora;
+  QByteArray nuevo = ficheros::codificar(componer(todos));
   if (!viejo || *viejo != nuevo) TARVO_INTENTAR(ficheros::escribirEntero(rutaConfig(), nuevo));
   pisadas.insert(pisadas.end(), perdidas.begin(), perdidas.end());
-  tomarPorEscrito(std::move(todos));
+  ultimo_ = {
+      .bytes = std::move(nuevo), .delFichero = std::move(todos), .nuestros = std::move(ahora)};
   return {};
 }
 
 QStringList Ajustes::cambiadosFuera() const {
   const auto bytes = ficheros::leerBytes(rutaConfig(), kMayorIni);
-  return bytes && nuestros_ ? ajenos(ficheros::descodificar(*bytes)) : QStringList();
+  return bytes && ultimo_ ? ajenos(delFichero(*bytes)) : QStringList();
 }
 
-void Ajustes::tomarPorEscrito(Renglones delFichero) {
-  delFichero_ = std::move(delFichero);
-  nuestros_ = renglones();
+bool Ajustes::sigueIgual() const {
+  const auto bytes = ficheros::leerBytes(rutaConfig(), kMayorIni);
+  return bytes && ultimo_ && *bytes == ultimo_->bytes;
 }
 
 }  // namespace tarvo

@@ -99,6 +99,8 @@ class Ajustes {
   // The keys that others have changed in the file since this program read it: it goes on with their
   // former values until it is started again. Empty too if the file can't be read.
   QStringList cambiadosFuera() const;
+  // Whether the file has what this program last read or wrote.
+  bool sigueIgual() const;
   QString rutaConfig() const;
   // The same for a text: LeerConfig and GuardarConfig without the file.
   void leer(const QString& texto);
@@ -163,13 +165,20 @@ class Ajustes {
   using Renglones = std::map<std::pair<QString, int>, QString>;
   Renglones renglones() const;
   Renglones renglonesDe(const QString& texto) const;
+  static Renglones losDelTexto(const Renglones& todos, const QString& texto);
+  Renglones delFichero(const QByteArray& bytes) const;
   QString componer(const Renglones& renglones) const;
-  Renglones juntar(const QString& texto, std::vector<Pisada>& perdidas) const;
-  QStringList ajenos(const QString& texto) const;
-  void tomarPorEscrito(Renglones delFichero);
+  Renglones juntar(const Renglones& ahora, const Renglones& suyos,
+                   std::vector<Pisada>& perdidas) const;
+  QStringList ajenos(const Renglones& suyos) const;
 
-  // When the file was last read or written: what it had, and what this program would have written.
-  std::optional<Renglones> delFichero_, nuestros_;
+  // When the file was last read or written: its bytes, what they say, and what this program would
+  // have written.
+  struct Escrito {
+    QByteArray bytes;
+    Renglones delFichero, nuestros;
+  };
+  std::optional<Escrito> ultimo_;
   struct Rechazado {
     QString escrito, vale;  // what the file says, and the value in its place
   };

@@ -3,6 +3,7 @@
 #include <set>
 
 #include "core/ajustes/Ajustes.h"
+#include "core/ajustes/Ficheros.h"
 #include "core/ajustes/Ini.h"
 
 namespace tarvo {
@@ -128,11 +129,21 @@ Ajustes::Renglones Ajustes::renglones() const {
 Ajustes::Renglones Ajustes::renglonesDe(const QString& texto) const {
   Ajustes leidos(*this);
   leidos.leer(texto);
-  std::set<std::pair<QString, int>> estan;
-  ini::recorrer(texto, [&](const ini::Linea& l) { estan.emplace(l.clave, l.indice); });
-  Renglones todos = leidos.renglones();
-  std::erase_if(todos, [&](const auto& r) { return !estan.contains(r.first); });
-  return todos;
+  return losDelTexto(leidos.renglones(), texto);
+}
+
+// Those whose keys the text has.
+Ajustes::Renglones Ajustes::losDelTexto(const Renglones& todos, const QString& texto) {
+  Renglones estan;
+  ini::recorrer(texto, [&](const ini::Linea& l) {
+    if (const auto suyo = todos.find({l.clave, l.indice}); suyo != todos.end()) estan.insert(*suyo);
+  });
+  return estan;
+}
+
+Ajustes::Renglones Ajustes::delFichero(const QByteArray& bytes) const {
+  if (ultimo_ && ultimo_->bytes == bytes) return ultimo_->delFichero;
+  return renglonesDe(ficheros::descodificar(bytes));
 }
 
 QString Ajustes::componer(const Renglones& renglones) const {
@@ -152,8 +163,8 @@ QString Ajustes::componer(const Renglones& renglones) const {
 // Ours of the keys that this program has changed, those of the text of the keys that only others
 // have; a key that it lacks stays, as another program may be writing the file right now. REQUIRES
 // that the file has been read or written.
-Ajustes::Renglones Ajustes::juntar(const QString& texto, std::vector<Pisada>& perdidas) const {
-  const Renglones ahora = renglones(), suyos = renglonesDe(texto);
+Ajustes::Renglones Ajustes::juntar(const Renglones& ahora, const Renglones& suyos,
+                                   std::vector<Pisada>& perdidas) const {
   const auto en = [](const Renglones& r, const Renglones::key_type& clave) {
     const auto hallado = r.find(clave);
     return hallado == r.end() ? std::nullopt : std::optional(hallado->second);
@@ -163,8 +174,8 @@ Ajustes::Renglones Ajustes::juntar(const QString& texto, std::vector<Pisada>& pe
     for (int i = c.indices.menor; i <= c.indices.mayor; ++i) {
       const Renglones::key_type clave{c.nombre.toUpper(), i};
       const auto nuestro = en(ahora, clave), suyo = en(suyos, clave);
-      const bool cambiado = nuestro != en(*nuestros_, clave);
-      if (cambiado && suyo && suyo != en(*delFichero_, clave) && suyo != nuestro)
+      const bool cambiado = nuestro != en(ultimo_->nuestros, clave);
+      if (cambiado && suyo && suyo != en(ultimo_->delFichero, clave) && suyo != nuestro)
         perdidas.push_back({nombreDe(c, i), *suyo, nuestro.value_or(QString())});
       if (const auto& vale = suyo && !cambiado ? suyo : nuestro) todos[clave] = *vale;
     }
@@ -172,12 +183,12 @@ Ajustes::Renglones Ajustes::juntar(const QString& texto, std::vector<Pisada>& pe
 }
 
 // Those that this program hasn't changed itself, by their names in the file. REQUIRES as above.
-QStringList Ajustes::ajenos(const QString& texto) const {
-  const Renglones ahora = renglones(), suyos = renglonesDe(texto);
+QStringList Ajustes::ajenos(const Renglones& suyos) const {
+  const Renglones ahora = renglones();
   QStringList nombres;
   for (const auto& [clave, suyo] : suyos) {
-    const auto nuestro = ahora.find(clave), antes = nuestros_->find(clave);
-    const bool hay = nuestro != ahora.end(), habia = antes != nuestros_->end();
+    const auto nuestro = ahora.find(clave), antes = ultimo_->nuestros.find(clave);
+    const bool hay = nuestro != ahora.end(), habia = antes != ultimo_->nuestros.end();
     const bool cambiado = hay != habia || (hay && nuestro->second != antes->second);
     const bool igual = hay && nuestro->second == suyo;
     if (!cambiado && !igual) nombres << nombreDe(*claveDe(clave.first, clave.second), clave.second);

@@ -7,8 +7,10 @@ namespace tarvo::devices {
 
 void registrarVentanasTeclados(ventanas::Ventanas& ventanas, articles::Catalogo& catalogo) {
   ventanas.registrar<PuertaTeclado, TecladoVentana>(catalogo);
-  ventanas.ponerMuestra(PuertaTeclado{
-      .textos = {TecladoDefecto(kRowan, Idioma::Espanol), HardPluDefecto(), TarasDefecto()}});
+  ventanas.ponerMuestra([] {
+    return PuertaTeclado{
+        .textos = {TecladoDefecto(kRowan, Idioma::Espanol), HardPluDefecto(), TarasDefecto()}};
+  });
 }
 
 }  // namespace tarvo::devices

@@ -24,16 +24,20 @@ devices::Balanza balanzaDeMuestra(int modelo) {
 
 template <class P>
 void muestraDeMaquina(ventanas::Ventanas& v, int modelo) {
-  v.ponerMuestra(P{{.nombre = devices::NombreModelo(modelo),
-                    .varias = true,
-                    .maquina = balanzaDeMuestra(modelo)}});
+  v.ponerMuestra([modelo] {
+    return P{{.nombre = devices::NombreModelo(modelo),
+              .varias = true,
+              .maquina = balanzaDeMuestra(modelo)}};
+  });
 }
 
 template <class P>
 void muestraDeGrupo(ventanas::Ventanas& v) {
-  devices::Grupo grupo;
-  grupo.tipo(TipoGrupo::Balanzas);
-  v.ponerMuestra(P{{.nombre = devices::NombreModelo(devices::kRowan), .grupo = grupo}});
+  v.ponerMuestra([] {
+    devices::Grupo grupo;
+    grupo.tipo(TipoGrupo::Balanzas);
+    return P{{.nombre = devices::NombreModelo(devices::kRowan), .grupo = grupo}};
+  });
 }
 
 }  // namespace

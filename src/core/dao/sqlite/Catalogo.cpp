@@ -133,21 +133,52 @@ QSet<QString> Catalogo::leerNombres() {
 }
 
 bool Catalogo::columnaDeTexto(const QString& enMinusculas) {
-  if (!textoLeido_) {
-    textoLeido_ = true;
-    auto p = con_.preparar(QStringLiteral(
-        "SELECT DISTINCT lower(x.name) FROM sqlite_master m, pragma_table_info(m.name) x "
-        "WHERE m.type IN ('table','view') AND x.type='TEXT'"));
-    while (p && p->paso().value_or(false)) deTexto_.insert(textoDe(*p, 0));
+  if (const auto sabida = deTexto_.constFind(enMinusculas); sabida != deTexto_.cend())
+    return *sabida;
+  const QByteArray columna = enMinusculas.toUtf8();
+  if (tablasUtf8_.isEmpty()) tablasUtf8_ = leerTablas();
+  bool hay = false, texto = false;
+  for (const QByteArray& tabla : std::as_const(tablasUtf8_)) {
+    const char* tipo = nullptr;
+    if (sqlite3_table_column_metadata(con_.cruda(), "main", tabla, columna, &tipo, nullptr, nullptr,
+                                      nullptr, nullptr) != SQLITE_OK)
+      continue;
+    hay = true;
+    texto = texto || (tipo && qstricmp(tipo, "TEXT") == 0);
   }
-  return deTexto_.contains(enMinusculas);
+  // Views have to be compiled for their columns, and most names are some table's.
+  if (!hay) texto = enVistas(enMinusculas);
+  deTexto_.insert(enMinusculas, texto);
+  return texto;
+}
+
+// Empty if they can't be read to the end, as the names.
+QByteArrayList Catalogo::leerTablas() {
+  auto p = con_.preparar(u"SELECT name FROM sqlite_master WHERE type='table'"_s);
+  QByteArrayList tablas;
+  while (p) {
+    const auto fila = p->paso();
+    if (!fila) return {};
+    if (!*fila) break;
+    tablas << textoDe(*p, 0).toUtf8();
+  }
+  return tablas;
+}
+
+bool Catalogo::enVistas(const QString& columna) {
+  auto p = con_.preparar(
+      u"SELECT 1 FROM sqlite_master m, pragma_table_info(m.name) x WHERE m.type='view' AND "
+      u"x.type='TEXT' AND lower(x.name)=? LIMIT 1"_s);
+  if (!p) return false;
+  p->ligar(0, columna);
+  return p->paso().value_or(false);
 }
 
 void Catalogo::olvidar() {
   tablas_.clear();
   nombres_.clear();
+  tablasUtf8_.clear();
   deTexto_.clear();
-  textoLeido_ = false;
 }
 
 }  // namespace tarvo::dao

@@ -1,6 +1,7 @@
 // The database's description of its own tables: columns in order, and the key of each index.
 #pragma once
 
+#include <QByteArrayList>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -38,17 +39,21 @@ class Catalogo {
   Resultado<std::vector<ParteClave>> indice(const InfoTabla& tabla, QStringView nombre,
                                             QString& enFichero);
   bool existe(QStringView tablaOVista);
+  // Whether a table, or else a view, has a column of that name with texts.
   bool columnaDeTexto(const QString& enMinusculas);
   // Drops its knowledge after a statement has changed the schema.
   void olvidar();
 
  private:
   QSet<QString> leerNombres();
+  QByteArrayList leerTablas();
+  bool enVistas(const QString& columna);
 
   Conexion& con_;
   QHash<QString, std::shared_ptr<const InfoTabla>> tablas_;
-  QSet<QString> nombres_, deTexto_;
-  bool textoLeido_ = false;
+  QSet<QString> nombres_;
+  QByteArrayList tablasUtf8_;
+  QHash<QString, bool> deTexto_;  // by name in lower case
 };
 
 }  // namespace tarvo::dao

@@ -67,7 +67,7 @@ Ventana* Ventanas::hacer(const QString& nombre, QWidget* dueno, const std::any& 
   // Entering may ask a question, and a question lets windows be unloaded.
   const Retenida mientras(dueno), ella(v);
   const Entrada& e = entrada->second;
-  const auto hecho = e.entrar(*v, puerta.has_value() ? puerta : e.puerta);
+  const auto hecho = e.entrar(*v, puerta.has_value() || !e.muestra ? puerta : e.muestra());
   if (!hecho) {
     if (nueva) delete v;
     decirSobre(nueva ? dueno : v, contexto_->textos, hecho.error());

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <concepts>
 #include <functional>
 #include <map>
 #include <vector>
@@ -37,10 +38,16 @@ class Ventanas final : public QObject {
         {}};
   }
   // Sets the door with which its window is opened by name alone, instead of a default-constructed
-  // one.
+  // one: itself, or what makes it at the first such opening.
   template <EsPuerta P>
   void ponerMuestra(const P& puerta) {
-    registradas_[QStringView(P::kNombre).toString()].puerta = puerta;
+    ponerMuestra([puerta] { return puerta; });
+  }
+  template <std::invocable H>
+    requires EsPuerta<std::invoke_result_t<H>>
+  void ponerMuestra(const H& hacerla) {
+    const QString nombre = QStringView(std::invoke_result_t<H>::kNombre).toString();
+    registradas_[nombre].muestra = [hacerla] { return std::any(hacerla()); };
   }
   bool conoce(const QString& nombre) const;
   template <EsPuerta P>
@@ -109,7 +116,7 @@ class Ventanas final : public QObject {
   struct Entrada {
     std::function<Ventana*(Contexto&, const QString&)> fabrica;
     std::function<Resultado<>(Ventana&, const std::any&)> entrar;
-    std::any puerta = {};  // the sample of its door
+    std::function<std::any()> muestra = {};  // of its door
   };
   Contexto* contexto_ = nullptr;
   std::map<QString, Entrada> registradas_;
