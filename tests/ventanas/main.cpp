@@ -15,7 +15,9 @@ void sinRuido(QtMsgType tipo, const QMessageLogContext& donde, const QString& te
 }  // namespace
 
 int main(int argc, char** argv) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
+  // Or the same with a screen of its own.
+  if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen"))
+    qputenv("QT_QPA_PLATFORM", "offscreen");
   anterior = qInstallMessageHandler(sinRuido);
   testing::InitGoogleTest(&argc, argv);
   QApplication app(argc, argv);

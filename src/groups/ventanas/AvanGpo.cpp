@@ -24,9 +24,8 @@ QString horaDe(double parteDelDia) {
 }
 
 std::optional<double> parte(const QString& s) {
-  const QTime h = QTime::fromString(s, s.size() < 5 ? u"H:mm"_s : kFormatoHora);
-  if (!h.isValid()) return std::nullopt;
-  return (h.hour() * 60 + h.minute()) / kMinutos;
+  const auto h = Fecha::leerHora(s);
+  return h ? std::optional(h->hora()) : std::nullopt;
 }
 
 }  // namespace

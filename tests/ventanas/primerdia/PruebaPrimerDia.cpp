@@ -346,7 +346,7 @@ void PrimerDia::vender(int dia) {
 void PrimerDia::enGrupos(Qt::Key menu, const QString& entrada) {
   p.tecla(menu, Qt::AltModifier);
   p.luego([this, menu] {
-    p.foto(menu == Qt::Key_R ? u"recibir"_s : u"cero"_s);
+    if (menu != Qt::Key_R) p.foto(u"cero"_s);
     p.pulsar(u"Todas"_s);
     if (menu == Qt::Key_T) p.luego([this] { p.pulsar(u"Acepto"_s); });
     p.pulsar(u"Acepto"_s);
