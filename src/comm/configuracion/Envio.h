@@ -24,6 +24,7 @@ struct Envio {
   int maquina = kTodoElGrupo;  // its number in the group
   int addr = 0;                // of its frames
   maquinas::Piezas piezas;
+  maquinas::Diferencias diferencias;  // from what is stored, in frames that can be sent
   // Of all that it carries.
   QString huella() const;
 };
