@@ -121,7 +121,7 @@ class EnvioConfig final : public motor::CursoTarea {
     return mal == 0 ? QString() : e_.textos(kTxReparoConfig, {mal});
   }
   // Where it reads otherwise than what is stored here.
-  QString trajo() const override { return cambios().join(u' '); }
+  QString trajo() const override { return cambios().join(u'\n'); }
   QString MostrarTraza() const override {
     if (cola_.empty()) return {};
     const Turno& turno = turnos_[cola_.front().turno];
