@@ -280,8 +280,8 @@ Resultado<maquinas::OpcionesDeGrupo> opcionesDeGrupo(Database& db, TipoGrupo tip
 
 Resultado<std::vector<Envio>> delGrupo(Database& db, const Destino& d) {
   TARVO_TOMAR(const auto rs, db.consultar(u"SELECT * FROM GRUPOS WHERE CODGPO=? AND EXISTS (SELECT "
-                                          u"1 FROM BZAS WHERE SUGPO=CODGPO)",
-                                          d.grupo));
+                                          u"1 FROM BZAS WHERE SUGPO=CODGPO AND (? OR NMBZA=?))",
+                                          d.grupo, !d.maquina.has_value(), d.maquina.value_or(0)));
   if (rs->Eof()) return std::vector<Envio>{};
   Fila f(*rs);
   TARVO_TOMAR(const auto o, opcionesDeGrupo(db, d.tipo, f));

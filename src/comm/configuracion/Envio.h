@@ -36,7 +36,8 @@ bool llevaConfiguracion(TipoTarea clase);
 // Whether a kind of group takes this kind of task.
 bool valePara(TipoTarea clase, TipoGrupo tipo);
 
-// In order of the machines' numbers; nothing for a group without machines. REQUIRES a kind that
+// In order of the machines' numbers; nothing for a group without machines, or without that one. The
+// options of a group go to all of its machines whichever is asked for. REQUIRES a kind that
 // carries configuration, which the group takes.
 Resultado<std::vector<Envio>> prepararEnvio(dao::Database& db, const Ajustes& ajustes,
                                             TipoTarea clase, const Destino& destino);

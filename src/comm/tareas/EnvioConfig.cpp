@@ -169,15 +169,10 @@ class EnvioConfig final : public motor::CursoTarea {
 
   Resultado<> preparar() {
     configuracion::Destino d{.grupo = t_.Grupo, .tipo = t_.Tipo, .addr = t_.Addr};
-    if (!t_.Todo) {
-      const int suya = static_cast<int>(t_.Desde);
-      d.maquina = suya;
-      TARVO_TOMAR(const auto esta,
-                  e_.db.uno(u"SELECT 1 FROM BZAS WHERE SUGPO=? AND NMBZA=?", t_.Grupo, suya));
-      if (esta.nulo())
-        return tarvo::fallo(Fallo::NoExiste, e_.textos(kTxSinEsaBalanza, {t_.Grupo, suya + 1}));
-    }
+    if (!t_.Todo) d.maquina = static_cast<int>(t_.Desde);
     TARVO_TOMAR(auto envios, configuracion::prepararEnvio(e_.db, e_.ajustes, t_.Clase, d));
+    if (d.maquina && envios.empty())
+      return tarvo::fallo(Fallo::NoExiste, e_.textos(kTxSinEsaBalanza, {t_.Grupo, *d.maquina + 1}));
     for (Envio& envio : envios) anadir(std::move(envio));
     preparado_ = true;
     return {};
