@@ -161,7 +161,7 @@ double lineaLenta() {
   const auto repertorio = tareas::repertorio();
   enlace::Enlaces enlaces(reloj, ajustes, fabrica, azar);
   motor::gestcomm motor({*db, ajustes, reloj, sesion, textosDePrueba()}, enlaces, repertorio);
-  if (motor.NuevaTarea(1, true, 0, 9'999'999, TipoTarea::TxPlus) != 0)
+  if (motor.NuevaTarea(1, true, 0, 9'999'999, TipoTarea::TxPlus) != motor::Pedida::EnCola)
     morir(QStringLiteral("sin tarea"));
   while (motor.tareas().front().Traza < 0 && reloj.siguiente()) {
   }

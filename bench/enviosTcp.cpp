@@ -71,7 +71,8 @@ class Mesa {
   // These tasks for the group; opening and closing aren't timed.
   void enviar(std::span<const TipoTarea> clases, const Cronometro& medir) {
     for (const TipoTarea clase : clases)
-      if (motor_.NuevaTarea(1, true, 0, 9'999'999, clase) != 0) morir(QStringLiteral("sin tarea"));
+      if (motor_.NuevaTarea(1, true, 0, 9'999'999, clase) != motor::Pedida::EnCola)
+        morir(QStringLiteral("sin tarea"));
     esperarTcp([&] { return motor_.tareas().front().Traza >= 0; });
     medir([&] { esperarTcp([&] { return motor_.CuantosQuedan().enCurso == 0; }); });
     esperarTcp([&] { return motor_.tareas().empty(); });

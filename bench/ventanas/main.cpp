@@ -131,7 +131,8 @@ int main(int argc, char** argv) {
   const envios::Grupos grupos(*db, ajustes, textos, reloj);
   comm::registrarVentanasComm(escritorio.ventanas(), {motor, enlaces, sesion, repertorio, grupos});
   for (int i = 0; i < kTareas; ++i)
-    if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) != 0)
+    if (motor.NuevaTarea(1 + i % kGrupos, true, 0, 9999999, TipoTarea::RxPlus) !=
+        motor::Pedida::EnCola)
       banco::morir(u"a task couldn't be queued"_s);
   const double sin = parte();
   ventanas::Ventana* v = escritorio.ventanas().abrir(u"gestcomm"_s);

@@ -166,10 +166,10 @@ void Automat::Interior::encolarDeNuevo(const std::vector<Diario::Tarea>& tareas)
   abrirMotor();
   for (const auto& tarea : tareas) {
     if (tarea.paso >= static_cast<qint64>(pasos.size())) continue;
-    const int codigo = ejecutor.repetir(pasos[static_cast<size_t>(tarea.paso)], tarea);
-    if (codigo == 0) continue;
+    const auto pedida = ejecutor.repetir(pasos[static_cast<size_t>(tarea.paso)], tarea);
+    if (pedida == motor::Pedida::EnCola) continue;
     Hecho h;
-    h.error(codigo);
+    h.error(static_cast<int>(pedida));
     h.decir(t.textos(kTxRechazadoAlReanudar, {tarea.grupo}));
     indice = tarea.paso;
     informar(h);

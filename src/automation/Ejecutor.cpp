@@ -135,19 +135,19 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
   }
   QStringList rechazados, motivos;
   for (const int g : **grupos) {
-    const int codigo =
+    const auto pedida =
         t_.motor.NuevaTarea(g, orden->todo, orden->desde, orden->hasta, p.tarea, e.paso);
-    if (codigo == 0) {
+    if (pedida == motor::Pedida::EnCola) {
       TARVO_INTENTAR(diario_.tareaEnCola(e.numero, e.paso, g, p.tarea));
       continue;
     }
-    const QString motivo = motivoRechazo(codigo, g, p.tarea);
+    const QString motivo = motivoRechazo(pedida, g, p.tarea);
     h.problemas = true;
     if (!motivos.contains(motivo)) motivos += motivo;
     rechazados += Ceros(g, 4);
     TARVO_INTENTAR(diario_.tareaRechazada(e.numero, e.paso, g, p.tarea, motivo));
     // The group's present sales are not read in this run, so it must not be told to forget them.
-    if (codigo == 1) {
+    if (pedida == motor::Pedida::YaUsada) {
       e.fallidos.insert(g);
       t_.motor.anadirGrupoFallido(g);
     }
@@ -159,9 +159,8 @@ Resultado<Hecho> Ejecutor::tarea(const PasoTarea& p, Ejecucion& e) {
 
 // In words. The engine has the same code for a missing group and for a kind of task unknown to it,
 // to this build or to the group.
-QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
-  constexpr int kDestinoMalo = 2, kRepetido = 3;
-  if (codigo == kRepetido)
+QString Ejecutor::motivoRechazo(motor::Pedida pedida, int grupo, TipoTarea clase) const {
+  if (pedida == motor::Pedida::Repetida)
     if (const auto mismas = t_.motor.MismasMaquinas(grupo)) return *mismas;
   const auto* c = t_.repertorio.de(clase);
   const auto numero = t_.db.uno(u"SELECT TIPO FROM GRUPOS WHERE CODGPO=?", grupo);
@@ -169,14 +168,15 @@ QString Ejecutor::motivoRechazo(int codigo, int grupo, TipoTarea clase) const {
   const auto tipo = hayGrupo ? deNumero<TipoGrupo>(numero->entero()) : std::nullopt;
   const bool nadie = !c || !c->crear || (*c->clave != 0 && !t_.ajustes.clases.tiene(clase));
   const bool ajena = hayGrupo && c && (!tipo || !c->valePara(*tipo));
-  return codigo == kDestinoMalo && (nadie || ajena) ? t_.textos(motor::kTxSinQuienEnvie)
-                                                    : mensajePaso(codigo, t_.textos);
+  return pedida == motor::Pedida::DestinoMalo && (nadie || ajena)
+             ? t_.textos(motor::kTxSinQuienEnvie)
+             : mensajePaso(static_cast<int>(pedida), t_.textos);
 }
 
-int Ejecutor::repetir(const PasoProceso& p, const Diario::Tarea& tarea) {
+motor::Pedida Ejecutor::repetir(const PasoProceso& p, const Diario::Tarea& tarea) {
   const auto* paso = std::get_if<PasoTarea>(&p);
   const auto orden = paso ? ordenDe(*paso) : std::nullopt;
-  if (!orden) return 2;
+  if (!orden) return motor::Pedida::DestinoMalo;
   return t_.motor.NuevaTarea(tarea.grupo, orden->todo, orden->desde, orden->hasta, paso->tarea,
                              tarea.paso);
 }

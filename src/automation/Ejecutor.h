@@ -53,8 +53,8 @@ class Ejecutor {
   // Carries out step `e.paso` of the run. An Error only when the record of the run could not be
   // written.
   Resultado<Hecho> hacer(const PasoProceso& p, Ejecucion& e, Vigilancia& vigilancia);
-  // Requeues a task of a step that was queued before the run was interrupted: 0, or its error code.
-  int repetir(const PasoProceso& p, const Diario::Tarea& tarea);
+  // Requeues a task of a step that was queued before the run was interrupted.
+  motor::Pedida repetir(const PasoProceso& p, const Diario::Tarea& tarea);
   // True once the queue is empty; otherwise sets the rule under which the rest is watched.
   bool colaVacia(const PasoControl& espera, Vigilancia& vigilancia);
 
@@ -65,7 +65,7 @@ class Ejecutor {
   };
   void sinElegidos(int codigo, const Ejecucion& e, Hecho& h) const;
   Resultado<Hecho> tarea(const PasoTarea& p, Ejecucion& e);
-  QString motivoRechazo(int codigo, int grupo, TipoTarea clase) const;
+  QString motivoRechazo(motor::Pedida pedida, int grupo, TipoTarea clase) const;
   Hecho sesion(const PasoSesion& p, Ejecucion& e);
   bool puedeOlvidar(Hecho& h);
   void cerrar(const PasoSesion& p, Ejecucion& e, Hecho& h);

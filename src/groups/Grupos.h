@@ -15,6 +15,7 @@
 namespace tarvo::groups {
 
 inline constexpr int kUltimoCodigo = 9999;  // four digits in an export of totals
+inline constexpr int kLargoDeNombre = 30;
 
 struct Resumen {
   int codigo = 0;

@@ -210,7 +210,7 @@ TEST(Grupos, ElCodigoNuevoLlegaALosPeriodosYALaCola) {
     t.sql(u"insert into "_s + fila.toString());
   auto& motor = t.aplicacion.gestcomm();
   motor.CambioAModo(false);
-  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot), 0);
+  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot), motor::Pedida::EnCola);
   groups::Grupos grupos(t.aplicacion.catalogo(), t.fondo->ajustes);
   auto g = bien(grupos.cargar(9));
   g.Telefono = u"otro"_s;
@@ -251,12 +251,13 @@ TEST(Secciones, SeVanConLasTareasDeSusGrupos) {
   auto& motor = t.aplicacion.gestcomm();
   motor.CambioAModo(false);
   for (const int g : {9, 9, 8})
-    ASSERT_EQ(motor.NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 0) << g;
+    ASSERT_EQ(motor.NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), motor::Pedida::EnCola)
+        << g;
   motor.EliminarTarea(motor.tareas().front().datos.Id);
   articles::Secciones secciones(t.aplicacion.catalogo());
   EXPECT_EQ(bien(secciones.loQueSeVa(3)).tareas, 1);
   // A process is still to talk to it: refused, with nothing gone.
-  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot, 2), 0);
+  ASSERT_EQ(motor.NuevaTarea(9, true, 0, 9999999, TipoTarea::RxGrTot, 2), motor::Pedida::EnCola);
   const auto no = secciones.borrar(3);
   ASSERT_FALSE(no);
   EXPECT_EQ(no.error().clase, Fallo::Ocupado);

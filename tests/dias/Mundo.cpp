@@ -203,11 +203,12 @@ void Mundo::enviar(const std::vector<const Grupo*>& grupos, Envio e) {
                   .arg(e.hasta)
                   .arg(e.calma ? u" en calma"_s : QString()));
   for (const Grupo* g : grupos) {
-    const int r =
+    const auto r =
         motor.NuevaTarea(g->codigo, e.todo, e.desde, e.hasta, *deNumero<TipoTarea>(e.clase));
     const bool vale = e.clase == kArticulos || (e.clase == kBorrar ? !g->vek() : g->vek());
-    if ((r == 0) != vale)
-      return fallar(u"grupo %1, clase %2: NuevaTarea da %3"_s.arg(g->codigo).arg(e.clase).arg(r));
+    if ((r == motor::Pedida::EnCola) != vale)
+      return fallar(u"grupo %1, clase %2: NuevaTarea da %3"_s.arg(g->codigo).arg(e.clase).arg(
+          static_cast<int>(r)));
   }
   const double dia = std::floor(t_.reloj.ahora().dias());
   const bool entero = correrCola(e);

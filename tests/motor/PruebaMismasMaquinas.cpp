@@ -33,8 +33,11 @@ TEST_F(Reglas, LasMaquinasDeOtroGrupoNoSeRecogen) {
     EXPECT_EQ(!dice->isEmpty(), c.mismas) << g << dice->toStdString();
     EXPECT_TRUE(gestor->MismasMaquinas(g)->isEmpty());
     for (const auto clase : {TipoTarea::RxGrTot, TipoTarea::TxZero})
-      EXPECT_EQ(gestor->NuevaTarea(g + 1, true, 0, 9999999, clase), c.mismas ? 3 : 0) << g;
-    EXPECT_EQ(gestor->NuevaTarea(g + 1, true, 0, 9999999, TipoTarea::TxPlus), 0);
+      EXPECT_EQ(gestor->NuevaTarea(g + 1, true, 0, 9999999, clase),
+                c.mismas ? motor::Pedida::Repetida : motor::Pedida::EnCola)
+          << g;
+    EXPECT_EQ(gestor->NuevaTarea(g + 1, true, 0, 9999999, TipoTarea::TxPlus),
+              motor::Pedida::EnCola);
     gestor->terminator();
     sql(u"DELETE FROM GRUPOS"_s);
     sql(u"DELETE FROM BZAS"_s);

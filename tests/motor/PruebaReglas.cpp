@@ -12,15 +12,18 @@ TEST_F(Reglas, LoQueNoSePuedeEncolar) {
   grupo({.codigo = 9, .almacen = 0, .remoto = 0})
       .grupo({.codigo = 10, .tipo = 7, .almacen = 0, .remoto = 3})
       .grupo({.codigo = 11, .almacen = 0, .remoto = 9});
-  EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, TipoTarea::TxHora), 2);
-  EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, TipoTarea::TxHora), 2);
+  EXPECT_EQ(gestor->NuevaTarea(99, true, 0, 1, TipoTarea::TxHora), motor::Pedida::DestinoMalo);
+  EXPECT_EQ(gestor->NuevaTarea(9, true, 0, 1, TipoTarea::TxHora), motor::Pedida::DestinoMalo);
   for (const int g : {10, 11})  // of an unknown kind and with an unknown access
-    EXPECT_EQ(gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot), 2) << g;
-  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora), 2);  // registers have no clock
+    EXPECT_EQ(gestor->NuevaTarea(g, true, 0, 9999999, TipoTarea::RxGrTot),
+              motor::Pedida::DestinoMalo)
+        << g;
+  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 1, TipoTarea::TxHora),
+            motor::Pedida::DestinoMalo);  // registers have no clock
   motor::ClaseTarea sinQuienEnvie = *repertorio.de(TipoTarea::TxTecla);
   sinQuienEnvie.crear = nullptr;
   repertorio.anadir(sinQuienEnvie);
-  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla), 2);
+  EXPECT_EQ(gestor->NuevaTarea(1, true, 0, 1, TipoTarea::TxTecla), motor::Pedida::DestinoMalo);
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_EQ(repertorio.porClave(u"TXPLUS")->tarea, TipoTarea::TxPlus);
   EXPECT_EQ(repertorio.porClave(u""), nullptr);

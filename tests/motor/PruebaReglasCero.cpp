@@ -174,7 +174,7 @@ TEST_F(Reglas, LoQueOlvidoUnaDeVariasNoSePisaEnLaBandeja) {
   maquina(3, 6).percances().cambiar({});
   arrancar();
   for (const int addr : {4, 6, 4}) vender(3, 10, 500, 0, 1, addr);
-  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 9999999, TipoTarea::RxGrTot), 1);
+  EXPECT_EQ(gestor->NuevaTarea(3, true, 0, 9999999, TipoTarea::RxGrTot), motor::Pedida::YaUsada);
   ASSERT_TRUE(correr());
   EXPECT_EQ(bandeja(3, 17), leido);
 }

@@ -126,14 +126,14 @@ TEST_F(Reglas, LoQuitadoVuelveASuSitio) {
   tienda();
   gestor->VigilaProcesos(0, false, nullptr);
   gestor->CambioAModo(false);
-  EXPECT_EQ(gestor->ReponerTarea(), -1);
+  EXPECT_EQ(gestor->ReponerTarea(), std::nullopt);
   const int lectura = encolar(1, 17), cero = encolar(1, 6);
   gestor->EliminarTarea(cero);
   gestor->EliminarTarea(lectura);
   EXPECT_EQ(gestor->CuantosQuedan().total, 0);
   EXPECT_TRUE(gestor->GruposFallidos().contains(1));
-  EXPECT_EQ(gestor->ReponerTarea(), 0);  // the latest first
-  EXPECT_EQ(gestor->ReponerTarea(), 0);
+  EXPECT_EQ(gestor->ReponerTarea(), motor::Pedida::EnCola);  // the latest first
+  EXPECT_EQ(gestor->ReponerTarea(), motor::Pedida::EnCola);
   EXPECT_FALSE(gestor->hayQuitadas());
   ASSERT_EQ(gestor->tareas().size(), 2U);
   EXPECT_EQ(gestor->tareas().front().datos.Clase, TipoTarea::RxGrTot);
@@ -142,7 +142,7 @@ TEST_F(Reglas, LoQuitadoVuelveASuSitio) {
   EXPECT_EQ(bandeja(1, 17), u"1:3/300/600/0");
   EXPECT_EQ(maquina(1).memoria().puestas().size(), 1U);  // after the reading
   // A finished task is gone for good.
-  EXPECT_EQ(gestor->ReponerTarea(), -1);
+  EXPECT_EQ(gestor->ReponerTarea(), std::nullopt);
 }
 
 }  // namespace tarvo::prueba

@@ -107,9 +107,9 @@ void TiendaDeMotor::vender(int grupo, int articulo, qint64 importe, qint64 gramo
 }
 
 int TiendaDeMotor::encolar(int grupo, int clase, bool todo, qint64 desde, qint64 hasta) {
-  const int r = gestor->NuevaTarea(grupo, todo, desde, hasta, *deNumero<TipoTarea>(clase));
-  EXPECT_EQ(r, 0);
-  return r == 0 ? ++ultima_ : -1;
+  const auto r = gestor->NuevaTarea(grupo, todo, desde, hasta, *deNumero<TipoTarea>(clase));
+  EXPECT_EQ(r, motor::Pedida::EnCola);
+  return r == motor::Pedida::EnCola ? ++ultima_ : -1;
 }
 
 bool TiendaDeMotor::correr(int minutos) {

@@ -320,7 +320,7 @@ class Mundo::Mano {
     auto& motor = programa_->aplicacion().gestcomm();
     for (const TipoTarea clase : configuracion::kClases)
       if (configuracion::valePara(clase, static_cast<TipoGrupo>(p_->tipo)) &&
-          motor.NuevaTarea(p_->codigo, true, 0, 9'999'999, clase) != 0)
+          motor.NuevaTarea(p_->codigo, true, 0, 9'999'999, clase) != motor::Pedida::EnCola)
         w_.fallar(QStringLiteral("no se encola la configuración"));
     // Before it begins.
     if (azar_.ocurre(0.3)) cambiarCodigo();

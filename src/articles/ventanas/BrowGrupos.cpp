@@ -29,8 +29,6 @@ enum ColumnaArbol { kNombre, kNumero, kArticulos, kIva, kColumnas };
 constexpr int kSeccion = Qt::UserRole, kDepartamento = Qt::UserRole + 1, kGrupo = Qt::UserRole + 2;
 constexpr int kNombrePropio = Qt::UserRole + 3;
 
-constexpr int kLargoDeNombre = 30;
-
 // The name alone is edited, without the code that a group shows before it.
 class NombreSolo final : public QStyledItemDelegate {
  public:
@@ -47,7 +45,7 @@ class NombreSolo final : public QStyledItemDelegate {
     QWidget* editor = QStyledItemDelegate::createEditor(padre, como, indice);
     if (auto* linea = qobject_cast<QLineEdit*>(editor))
       linea->setMaxLength(
-          std::max<int>(kLargoDeNombre, indice.data(kNombrePropio).toString().size()));
+          std::max<int>(groups::kLargoDeNombre, indice.data(kNombrePropio).toString().size()));
     return editor;
   }
 };

@@ -61,7 +61,8 @@ void enviar(ventanas::Ventana& quien, const std::vector<int>& secciones, motor::
   ventanas::Ventana* comunicaciones = quien.abrir(comm::PuertaGestcomm());
   QStringList rechazados;
   for (const int grupo : *grupos)
-    if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, TipoTarea::TxPlus) != 0)
+    if (motor.NuevaTarea(grupo, false, 0, kUltimoCodigo, TipoTarea::TxPlus) !=
+        motor::Pedida::EnCola)
       rechazados << Ceros(grupo, 4);
   if (!rechazados.isEmpty() && comunicaciones)
     comunicaciones->decirDuda(quien.t(kTxSinEncolar).arg(rechazados.join(u", "_s)));

@@ -24,6 +24,7 @@ struct Envio {
   int maquina = kTodoElGrupo;  // its number in the group
   int addr = 0;                // of its frames
   maquinas::Piezas piezas;
+  maquinas::Diferencias diferencias;  // from what is stored, in frames that can be sent
   // Of all that it carries.
   QString huella() const;
 };
@@ -35,7 +36,8 @@ bool llevaConfiguracion(TipoTarea clase);
 // Whether a kind of group takes this kind of task.
 bool valePara(TipoTarea clase, TipoGrupo tipo);
 
-// In order of the machines' numbers; nothing for a group without machines. REQUIRES a kind that
+// In order of the machines' numbers; nothing for a group without machines, or without that one. The
+// options of a group go to all of its machines whichever is asked for. REQUIRES a kind that
 // carries configuration, which the group takes.
 Resultado<std::vector<Envio>> prepararEnvio(dao::Database& db, const Ajustes& ajustes,
                                             TipoTarea clase, const Destino& destino);

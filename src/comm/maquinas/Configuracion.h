@@ -40,12 +40,36 @@ enum class Asunto : int {
 };
 inline constexpr int kAsuntos = 23;
 
+// Why a machine gets something else than what is stored.
+enum class Causa : int {
+  NoCabe,            // its field takes a part of it
+  OtrasCifras,       // what the field takes reads otherwise
+  EnBlanco,          // the field takes nothing of it
+  OperadorQueFalta,  // goes as a blank one
+  FormatoQueFalta,   // its label position is cleared
+  LineaVacia,        // a format ends at its first empty line
+  JuegoQueFalta,     // the shop's own texts go
+  OtroJuego,         // a scale has one text set
+  TeclaRepetida,     // a later line has the same key
+  LineaPerdida,      // of a keyboard: no frame carries it
+  DeSobra,           // the machine has no place for another one
+};
+// A stored row, what it says, and what the machine gets in its place.
+struct Diferencia {
+  Asunto asunto = Asunto::Tecla;
+  int numero = 0;
+  Causa causa = Causa::NoCabe;
+  QString escrito, va = {};
+};
+using Diferencias = std::vector<Diferencia>;
+
 struct Pieza {
   Asunto asunto = Asunto::Tecla;
   int numero = 0;  // of the key, line, position..., 0 where there is only one
   Peticion peticion;
   bool vale = true;   // false: a number doesn't fit its field, or a stored line can't be read
   QString cambiadas;  // letters that the machine lacks, sent as others
+  Diferencias diferencias;
 };
 using Piezas = std::vector<Pieza>;
 
@@ -55,9 +79,14 @@ struct TextosDeTeclado {
   QString HARDPLU, TARASME, Teclado;
 };
 Piezas piezasDeTeclado(TipoGrupo tipo, int numero, int teclas, const TextosDeTeclado& textos);
+// The lines that don't count in the machine. Those after the last of a key that it has are of
+// another model's keyboard, and no loss.
+Diferencias perdidasDeTeclado(TipoGrupo tipo, int teclas, const TextosDeTeclado& textos);
 
 // The header lines of the ticket: six, five for kind 2.
 Piezas piezasDeTicket(TipoGrupo tipo, int numero, const QString& RZSOCIAL);
+// The further ones.
+Diferencias perdidasDeTicket(TipoGrupo tipo, const QString& RZSOCIAL);
 
 // A row of GRUPOS. Kinds 1 and 4.
 struct OpcionesDeGrupo {
@@ -75,6 +104,7 @@ struct OpcionesDeGrupo {
   struct Operador {
     QString nombre;
     bool training = false;
+    qint64 falta = 0;  // the code of one that doesn't exist
   };
   std::vector<Operador> operadores;  // from position 1
 };
@@ -97,6 +127,7 @@ Piezas piezasDeBalanza(TipoGrupo tipo, const OpcionesDeBalanza& o, bool conDepar
 
 // The ten label positions of a scale: the text of each format, nothing for a position without one.
 // `textos`: the label texts 21 to 40, where the country's scales take them.
+inline constexpr int kTextosDeBirch = 9;  // of these
 using FormatosDeEtiqueta = std::array<std::optional<QString>, 10>;
 Piezas piezasDeEtiquetas(TipoGrupo tipo, const FormatosDeEtiqueta& formatos,
                          const std::optional<std::array<QString, 20>>& textos);

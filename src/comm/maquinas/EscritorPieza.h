@@ -1,6 +1,7 @@
 // Writes the fields of a configuration frame, and notes what doesn't fit. Internal to the room.
 #pragma once
 
+#include "comm/maquinas/Articulo.h"
 #include "comm/maquinas/Configuracion.h"
 #include "comm/maquinas/Letras.h"
 
@@ -28,14 +29,20 @@ class EscritorPieza {
   // A text of exactly that width, in the machine's letters, with `fin` after it.
   EscritorPieza& texto(const QString& t, int ancho, QByteArrayView fin = {}) {
     const Escrito e = escribirLetras(tipo_, t, ancho);
-    for (const QChar c : e.cambiadas)
-      if (!pieza_.cambiadas.contains(c)) pieza_.cambiadas += c;
+    anotarCambiadas(e);
+    if (e.bytes.size() == ancho && largoDe(t) > ancho)
+      distinta(Causa::NoCabe, t, textoDeBalanza(tipo_, e.bytes));
     return crudo(Campo(e.bytes + fin.toByteArray(), ancho));
   }
-  // The last `ancho` characters of a bar code format, zeros on its left.
-  EscritorPieza& formatoDeCodigo(const QString& t, int ancho) {
+  // The last `ancho` characters of a bar code format, zeros on its left. `usado`: not only there to
+  // fill a field that the machine won't look at.
+  EscritorPieza& formatoDeCodigo(const QString& t, int ancho, bool usado = true) {
     constexpr qsizetype kMasLargo = 64;
-    return crudo(escribirLetras(tipo_, t, kMasLargo).bytes.right(ancho).rightJustified(ancho, '0'));
+    const Escrito e = escribirLetras(tipo_, t, kMasLargo);
+    const QByteArray va = e.bytes.right(ancho);
+    anotarCambiadas(e);
+    if (usado && largoDe(t) > ancho) distinta(Causa::NoCabe, t, textoDeBalanza(tipo_, va));
+    return crudo(va.rightJustified(ancho, '0'));
   }
   // Digits of a stored line as they are there; anything else can't be sent.
   EscritorPieza& cifras(QStringView t) {
@@ -46,9 +53,26 @@ class EscritorPieza {
     pieza_.peticion.datos += bytes;
     return *this;
   }
+  EscritorPieza& distinta(Causa causa, const QString& escrito, const QString& va = {}) {
+    pieza_.diferencias.push_back({pieza_.asunto, pieza_.numero, causa, escrito, va});
+    return *this;
+  }
   Pieza pieza() const { return pieza_; }
 
  private:
+  void anotarCambiadas(const Escrito& e) {
+    for (const QChar c : e.cambiadas)
+      if (!pieza_.cambiadas.contains(c)) pieza_.cambiadas += c;
+  }
+  // In the machine's letters, without blanks at its end.
+  qsizetype largoDe(const QString& t) const {
+    constexpr qsizetype kPorLetra = 4;
+    const QByteArray todo = escribirLetras(tipo_, t, (t.size() + 1) * kPorLetra).bytes;
+    qsizetype n = todo.size();
+    while (n > 0 && todo[n - 1] == ' ') --n;
+    return n;
+  }
+
   TipoGrupo tipo_;
   Pieza pieza_;
 };
@@ -60,6 +84,13 @@ inline QStringList lineasDe(const QString& texto) {
     if (linea.trimmed().isEmpty()) break;
     lineas += linea.trimmed();
   }
+  return lineas;
+}
+// All that aren't empty.
+inline QStringList todasLasLineasDe(const QString& texto) {
+  QStringList lineas;
+  for (const QString& linea : texto.split(QStringLiteral("\r\n")))
+    if (!linea.trimmed().isEmpty()) lineas += linea.trimmed();
   return lineas;
 }
 

@@ -10,6 +10,14 @@ constexpr qsizetype kLargoDeLinea = 15;
 // Before a text that has no header line.
 const QString kCabecera = QStringLiteral("001910000000000");
 
+Pieza vaciar(TipoGrupo tipo, int posicion, const QString& texto) {
+  EscritorPieza e(tipo, Asunto::FormatoDeEtiqueta, kVaciar, posicion);
+  const QStringList todas = todasLasLineasDe(texto);
+  if (const qsizetype van = lineasDe(texto).size(); van < todas.size())
+    e.distinta(Causa::LineaVacia, todas[van]);
+  return e.numero(posicion, 2).pieza();
+}
+
 void formato(TipoGrupo tipo, int posicion, const QString& texto, Piezas& salida) {
   QStringList lineas = lineasDe(texto);
   if (lineas.isEmpty()) return;
@@ -36,14 +44,12 @@ Piezas piezasDeEtiquetas(TipoGrupo tipo, const FormatosDeEtiqueta& formatos,
   int posicion = 0;
   for (const auto& f : formatos) {
     ++posicion;
-    salida.push_back(EscritorPieza(tipo, Asunto::FormatoDeEtiqueta, kVaciar, posicion)
-                         .numero(posicion, 2)
-                         .pieza());
+    salida.push_back(vaciar(tipo, posicion, f.value_or(QString())));
     if (f) formato(tipo, posicion, *f, salida);
   }
   if (!textos) return salida;
   if (tipo == TipoGrupo::Birch) {
-    constexpr int kJuegos = 9, kPorJuego = 9;
+    constexpr int kJuegos = 9, kPorJuego = kTextosDeBirch;
     for (int n = 0; n < kJuegos * kPorJuego; ++n)
       salida.push_back(EscritorPieza(tipo, Asunto::TextoDeEtiqueta, kTextoBirch, n % kPorJuego + 21)
                            .numero(n / kPorJuego + 1, 1)

@@ -8,7 +8,7 @@ namespace tarvo::maquinas {
 namespace {
 
 constexpr int kLargoEan13 = 12, kLargoEan8 = 7;
-constexpr qint64 kPrimerTipoDeBarras = 22;
+constexpr qint64 kPrimerTipoDeBarras = 22, kEan8 = 1;
 
 // A whole number of per cents goes without its decimals.
 qint64 tasa(qint64 centesimas) {
@@ -52,8 +52,9 @@ Piezas piezasDeGrupo(TipoGrupo tipo, const OpcionesDeGrupo& o) {
   salida.push_back(una(Asunto::NumerosComoPrecios, 270).siNo(o.PRLI).pieza());
   for (int n = 1; n <= std::ssize(o.operadores); ++n) {
     const auto& op = o.operadores[static_cast<size_t>(n - 1)];
-    salida.push_back(
-        una(Asunto::Operador, 30, n).numero(n, 2).texto(op.nombre, 16).siNo(op.training).pieza());
+    auto e = una(Asunto::Operador, 30, n).numero(n, 2).texto(op.nombre, 16).siNo(op.training);
+    if (op.falta != 0) e.distinta(Causa::OperadorQueFalta, QString::number(op.falta));
+    salida.push_back(e.pieza());
   }
   return salida;
 }
@@ -66,6 +67,7 @@ Piezas piezasDeBalanza(TipoGrupo tipo, const OpcionesDeBalanza& o, bool conDepar
                        .numero(o.MESS_R, 2)
                        .numero(o.MESS_T, 1)
                        .pieza());
+  const bool ean8 = o.TIPO_BC == kEan8;
   auto permisos = una(Asunto::Permisos, 250);
   for (const bool si : o.permisos) permisos.siNo(si);
   salida.push_back(permisos.pieza());
@@ -73,8 +75,8 @@ Piezas piezasDeBalanza(TipoGrupo tipo, const OpcionesDeBalanza& o, bool conDepar
                        .siNo(o.HABIL_BC)
                        .caracter(kPrimerTipoDeBarras + o.TIPO_BC - 1)
                        .numero(o.FIJO_BC, 7)
-                       .formatoDeCodigo(o.FORMA_BC, kLargoEan13)
-                       .formatoDeCodigo(o.FORMA_BC, kLargoEan8)
+                       .formatoDeCodigo(o.FORMA_BC, kLargoEan13, !ean8)
+                       .formatoDeCodigo(o.FORMA_BC, kLargoEan8, ean8)
                        .pieza());
   salida.push_back(
       una(Asunto::CodigoDePlu, 230).numero(o.DIGIT_PLU, 1).numero(o.FIJO_PLU, 5).pieza());

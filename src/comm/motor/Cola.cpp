@@ -82,17 +82,17 @@ Resultado<bool> gestcomm::Interior::hayGrupo(int grupo) {
   return n.entero() > 0;
 }
 
-int gestcomm::Interior::nueva(const DatosTarea& que) {
+Pedida gestcomm::Interior::nueva(const DatosTarea& que) {
   const TipoTarea clase = que.Clase;
   const int grupo = que.Grupo;
   const ClaseTarea* c = repertorio.de(clase);
   // A build lacks kinds by their keyword; the kind without one is in all builds.
   const bool tiene = c && (*c->clave == 0 || entorno.ajustes.clases.tiene(clase));
-  if (!tiene || !c->crear) return 2;
+  if (!tiene || !c->crear) return Pedida::DestinoMalo;
   if (c->esLectura || clase == TipoTarea::TxZero) {
     const auto mismas = fuera.MismasMaquinas(grupo);
-    if (!mismas) return 2;
-    if (!mismas->isEmpty()) return 3;
+    if (!mismas) return Pedida::DestinoMalo;
+    if (!mismas->isEmpty()) return Pedida::Repetida;
   }
   if (c->total) {
     const auto puede = entorno.sesion.PuedeRecibir(grupo, *c->total);
@@ -100,12 +100,12 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
       // Not read, so the machine must not be told to forget: if that can't be recorded either, the
       // zeroing can't get permission.
       static_cast<void>(entorno.sesion.lecturaFallida(grupo, *c->total));
-      return 2;
+      return Pedida::DestinoMalo;
     }
-    if (!*puede) return 1;
+    if (!*puede) return Pedida::YaUsada;
   }
   auto datos = leerGrupo(grupo);
-  if (!datos || !*datos || !c->valePara((*datos)->Tipo)) return 2;
+  if (!datos || !*datos || !c->valePara((*datos)->Tipo)) return Pedida::DestinoMalo;
   auto t = std::make_unique<TareaViva>();
   t->datos = std::move(**datos);
   t->datos.Id = que.Id != 0 ? que.Id : ++ultimoId;
@@ -121,7 +121,7 @@ int gestcomm::Interior::nueva(const DatosTarea& que) {
   tareas.emplace(id, std::move(t));
   mirarPronto();
   cambioCola();
-  return 0;
+  return Pedida::EnCola;
 }
 
 // Those under way end as they began. A group that can't be read leaves them as they are: they are

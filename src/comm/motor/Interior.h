@@ -129,7 +129,7 @@ struct gestcomm::Interior {
   }
 
   // Cola.cpp: the queue `Id` 0 for a new task, else its former place in the queue.
-  int nueva(const DatosTarea& que);
+  Pedida nueva(const DatosTarea& que);
   void hacerEsperar(const TareaViva& t);
   Resultado<std::optional<DatosTarea>> leerGrupo(int grupo);
   void mudarTareas(int antes, int ahora);
@@ -202,7 +202,7 @@ struct gestcomm::Interior {
   // Ordenes.cpp: the operator
   void seguirTarea(int id);
   void reintentar(TareaViva& t);
-  int reponer();
+  std::optional<Pedida> reponer();
   bool esperaReapertura(int canal) const;
   void detener(int id);
   void eliminar(int id);

@@ -28,8 +28,8 @@ void gestcomm::Interior::reintentar(TareaViva& t) {
 }
 
 // Undoes the latest removal: the task is requested anew, in its old place in the queue.
-int gestcomm::Interior::reponer() {
-  if (quitadas.empty()) return -1;
+std::optional<Pedida> gestcomm::Interior::reponer() {
+  if (quitadas.empty()) return {};
   const DatosTarea que = std::move(quitadas.back());
   quitadas.pop_back();
   return nueva(que);

@@ -129,8 +129,8 @@ class CursoTarea {
   virtual Resultado<std::vector<totals::Aviso>> cerrar() = 0;
   // The task is given up; returns the notices about it.
   virtual std::vector<totals::Aviso> abandonar() { return {}; }
-  // What it read, wrote or left in the machine, as a line for the grid, once it has ended well;
-  // empty if its first notice says so.
+  // What it read, wrote or left in the machine, once it has ended well: a line for the grid, and
+  // perhaps further ones for its diagnosis; empty if its first notice says so.
   virtual QString trajo() const { return {}; }
   // What it left out although it ended well, as a line for the grid; empty for nothing.
   virtual QString reparo() const { return {}; }

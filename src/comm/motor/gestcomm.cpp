@@ -35,8 +35,8 @@ gestcomm::gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTa
 
 gestcomm::~gestcomm() = default;
 
-int gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
-                         qint64 paso) {
+Pedida gestcomm::NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
+                            qint64 paso) {
   DatosTarea que;
   que.Grupo = grupo;
   que.Clase = clase;
@@ -138,7 +138,7 @@ void gestcomm::EliminarTarea(int id) {
   d->cambioCola();
 }
 
-int gestcomm::ReponerTarea() {
+std::optional<Pedida> gestcomm::ReponerTarea() {
   return d->reponer();
 }
 

@@ -59,16 +59,22 @@ struct VistaCanal {
   bool operator==(const VistaCanal&) const = default;
 };
 
+// What has become of a requested task.
+enum class Pedida : int {
+  EnCola,
+  YaUsada,      // refused by the session rule
+  DestinoMalo,  // no such group, a kind not valid for it, or a group that doesn't communicate
+  Repetida,     // a reading or a zeroing of machines that another group has
+};
+
 class gestcomm final : private enlace::ClienteEnlace {
  public:
   gestcomm(Entorno entorno, enlace::Enlaces& enlaces, const RepertorioTareas& repertorio);
   ~gestcomm();
 
-  // 0 queued; 1 refused by the session rule; 2 no such group, a kind not valid for it, or a group
-  // that doesn't communicate; 3 a reading or a zeroing of machines that another group has. `paso`:
-  // the requesting step of a process.
-  int NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
-                 qint64 paso = -1);
+  // `paso`: the requesting step of a process.
+  Pedida NuevaTarea(int grupo, bool todo, qint64 desde, qint64 hasta, TipoTarea clase,
+                    qint64 paso = -1);
   // Which group with a lower code has machines of this one at the same address, in words; empty for
   // none. Those of this one are neither read nor zeroed.
   Resultado<QString> MismasMaquinas(int grupo) const;
@@ -98,8 +104,8 @@ class gestcomm final : private enlace::ClienteEnlace {
   void DetenerTarea(int id);
   void EliminarTarea(int id);
   // Undoes the latest EliminarTarea not yet undone: the task is requested anew, in its old place.
-  // Returns as NuevaTarea; -1 if there is none.
-  int ReponerTarea();
+  // Nothing if there is none.
+  std::optional<Pedida> ReponerTarea();
   bool hayQuitadas() const;
   // A group is to be deleted: whether no task of it is under way or belongs to a process. Ocupado
   // otherwise, with a sentence.

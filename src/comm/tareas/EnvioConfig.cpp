@@ -1,8 +1,10 @@
 // The sending of configuration: keyboards, tickets, options of a group and of its scales, labels.
 // A refused frame goes once more after all others, and with it what belongs to it: a label position
 // is cleared and filled anew. A silent machine is passed over until the others have theirs.
+#include <QSet>
 #include <algorithm>
 #include <deque>
+#include <iterator>
 #include <utility>
 
 #include "comm/configuracion/Aceptado.h"
@@ -21,8 +23,37 @@ using motor::Siguiente;
 
 // After so many refusals in a row they aren't about the frames.
 constexpr int kNegadasSeguidas = 20;
-constexpr int kNombradas = 20;
+constexpr qsizetype kNombradas = 20;
 constexpr qint64 kEsperaAnotar = 1000;  // ms
+
+// A stored value as a person can read it in one line: its ends, if it is long.
+QString visible(QString texto) {
+  constexpr qsizetype kPrincipio = 30, kFinal = 25;
+  for (QChar& c : texto)
+    if (!c.isPrint()) c = u' ';
+  texto = texto.trimmed();
+  if (texto.size() <= kPrincipio + kFinal) return texto;
+  return texto.first(kPrincipio) + u'…' + texto.last(kFinal);
+}
+
+// Sentences of one weight: each once, the first ones in full.
+class Frases {
+ public:
+  void decir(const QString& frase) {
+    if (dichas_.contains(frase)) return;
+    dichas_ += frase;
+    if (primeras_.size() < kNombradas) primeras_ += frase;
+  }
+  QStringList lista(int grupo, const Textos& textos) const {
+    const auto mas = static_cast<int>(dichas_.size() - primeras_.size());
+    if (mas == 0) return primeras_;
+    return primeras_ + QStringList{Plural(textos(kTxConfigYMas, {grupo}), mas)};
+  }
+
+ private:
+  QStringList primeras_;
+  QSet<QString> dichas_;
+};
 
 class EnvioConfig final : public motor::CursoTarea {
  public:
@@ -89,10 +120,12 @@ class EnvioConfig final : public motor::CursoTarea {
     for (const Turno& turno : turnos_) mal += turno.negadas.size() + turno.malas.size();
     return mal == 0 ? QString() : e_.textos(kTxReparoConfig, {mal});
   }
+  // Where it reads otherwise than what is stored here.
+  QString trajo() const override { return cambios().join(u'\n'); }
   QString MostrarTraza() const override {
     if (cola_.empty()) return {};
     const Turno& turno = turnos_[cola_.front().turno];
-    const QString que = nombreDe(actual());
+    const QString que = nombreDe(deQue(actual()));
     return turno.envio.maquina == kTodoElGrupo
                ? que
                : e_.textos(kTxPasoConfig, {turno.envio.maquina + 1, que});
@@ -113,25 +146,33 @@ class EnvioConfig final : public motor::CursoTarea {
     bool otraVez = false;
   };
 
+  // A subject, and its number.
+  struct Que {
+    maquinas::Asunto asunto = maquinas::Asunto::Tecla;
+    int numero = 0;
+    bool operator==(const Que&) const = default;
+  };
+  static Que deQue(const Pieza& p) { return {p.asunto, p.numero}; }
+
   const Pieza& actual() const {
     const Bloque& b = cola_.front();
     return turnos_[b.turno].envio.piezas[b.pos];
   }
-  QString nombreDe(const Pieza& p) const {
-    return e_.textos(kTxAsuntoConfig + static_cast<int>(p.asunto), {p.numero});
+  QString nombreDe(const Que& que) const {
+    return e_.textos(kTxAsuntoConfig + static_cast<int>(que.asunto), {que.numero});
+  }
+  // It isn't sent.
+  static bool esMala(const Turno& turno, const Que& que) {
+    return std::ranges::any_of(turno.malas,
+                               [&](size_t cual) { return deQue(turno.envio.piezas[cual]) == que; });
   }
 
   Resultado<> preparar() {
     configuracion::Destino d{.grupo = t_.Grupo, .tipo = t_.Tipo, .addr = t_.Addr};
-    if (!t_.Todo) {
-      const int suya = static_cast<int>(t_.Desde);
-      d.maquina = suya;
-      TARVO_TOMAR(const auto esta,
-                  e_.db.uno(u"SELECT 1 FROM BZAS WHERE SUGPO=? AND NMBZA=?", t_.Grupo, suya));
-      if (esta.nulo())
-        return tarvo::fallo(Fallo::NoExiste, e_.textos(kTxSinEsaBalanza, {t_.Grupo, suya + 1}));
-    }
+    if (!t_.Todo) d.maquina = static_cast<int>(t_.Desde);
     TARVO_TOMAR(auto envios, configuracion::prepararEnvio(e_.db, e_.ajustes, t_.Clase, d));
+    if (d.maquina && envios.empty())
+      return tarvo::fallo(Fallo::NoExiste, e_.textos(kTxSinEsaBalanza, {t_.Grupo, *d.maquina + 1}));
     for (Envio& envio : envios) anadir(std::move(envio));
     preparado_ = true;
     return {};
@@ -142,9 +183,7 @@ class EnvioConfig final : public motor::CursoTarea {
     const auto& piezas = turno.envio.piezas;
     for (size_t i = 0, fin = 0; i < piezas.size(); i = fin) {
       bool valen = true;
-      for (fin = i; fin < piezas.size() && piezas[fin].asunto == piezas[i].asunto &&
-                    piezas[fin].numero == piezas[i].numero;
-           ++fin)
+      for (fin = i; fin < piezas.size() && deQue(piezas[fin]) == deQue(piezas[i]); ++fin)
         valen = valen && piezas[fin].vale;
       if (valen) {
         cola_.push_back({turnos_.size() - 1, i, fin, i});
@@ -188,46 +227,62 @@ class EnvioConfig final : public motor::CursoTarea {
   }
 
   // The machine, as a person counts them, before what is told of it.
-  QString lugar(const Turno& turno, const Pieza& p) const {
-    const QString que = nombreDe(p);
+  QString lugar(const Turno& turno, const Que& de) const {
+    const QString que = nombreDe(de);
     return turno.envio.maquina == kTodoElGrupo
                ? que
                : e_.textos(kTxAsuntoDeBalanza, {turno.envio.maquina + 1, que});
   }
-  std::vector<totals::Aviso> avisos(bool acabada) const {
-    std::vector<totals::Aviso> salida;
-    const auto decir = [&](int texto, const QString& que, const QString& por, bool grave) {
-      if (std::ssize(salida) < kNombradas)
-        salida.push_back({t_.Grupo, e_.textos(texto, {t_.Grupo, que, por}), grave});
-    };
-    int aceptan = 0;
-    QStringList faltan;
+  QStringList faltas() const {
+    Frases frases;
     for (const Turno& turno : turnos_) {
       const auto& piezas = turno.envio.piezas;
       for (const auto& [cual, error] : turno.negadas)
-        decir(kTxConfigRechazada, lugar(turno, piezas[cual]), motivoDeRechazo(error, e_.textos),
-              true);
+        frases.decir(e_.textos(kTxConfigRechazada, {t_.Grupo, lugar(turno, deQue(piezas[cual])),
+                                                    motivoDeRechazo(error, e_.textos)}));
       for (const size_t cual : turno.malas)
-        decir(kTxConfigNoVale, lugar(turno, piezas[cual]), {}, true);
-      for (const Pieza& p : piezas)
+        frases.decir(e_.textos(kTxConfigNoVale, {t_.Grupo, lugar(turno, deQue(piezas[cual]))}));
+    }
+    return frases.lista(t_.Grupo, e_.textos);
+  }
+  // Where what is sent isn't what is stored.
+  QStringList cambios() const {
+    Frases frases;
+    for (const Turno& turno : turnos_) {
+      for (const Pieza& p : turno.envio.piezas)
         if (!p.cambiadas.isEmpty())
-          decir(kTxConfigOtrasLetras, lugar(turno, p), p.cambiadas, false);
+          frases.decir(
+              e_.textos(kTxConfigOtrasLetras, {t_.Grupo, lugar(turno, deQue(p)), p.cambiadas}));
+      for (const maquinas::Diferencia& d : turno.envio.diferencias)
+        if (!esMala(turno, {d.asunto, d.numero}))
+          frases.decir(e_.textos(
+              kTxConfigDistinta + static_cast<int>(d.causa),
+              {t_.Grupo, lugar(turno, {d.asunto, d.numero}), visible(d.escrito), visible(d.va)}));
+    }
+    return frases.lista(t_.Grupo, e_.textos);
+  }
+  std::vector<totals::Aviso> avisos(bool acabada) const {
+    std::vector<totals::Aviso> salida;
+    for (const QString& frase : faltas()) salida.push_back({t_.Grupo, frase, true});
+    for (const QString& frase : cambios()) salida.push_back({t_.Grupo, frase, false});
+    const QString resumen = acabada ? aceptado() : sinAcabar();
+    if (!resumen.isEmpty()) salida.push_back({t_.Grupo, resumen, !acabada});
+    return salida;
+  }
+  QString sinAcabar() const {
+    QStringList faltan;
+    for (const Turno& turno : turnos_)
       if (turno.quedan > 0 && turno.envio.maquina != kTodoElGrupo)
         faltan += QString::number(turno.envio.maquina + 1);
-      aceptan += turno.aceptado ? 1 : 0;
-    }
-    if (!acabada && !faltan.isEmpty())
-      salida.push_back(
-          {t_.Grupo, e_.textos(kTxConfigSinAcabar, {t_.Grupo, faltan.join(QStringLiteral(", "))}),
-           true});
-    if (acabada && turnos_.empty())
-      salida.push_back({t_.Grupo, e_.textos(kTxNadaQueConfigurar, {t_.Grupo}), false});
-    else if (acabada && turnos_.front().envio.maquina == kTodoElGrupo && aceptan > 0)
-      salida.push_back({t_.Grupo, e_.textos(kTxConfigDeGrupo, {t_.Grupo}), false});
-    else if (acabada && turnos_.front().envio.maquina != kTodoElGrupo)
-      salida.push_back(
-          {t_.Grupo, e_.textos(kTxConfigDeBalanzas, {t_.Grupo, aceptan, turnos_.size()}), false});
-    return salida;
+    if (faltan.isEmpty()) return {};
+    return e_.textos(kTxConfigSinAcabar, {t_.Grupo, faltan.join(QStringLiteral(", "))});
+  }
+  QString aceptado() const {
+    if (turnos_.empty()) return e_.textos(kTxNadaQueConfigurar, {t_.Grupo});
+    const auto aceptan = std::ranges::count_if(turnos_, &Turno::aceptado);
+    if (turnos_.front().envio.maquina != kTodoElGrupo)
+      return e_.textos(kTxConfigDeBalanzas, {t_.Grupo, aceptan, turnos_.size()});
+    return aceptan > 0 ? e_.textos(kTxConfigDeGrupo, {t_.Grupo}) : QString();
   }
 
   const motor::DatosTarea t_;

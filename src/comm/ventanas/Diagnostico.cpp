@@ -93,12 +93,13 @@ Resultado<> Diagnostico::entrar(const PuertaDiagnostico& puerta) {
           .arg(Ceros(tarea->datos.Id, 3),
                t(kTxDestino)
                    .arg(clase ? t(clase->nombre) : QString(), Ceros(tarea->datos.Grupo, 4))));
-  decir(tarea->Estado, tarea->Error, tarea->textoError);
+  decir(tarea->Estado, tarea->Error, tarea->textoError, tarea->trajo);
   return {};
 }
 
-// A task that wasn't sent waits like any other, and is not all right.
-void Diagnostico::decir(int estado, int error, const QString& textoError) {
+// A task that wasn't sent waits like any other, and is not all right. `trajo`: what it says if
+// nothing is wrong with it.
+void Diagnostico::decir(int estado, int error, const QString& textoError, const QString& trajo) {
   const bool normal = esNormal(estado), incompleta = normal && !textoError.isEmpty();
   const bool denegada = estado == motor::kEnEspera && error == motor::kErrorSuprimido;
   const Estado tono = incompleta ? Estado::Duda : normal ? Estado::Bien : Estado::Mal;
@@ -109,8 +110,8 @@ void Diagnostico::decir(int estado, int error, const QString& textoError) {
                             : acabada ? kTxTerminadoIncompleto
                             : normal  ? kTxSinAnomalia
                                       : kTxConAnomalia));
-  ui_.TxtDetalle->setVisible(!normal || incompleta);
-  ui_.TxtDetalle->setPlainText(textoError);
+  ui_.TxtDetalle->setVisible(!normal || incompleta || !trajo.isEmpty());
+  ui_.TxtDetalle->setPlainText(incompleta ? textoError : trajo);
   ui_.LblRemedio->setVisible(!normal || denegada);
   if (denegada) ui_.LblRemedio->setText(t(kTxRemedioDenegada));
   if (normal) return;

@@ -14,7 +14,7 @@ class Diagnostico final : public ventanas::Ventana {
   Resultado<> entrar(const PuertaDiagnostico& puerta);
 
  private:
-  void decir(int estado, int error, const QString& textoError);
+  void decir(int estado, int error, const QString& textoError, const QString& trajo = {});
 
   Ui::FormaDiagnostico ui_;
   Servicios s_;

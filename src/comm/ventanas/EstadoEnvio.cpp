@@ -229,7 +229,7 @@ void EstadoEnvio::enviar() {
   int encoladas = 0;
   for (const envios::Encargo& tarea : e->tareas)
     if (s_.motor.NuevaTarea(destino_->grupo, tarea.todo, tarea.rango.desde, tarea.rango.hasta,
-                            TipoTarea::TxPlus) == 0)
+                            TipoTarea::TxPlus) == motor::Pedida::EnCola)
       ++encoladas;
   if (encoladas < static_cast<int>(e->tareas.size())) return decirFallo(t(kTxGrupoNoComunica));
   fuera_ = e->imposibles > 0 ? t(kTxSobrantesSinBorrar, e->imposibles) : QString();
@@ -249,7 +249,8 @@ void EstadoEnvio::pedir() {
   if (!destino_ || !destino_->conCross()) return;
   if (fila < 0) return decirPista(t(kTxEligeArticulo));
   const qint64 codigo = ui_.lista->valor(fila, u"CODPLU").entero();
-  if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, TipoTarea::RxDatPlu) != 0)
+  if (s_.motor.NuevaTarea(destino_->grupo, true, codigo, codigo, TipoTarea::RxDatPlu) !=
+      motor::Pedida::EnCola)
     return decirFallo(t(kTxGrupoNoComunica));
   ui_.LblFicha->setText(t(kTxPidiendo));
 }

@@ -61,11 +61,11 @@ void encolarGrupos(ventanas::Ventana& quien, motor::gestcomm& motor, const std::
   int puestas = 0;
   QStringList sinComunicar, fuera;
   for (const int grupo : grupos) {
-    const int r = motor.NuevaTarea(grupo, que.todo, que.desde, que.hasta, que.clase);
-    puestas += r == 0 ? 1 : 0;
-    usada = usada || r == 1;
-    if (r == 2) sinComunicar << Ceros(grupo, 4);
-    if (r != 3) continue;
+    const auto r = motor.NuevaTarea(grupo, que.todo, que.desde, que.hasta, que.clase);
+    puestas += r == motor::Pedida::EnCola ? 1 : 0;
+    usada = usada || r == motor::Pedida::YaUsada;
+    if (r == motor::Pedida::DestinoMalo) sinComunicar << Ceros(grupo, 4);
+    if (r != motor::Pedida::Repetida) continue;
     const auto mismas = motor.MismasMaquinas(grupo);
     if (quien.haIdoBien(mismas)) fuera << *mismas;
   }

@@ -23,20 +23,22 @@ Resultado<Dados> leerDados(Database& db) {
   return dados;
 }
 
-// The tables and views that are there once all steps of a room have run, or those of `dados`; the
-// value is true for a table.
-std::map<QString, bool> objetosDe(const TablasDeSala& sala,
-                                  const std::set<qint64>* dados = nullptr) {
+enum class Objeto { Tabla, Vista };
+
+// The tables and views that are there once all steps of a room have run, or those of `dados`.
+std::map<QString, Objeto> objetosDe(const TablasDeSala& sala,
+                                    const std::set<qint64>* dados = nullptr) {
   static const QRegularExpression sentencia(
       u"^\\s*(create|drop) (table|view) (?:if (?:not )?exists )?\\[?(\\w+)"_s,
       QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
-  std::map<QString, bool> objetos;
+  std::map<QString, Objeto> objetos;
   for (const Paso& p : sala.pasos) {
     if (dados && !dados->contains(p.numero)) continue;
     for (const auto& m : sentencia.globalMatch(p.guion)) {
       if (m.captured(1).compare(u"create", Qt::CaseInsensitive) == 0)
-        objetos[m.captured(3).toLower()] =
-            m.captured(2).compare(u"table", Qt::CaseInsensitive) == 0;
+        objetos[m.captured(3).toLower()] = m.captured(2).compare(u"table", Qt::CaseInsensitive) == 0
+                                               ? Objeto::Tabla
+                                               : Objeto::Vista;
       else
         objetos.erase(m.captured(3).toLower());
     }
@@ -53,8 +55,8 @@ bool completa(Database& db, const TablasDeSala& sala) {
 Resultado<> sinPerdidas(Database& db, const TablasDeSala& sala, const Dados& dados) {
   const auto suyos = dados.find(sala.sala);
   if (!sala.insustituible || suyos == dados.end()) return {};
-  for (const auto& [nombre, esTabla] : objetosDe(sala, &suyos->second))
-    if (esTabla && !db.existeTabla(nombre))
+  for (const auto& [nombre, clase] : objetosDe(sala, &suyos->second))
+    if (clase == Objeto::Tabla && !db.existeTabla(nombre))
       return fallo(
           Fallo::NoEsBaseDatos,
           QStringLiteral("La base de datos está dañada: ha perdido la tabla «%1». Recupere "

@@ -121,7 +121,7 @@ void EditorGrupo::enviar(Ventana* quien) {
     comunicaciones = contexto().ventanas.abrir(comm::PuertaGestcomm(), dueno());
   QStringList fuera;
   for (const TareaDebida& e : envios)
-    if (motor_.NuevaTarea(r.codigo, e.todo, 0, kUltimoArticulo, e.clase) != 0)
+    if (motor_.NuevaTarea(r.codigo, e.todo, 0, kUltimoArticulo, e.clase) != motor::Pedida::EnCola)
       fuera << QString::number(tarvo::numeroDe(e.clase));
   Ventana* donde = comunicaciones ? comunicaciones : quien;
   if (fuera.isEmpty()) {

@@ -225,7 +225,7 @@ void EditorGrupo::montarIdentidad(Formulario f) {
   modo.limites = t(ventanas::kTxDeA).arg(1).arg(kUltimoCodigo);
   modo.faltaDebajo = true;
   cod_ = &g.fila(ventanas::kTxCodigoConLetra, u"txCodigo"_s, std::move(modo));
-  nom_ = &g.fila(ventanas::kTxNombreConLetra, u"txNombre"_s, texto(r.nombre, 30));
+  nom_ = &g.fila(ventanas::kTxNombreConLetra, u"txNombre"_s, texto(r.nombre, kLargoDeNombre));
   auto* lista = new QComboBox(cuerpo());
   llenar(*lista, contexto().nombres.secciones(), 3);
   lista->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);

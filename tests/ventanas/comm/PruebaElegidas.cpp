@@ -171,4 +171,27 @@ TEST_F(Gestcomm, LaOrdenQueNoSePuedeDicePorQue) {
             u"Hecho con 1 tarea. A 1 de las elegidas no se le puede hacer eso tal como está.");
 }
 
+// What goes otherwise than it was typed is in the grid, and whole in the diagnosis.
+TEST_F(Gestcomm, LoQueNoVaComoSeEscribioSeLee) {
+  dosGrupos();
+  sql(u"UPDATE BZAS SET RZSOCIAL='C:0:Frutas y verduras de la abuela Pepa\r\nHola' WHERE SUGPO=1"_s);
+  abrir(u"gestcomm"_s);
+  gestor->NuevaTarea(1, true, 0, 0, TipoTarea::TxTick);
+  ASSERT_TRUE(hasta([&] { return cola()->filas() == 1 && celda(0, u"Estado") == u"Terminado"; }));
+  const QString dice =
+      u"Grupo 1: en la línea 1 del ticket de la balanza 1 no cabe «Frutas y "
+      u"verduras de la abuela Pepa», y va «Frutas y verduras de la abu»: acórtelo."_s;
+  EXPECT_EQ(celda(0, u"Problema"), QString(dice + u" …"_s));
+  cola()->irA(0);
+  QString dicho;
+  luego([&](QWidget* d) {
+    auto* detalle = d->findChild<QPlainTextEdit*>(u"TxtDetalle"_s);
+    dicho = detalle->isVisible() ? detalle->toPlainText() : QString();
+    QTest::keyClick(d, Qt::Key_Escape);
+  });
+  QTest::keyClick(static_cast<QWidget*>(cola()->vista()), Qt::Key_Return);
+  EXPECT_EQ(dicho.section(u'\n', 0, 0), dice);
+  EXPECT_EQ(dicho.count(u"«Hola»"_s), 1);
+}
+
 }  // namespace tarvo::prueba

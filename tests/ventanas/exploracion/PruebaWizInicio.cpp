@@ -157,7 +157,8 @@ TEST(WizInicio, DiceQueHayComunicacionesEnMarcha) {
   EXPECT_FALSE(t.seVe(u"ocupadas"));
   t.aplicacion.gestcomm().cambiaronCanales();
   t.aplicacion.gestcomm().CambioAModo(true);
-  ASSERT_EQ(t.aplicacion.gestcomm().NuevaTarea(1, true, 0, 0, TipoTarea::TxHora), 0);
+  ASSERT_EQ(t.aplicacion.gestcomm().NuevaTarea(1, true, 0, 0, TipoTarea::TxHora),
+            motor::Pedida::EnCola);
   EXPECT_TRUE(t.hasta([&] { return t.seVe(u"ocupadas"); }, 5));
 }
 

@@ -67,7 +67,8 @@ TEST(Manana, UnGrupoFallidoAbreLoQueLoExplica) {
     t.nocheMala();
     if (c.duda) t.sql(u"INSERT INTO Dudas (GRUPO, ADDR) VALUES (2, 0)"_s);
     if (c.tarea) {
-      EXPECT_EQ(t.aplicacion.gestcomm().NuevaTarea(2, true, 0, 0, TipoTarea::RxGrTot), 0);
+      EXPECT_EQ(t.aplicacion.gestcomm().NuevaTarea(2, true, 0, 0, TipoTarea::RxGrTot),
+                motor::Pedida::EnCola);
     }
     if (!c.traza) t.sql(u"UPDATE Ejecuciones SET TRAZA=''"_s);
     if (c.bandeja) {

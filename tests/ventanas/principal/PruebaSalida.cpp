@@ -154,7 +154,7 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
   t.grupo(
       {.codigo = 71, .remoto = 3, .acceso = u"127.0.0.1:%1"_s.arg(muda.serverPort()), .addr = 1});
   auto* v = t.principal();
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), motor::Pedida::EnCola);
   ASSERT_TRUE(esperar([&] { return !motor.puedeCerrar(); }));
   QTest::keyClick(v, Qt::Key_Escape);
   EXPECT_TRUE(v->isVisible());
@@ -165,7 +165,7 @@ TEST(Principal, PreguntaAlMotorQueSigueSinSuVentana) {
     return motor.tareas().empty();
   }));
   motor.CambioAModo(false);
-  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), 0);
+  ASSERT_EQ(motor.NuevaTarea(71, true, 0, 9999999, TipoTarea::RxGrTot), motor::Pedida::EnCola);
   const auto salir = [v](const QString& boton) {
     QString dicho;
     QTimer::singleShot(50, qApp, [&dicho, boton] {

@@ -52,7 +52,10 @@ Estado tonoDeEstado(int estado) {
 
 QString textoProblema(const motor::VistaTarea& t, const Textos& textos) {
   if (!t.textoError.isEmpty()) return t.textoError;
-  if (t.Error == 0) return t.trajo;
+  if (t.Error == 0) {
+    const qsizetype fin = t.trajo.indexOf(u'\n');
+    return fin < 0 ? t.trajo : t.trajo.first(fin) + u" …"_s;
+  }
   const auto e = motor::textosError(t.Error, textos);
   return (e.mensaje.isEmpty() ? e.cabecera : e.mensaje).trimmed();
 }

@@ -189,11 +189,11 @@ void gestcommVentana::reponer() {
   std::set<int> antes;
   for (const motor::VistaTarea& v : s_.motor.tareas()) antes.insert(v.datos.Id);
   for (size_t i = 0; i < cuantas && s_.motor.hayQuitadas(); ++i) {
-    const int r = s_.motor.ReponerTarea();
-    if (r == 0)
+    const auto r = s_.motor.ReponerTarea();
+    if (r == motor::Pedida::EnCola)
       ++vuelven;
     else
-      dicho << t(r == 1 ? kTxNoRepuestaSesion : kTxNoRepuesta);
+      dicho << t(r == motor::Pedida::YaUsada ? kTxNoRepuestaSesion : kTxNoRepuesta);
   }
   dicho.removeDuplicates();
   const bool todas = dicho.isEmpty();
