@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "totals/libros/Accesos.h"
 #include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Bajas.h"
 #include "totals/libros/SesionInterior.h"
@@ -47,6 +48,7 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->leidosAhora.clear();
   d->retenidas.clear();
   d->rechazadas.clear();
+  d->porDecir.clear();
 }
 
 void Sesion::ponerEnProceso(bool si) {
@@ -145,6 +147,8 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, TipoTotal clase) {
 }
 
 Resultado<> Sesion::PrepararRecepcion(int grupo, TipoTotal clase) {
+  TARVO_TOMAR(const QString acceso, accesoDe(db_, grupo));
+  d->accesos[{grupo, clase}] = acceso;
   return d->anotarLectura(grupo, clase, Estado::kEnCurso, reloj_.ahora());
 }
 
@@ -154,7 +158,9 @@ Resultado<> Sesion::lecturaFallida(int grupo, TipoTotal clase) {
   const auto rechazada = d->rechazadas.find({grupo, clase});
   if (rechazada != d->rechazadas.end()) {
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(anotarRechazada(db_, grupo, clase, rechazada->second, sec));
+    TARVO_TOMAR(const auto otros, otrosDelAcceso(db_, grupo, rechazada->second.acceso));
+    if (otros.empty())
+      TARVO_INTENTAR(anotarRechazada(db_, grupo, clase, rechazada->second.lectura, sec));
   }
   TARVO_INTENTAR(tr.confirmar());
   if (rechazada != d->rechazadas.end()) d->rechazadas.erase(rechazada);

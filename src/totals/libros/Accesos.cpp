@@ -1,0 +1,164 @@
+#include "totals/libros/Accesos.h"
+
+#include <algorithm>
+#include <set>
+
+#include "core/dao/Recorrido.h"
+#include "core/valores/Tipos.h"
+#include "totals/libros/SesionInterior.h"
+
+namespace tarvo::totals {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using dao::Database;
+
+// Numbers of deleted groups: a code and how often it was deleted, below zero.
+constexpr int kCodigos = 100'000;
+constexpr QChar kEntreNombres = u' ', kEntrePartes = u'|';
+
+std::set<QString> nombres(const QString& acceso) {
+  const QStringList lista = acceso.split(kEntreNombres, Qt::SkipEmptyParts);
+  return {lista.begin(), lista.end()};
+}
+
+bool comparten(const std::set<QString>& a, const std::set<QString>& b) {
+  return std::ranges::any_of(a, [&b](const QString& nombre) { return b.contains(nombre); });
+}
+
+std::set<QString> menos(std::set<QString> a, const std::set<QString>& b) {
+  std::erase_if(a, [&b](const QString& nombre) { return b.contains(nombre); });
+  return a;
+}
+
+// One writing for all of an address or a device.
+QString sinAdornos(const QString& telefono) {
+  QString t = telefono.toLower();
+  t.removeIf([](QChar c) { return c.isSpace(); });
+  return t.replace(u"localhost"_s, u"127.0.0.1"_s);
+}
+
+// The groups with memorised counters, deleted ones included.
+Resultado<std::vector<int>> conCuenta(Database& db) {
+  return dao::reunir(
+      db.consultar(u"SELECT DISTINCT GRUPO FROM Lecturas WHERE LINK IS NOT NULL ORDER BY GRUPO"),
+      [](const dao::Recordset& f) { return static_cast<int>(f.entero(0)); });
+}
+
+Resultado<std::vector<int>> losQueHay(Database& db) {
+  return dao::reunir(db.consultar(u"SELECT CODGPO FROM GRUPOS ORDER BY CODGPO"),
+                     [](const dao::Recordset& f) { return static_cast<int>(f.entero(0)); });
+}
+
+}  // namespace
+
+Resultado<QString> accesoDe(Database& db, int grupo) {
+  TARVO_TOMAR(const auto g,
+              db.consultar(u"SELECT TIPO, remoto, canal, TELEF, COALESCE(ADDR, 0) FROM GRUPOS "
+                           u"WHERE CODGPO=?",
+                           grupo));
+  if (g->Eof()) return QString();
+  const auto acceso = deNumero<TipoAcceso>(g->entero(1));
+  const auto tipo = deNumero<TipoGrupo>(g->entero(0));
+  // Behind the port of a host is what the line needs, and no other machine.
+  const QString donde = acceso == TipoAcceso::Directo ? QString::number(g->entero(2))
+                        : acceso == TipoAcceso::TcpIp ? sinAdornos(g->texto(3)).section(u',', 0, 0)
+                                                      : sinAdornos(g->texto(3));
+  if (!acceso || acceso == TipoAcceso::Ninguno || donde.isEmpty()) return QString();
+  QString linea = QStringList{g->texto(0), g->texto(1), donde}.join(kEntrePartes);
+  if (tipo == TipoGrupo::Ebony) linea += kEntrePartes + g->texto(4);
+  if (tipo != TipoGrupo::Registradoras) return linea;
+  TARVO_TOMAR(
+      const auto cajas,
+      dao::reunir(
+          db.consultar(u"SELECT COALESCE(ADDR, 0) FROM BZAS WHERE SUGPO=? ORDER BY ADDR", grupo),
+          [&](const dao::Recordset& f) { return linea + kEntrePartes + f.texto(0); }));
+  return QStringList(cajas.begin(), cajas.end()).join(kEntreNombres);
+}
+
+Resultado<QString> accesoDeBase(Database& db, int grupo) {
+  TARVO_TOMAR(const auto acceso,
+              db.uno(u"SELECT MAX(BASE_ACCESO) FROM Lecturas WHERE GRUPO=?", grupo));
+  return acceso.texto();
+}
+
+Resultado<std::vector<int>> otrosDelAcceso(Database& db, int grupo, const QString& acceso) {
+  TARVO_TOMAR(const QString suyo, accesoDeBase(db, grupo));
+  const auto antes = nombres(suyo), ahora = nombres(acceso);
+  const auto nuevos = menos(ahora, antes), dejados = menos(antes, ahora);
+  if (nuevos.empty()) return std::vector<int>{};
+  std::set<int> otros;
+  TARVO_TOMAR(const auto cuentan, conCuenta(db));
+  for (const int otro : cuentan) {
+    if (otro == grupo) continue;
+    TARVO_TOMAR(const QString alli, accesoDeBase(db, otro));
+    if (comparten(nombres(alli), nuevos)) otros.insert(otro);
+  }
+  if (std::ranges::find(cuentan, grupo) != cuentan.end()) {
+    TARVO_TOMAR(const auto hay, losQueHay(db));
+    for (const int otro : hay) {
+      if (otro == grupo) continue;
+      TARVO_TOMAR(const QString alli, accesoDe(db, otro));
+      if (comparten(nombres(alli), dejados)) otros.insert(otro);
+    }
+  }
+  return std::vector<int>(otros.begin(), otros.end());
+}
+
+Resultado<> asentarAcceso(Database& db, int grupo, const QString& acceso) {
+  TARVO_INTENTAR(db.ejecutar(u"UPDATE Lecturas SET BASE_ACCESO=? WHERE GRUPO=?",
+                             acceso.isEmpty() ? dao::Valor() : dao::Valor(acceso), grupo));
+  TARVO_TOMAR(const auto cuentan, conCuenta(db));
+  for (const int otro : cuentan) {
+    if (otro >= 0) break;
+    TARVO_TOMAR(const QString alli, accesoDeBase(db, otro));
+    if (otro == grupo || !comparten(nombres(alli), nombres(acceso))) continue;
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM BaseFilas WHERE GRUPO=?", otro));
+    TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Lecturas WHERE GRUPO=?", otro));
+  }
+  return {};
+}
+
+Resultado<> quitarDelAcceso(Database& db, int grupo, int addr) {
+  TARVO_TOMAR(const QString acceso, accesoDeBase(db, grupo));
+  QStringList quedan = acceso.split(kEntreNombres, Qt::SkipEmptyParts);
+  const QString fin = kEntrePartes + QString::number(addr);
+  quedan.removeIf([&fin](const QString& nombre) { return nombre.endsWith(fin); });
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE Lecturas SET BASE_ACCESO=? WHERE GRUPO=? AND BASE_ACCESO IS "
+                  u"NOT NULL",
+                  quedan.join(kEntreNombres), grupo));
+  return {};
+}
+
+Resultado<> dejarSueltas(Database& db, int grupo) {
+  TARVO_TOMAR(const QString acceso, accesoDeBase(db, grupo));
+  TARVO_TOMAR(const auto cuantas,
+              db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=? AND LINK IS NOT NULL", grupo));
+  if (acceso.isEmpty() || cuantas.entero() == 0) return {};
+  for (const ClaseTotal& c : todasLasClases()) TARVO_INTENTAR(apartarBase(db, grupo, c.tipo));
+  int suelto = -kCodigos - grupo;
+  for (;; suelto -= kCodigos) {
+    TARVO_TOMAR(const auto hay, db.uno(u"SELECT count(*) FROM Lecturas WHERE GRUPO=?", suelto));
+    if (hay.entero() == 0) break;
+  }
+  TARVO_INTENTAR(db.ejecutar(
+      u"INSERT INTO Lecturas (GRUPO, CLASE, LINK, BASE_DESDE, BASE_HASTA, BASE_ANTIGUA, BASE_SEC, "
+      u"BASE_DUDOSA, BASE_ACCESO, APARTE) SELECT ?, CLASE, LINK, BASE_DESDE, BASE_HASTA, "
+      u"BASE_ANTIGUA, BASE_SEC, BASE_DUDOSA, BASE_ACCESO, 1 FROM Lecturas WHERE GRUPO=? AND LINK "
+      u"IS NOT NULL",
+      suelto, grupo));
+  TARVO_INTENTAR(
+      db.ejecutar(u"UPDATE BaseFilas SET GRUPO=?, CODI=CASE CLASE WHEN ? THEN ? ELSE CODI END "
+                  u"WHERE GRUPO=?",
+                  suelto, numeroDe(TipoTotal::GranTotal), suelto, grupo));
+  return {};
+}
+
+int codigoDe(int grupo) {
+  return grupo < 0 ? -grupo % kCodigos : grupo;
+}
+
+}  // namespace tarvo::totals
