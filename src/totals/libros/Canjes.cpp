@@ -44,13 +44,16 @@ using Casos = std::map<int, Caso>;  // by group
 
 // --- the evidence -------------------------------------------------------------------------------
 
-// The memorised counters of a group as a whole against the reading of another, or its own.
+// The memorised counters of a group as a whole against the reading of another, or its own. Other
+// sales are meant to show: as many of an article for another amount are as good as fewer.
 Resultado<Testimonio> testimonioDe(Database& db, const ClaseTotal& c, int grupo, int otro) {
   TARVO_TOMAR(
       const auto f,
       db.consultar(
           conMarcas(
-              u"SELECT count(*), SUM(b.CON>0 AND COALESCE(n.CON,0)<b.CON), SUM(b.CON>0 AND "
+              u"SELECT count(*), SUM(COALESCE(n.CON,0)<b.CON OR COALESCE(n.PES,0)<b.PES OR "
+              u"COALESCE(n.IMP,0)<b.IMP OR (n.CON=b.CON AND (n.PES<>b.PES OR n.IMP<>b.IMP))), "
+              u"SUM(b.CON>0 AND "
               u"COALESCE(n.CON,0)=0), SUM(COALESCE(n.CON,0)=b.CON AND COALESCE(n.PES,0)=b.PES AND "
               u"COALESCE(n.IMP,0)=b.IMP), SUM(b.PES<>0 AND n.CON=b.CON AND n.PES=b.PES AND "
               u"n.IMP=b.IMP), SUM(b.CON>1 AND n.CON=b.CON AND n.PES=b.PES AND n.IMP=b.IMP), "
@@ -183,6 +186,24 @@ void asentarLosSuyos(Casos& casos) {
       for (auto& [g, c] : casos) c.ajenas.erase(grupo);
     }
   }
+}
+
+// Nothing says that the machine isn't the group's, and no other reading that its counters are
+// elsewhere.
+bool esSuya(const Casos& casos, int grupo) {
+  const Caso& c = casos.at(grupo);
+  const bool reclamada = std::ranges::any_of(casos, [grupo](const auto& x) {
+    const auto suya = x.second.ajenas.find(grupo);
+    return suya != x.second.ajenas.end() &&
+           (suya->second == Prueba::Sigue || suya->second == Prueba::NoSeSabe);
+  });
+  if (c.dudoso || reclamada) return false;
+  if (c.ajenas.empty() || c.propia == Prueba::Vacia)
+    return !c.hay(Prueba::Sigue) && !c.hay(Prueba::NoSeSabe);
+  const bool deNadie = std::ranges::all_of(c.ajenas, [&c](const auto& x) {
+    return x.second == Prueba::Otra || (x.second == Prueba::Vacia && c.propia == Prueba::Sigue);
+  });
+  return deNadie && c.propia != Prueba::Otra;
 }
 
 // The group whose counters the reading goes on from, and from no others.
@@ -380,10 +401,7 @@ Resultado<std::set<int>> seguirMaquinas(Database& db, const Ajustes& ajustes, co
   TARVO_TOMAR(const auto reparto, repartir(db, casos));
   TARVO_INTENTAR(cambiar(db, ajustes, textos, casos, reparto, avisos));
   for (auto& [grupo, caso] : casos) {
-    const bool deNadie = !caso.hay(Prueba::Sigue) && !caso.hay(Prueba::NoSeSabe);
-    const bool puedeSerla = caso.propia != Prueba::Otra || caso.ajenas.empty();
-    const bool suya = deNadie && puedeSerla && !reparto.contains(grupo) && !caso.dudoso;
-    if (caso.asentado || suya) {
+    if (caso.asentado || (!reparto.contains(grupo) && esSuya(casos, grupo))) {
       TARVO_INTENTAR(asentar(db, caso, grupo));
       continue;
     }
