@@ -3,8 +3,10 @@
 // counters of one are compared with those of the other. Rules: docs/libros.md.
 #pragma once
 
+#include <map>
 #include <vector>
 
+#include "core/ajustes/Ajustes.h"
 #include "core/dao/Database.h"
 
 namespace tarvo::totals {
@@ -31,5 +33,11 @@ Resultado<> quitarDelAcceso(dao::Database& db, int grupo, int addr);
 Resultado<> dejarSueltas(dao::Database& db, int grupo);
 // The code that the group has, or had when it was deleted.
 int codigoDe(int grupo);
+
+// What is known of the machines of some groups goes to others of them. By receiving group: whose
+// machines it has from now on. REQUIRES that each group in it gives once and receives once, that no
+// question about them is open and no zeroing of theirs is half done, and the memorised counters of
+// all set apart (apartarBase).
+Resultado<> traspasar(dao::Database& db, const Ajustes& ajustes, const std::map<int, int>& deQuien);
 
 }  // namespace tarvo::totals

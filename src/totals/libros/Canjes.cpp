@@ -12,7 +12,6 @@
 #include "totals/libros/Grupos.h"
 #include "totals/libros/SesionInterior.h"
 #include "totals/libros/Testigos.h"
-#include "totals/libros/Traspaso.h"
 
 namespace tarvo::totals {
 

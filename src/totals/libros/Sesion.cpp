@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/ajustes/Sala.h"
 #include "totals/libros/Accesos.h"
 #include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Bajas.h"
@@ -22,7 +23,18 @@ const QString kClaveNombre = u"SesionNombre"_s;
 // period. Without a run, or in a resumed one, there may have been sales in between.
 constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
 
+constexpr Limites kEstados{0, 2};
+
 }  // namespace
+
+SalaDeAjustes ajustesSesion(Fecha ahora) {
+  using A = AjustesSesion;
+  return salaDeAjustes(
+      A{.SesionAbier = 0, .SesionHasta = ahora, .SesionACero = ahora},
+      {clave<&A::SesionAbier, ini::leerLimitado<kEstados>>(800, u"SesiónAbier"),
+       clave<&A::SesionHasta, ini::leerFecha, ini::verFecha>(801, u"SesiónHasta"),
+       clave<&A::SesionACero, ini::leerFecha, ini::verFecha>(802, u"SesiónACero")});
+}
 
 Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos)
     : db_(db),
