@@ -176,6 +176,29 @@ TEST(Canjes, QuienLoSabeContesta) {
   EXPECT_TRUE(c.t.ponerACero(1));
 }
 
+// Both groups are asked about, although one has no counters of its own: "no" for both means that
+// each has its machine.
+TEST(Canjes, LasRespuestasDeUnoNoTocanAlOtro) {
+  for (const bool primeroElVacio : {false, true}) {
+    Canje c;
+    EXPECT_TRUE(c.t.ponerACero(1) && c.t.ponerACero(2));
+    c.vender(1, 4, 7);
+    c.noche({1});
+    c.t.amanecer();
+    c.canje();
+    c.vender(1, 8, 7), c.vender(2, 24, 7);
+    c.noche({1, 2});
+    ASSERT_TRUE(c.pendiente(1) && c.pendiente(2)) << c.t.textoAvisos().toStdString();
+    for (const int g : primeroElVacio ? std::array{2, 1} : std::array{1, 2})
+      c.t.responder(g, 0, false);
+    for (const int g : {1, 2}) c.t.cuadra(g);
+    c.t.amanecer();
+    c.vender(1, 3, 7), c.vender(2, 3, 5);
+    c.noche({1, 2});
+    for (const int g : {1, 2}) c.t.cuadra(g);
+  }
+}
+
 // A deleted group's machines at a new group's place have its sales already, unless it comes back.
 TEST(Canjes, LasDeUnGrupoBorradoNoCuentanDosVeces) {
   for (const bool porOtroPrograma : {false, true})

@@ -321,15 +321,14 @@ Resultado<> cambiar(Database& db, const Ajustes& ajustes, const Textos& textos, 
 }
 
 // A person has said of each machine in question whether it forgot.
-Resultado<std::optional<bool>> respuestaDelGrupo(Database& db, int grupo) {
-  TARVO_TOMAR(const auto r, db.consultar(u"SELECT count(*), count(RESPUESTA), MIN(RESPUESTA) FROM "
-                                         u"Dudas WHERE GRUPO=? AND DE IS NOT NULL",
+Resultado<bool> contestada(Database& db, int grupo) {
+  TARVO_TOMAR(const auto r, db.consultar(u"SELECT count(*), count(RESPUESTA) FROM Dudas WHERE "
+                                         u"GRUPO=? AND DE IS NOT NULL",
                                          grupo));
-  if (r->entero(0) == 0 || r->entero(0) != r->entero(1)) return std::nullopt;
-  return std::optional(r->logico(2));
+  return r->entero(0) > 0 && r->entero(0) == r->entero(1);
 }
 
-// Without counters of its own the question is about those of the other group.
+// Without counters of its own all that it has is new, whatever is answered.
 Resultado<std::map<int, Testimonios>> deQueSePregunta(Database& db, const Ajustes& ajustes,
                                                       const Caso& caso, int grupo) {
   TARVO_TOMAR(const auto lista, releidas(db, ajustes));
@@ -338,6 +337,7 @@ Resultado<std::map<int, Testimonios>> deQueSePregunta(Database& db, const Ajuste
     TARVO_TOMAR(const auto leidas, direccionesLeidas(db, caso, grupo));
     const int addr = leidas.size() == 1 ? *leidas.begin() : 0;
     TARVO_TOMAR(maquinas[addr], testimoniosAnte(db, caso, grupo, caso.otros.front()));
+    for (auto& [clase, t] : maquinas[addr]) t.conAntes = t.impAntes = 0;
   }
   for (auto it = maquinas.begin(); it != maquinas.end();) {
     TARVO_TOMAR(const auto dicho, respuestaDe(db, grupo, it->first));
@@ -367,20 +367,11 @@ Resultado<> asentar(Database& db, const Caso& caso, int grupo) {
   return {};
 }
 
-// A person's answers come first. A machine without counters of its own that wasn't zeroed has those
-// of the other group.
-Resultado<> obedecer(Database& db, const Ajustes& ajustes, Casos& casos) {
+// A person's answers come first: the group has its machines, zeroed or not.
+Resultado<> obedecer(Database& db, Casos& casos) {
   for (auto& [grupo, caso] : casos) {
-    TARVO_TOMAR(const auto dicho, respuestaDelGrupo(db, grupo));
+    TARVO_TOMAR(const bool dicho, contestada(db, grupo));
     if (!dicho) continue;
-    if (!*dicho && caso.propia == Prueba::Vacia) {
-      TARVO_TOMAR(const auto de, db.uno(u"SELECT MAX(DE) FROM Dudas WHERE GRUPO=?", grupo));
-      const auto otro = static_cast<int>(de.entero());
-      if (caso.ajenas.contains(otro)) {
-        TARVO_INTENTAR(traspasar(db, ajustes, {{grupo, otro}, {otro, grupo}}));
-        TARVO_INTENTAR(recolocar(db, caso, grupo));
-      }
-    }
     caso.asentado = true;
     for (auto& [g, c] : casos) c.ajenas.erase(grupo);
   }
@@ -395,7 +386,7 @@ Resultado<std::set<int>> seguirMaquinas(Database& db, const Ajustes& ajustes, co
   TARVO_TOMAR(auto casos, leerCasos(db, ajustes));
   if (casos.empty()) return fuera;
   TARVO_INTENTAR(probarTodas(db, casos));
-  TARVO_INTENTAR(obedecer(db, ajustes, casos));
+  TARVO_INTENTAR(obedecer(db, casos));
   asentarLosSuyos(casos);
   TARVO_TOMAR(const auto reparto, repartir(db, casos));
   TARVO_INTENTAR(cambiar(db, ajustes, textos, casos, reparto, avisos));
