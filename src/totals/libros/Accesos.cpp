@@ -65,7 +65,7 @@ Resultado<QString> accesoDe(Database& db, int grupo) {
   if (g->Eof()) return QString();
   const auto acceso = deNumero<TipoAcceso>(g->entero(1));
   const auto tipo = deNumero<TipoGrupo>(g->entero(0));
-  // Behind the port of a host is what the line needs, and no other machine.
+  // After the port of a host comes what the line needs, and no other machine.
   const QString donde = acceso == TipoAcceso::Directo ? QString::number(g->entero(2))
                         : acceso == TipoAcceso::TcpIp ? sinAdornos(g->texto(3)).section(u',', 0, 0)
                                                       : sinAdornos(g->texto(3));

@@ -22,7 +22,7 @@ Resultado<QString> accesoDeBase(dao::Database& db, int grupo);
 Resultado<std::vector<int>> otrosDelAcceso(dao::Database& db, int grupo, const QString& acceso);
 
 // Inside the caller's transaction, like all that follows. The group's memorised counters are those
-// of the machines at `acceso`; nobody's are there any more of a group that was deleted.
+// of the machines at `acceso`; those of deleted groups that were read there are gone.
 Resultado<> asentarAcceso(dao::Database& db, int grupo, const QString& acceso);
 // A register left the group.
 Resultado<> quitarDelAcceso(dao::Database& db, int grupo, int addr);
