@@ -126,6 +126,26 @@ void Mundo::cambiarMaquinas() {
     }
 }
 
+// The machines of two groups of a kind change their addresses with them.
+void Mundo::canjearAccesos() {
+  const auto solo = [this](const PlanGrupo* g) {
+    return g->remoto == 3 && std::ranges::count(vivos_, g->linea(), &PlanGrupo::linea) == 1;
+  };
+  for (PlanGrupo* a : vivos_)
+    for (PlanGrupo* b : vivos_) {
+      if (a == b || a->tipo != b->tipo || !solo(a) || !solo(b)) continue;
+      traza(QStringLiteral("  los grupos %1 y %2 cambian sus direcciones")
+                .arg(a->codigo)
+                .arg(b->codigo));
+      std::swap(hilos_.cables[a->linea()], hilos_.cables[b->linea()]);
+      std::swap(a->acceso, b->acceso);
+      for (const PlanGrupo* g : {a, b})
+        oraculo_->base().filas("UPDATE GRUPOS SET TELEF='" + g->acceso.toUtf8() +
+                               "' WHERE CODGPO=" + QByteArray::number(g->codigo));
+      return;
+    }
+}
+
 void Mundo::hacerDia(QDate fecha) {
   const QByteArray d = QByteArray::number(Fecha::de(fecha).dias(), 'f', 1);
   oraculo_->base().filas(
@@ -184,6 +204,7 @@ void Mundo::dia(int n) {
   const QDate fecha = plan_.primerDia.addDays(n);
   const PlanNoche& p = plan_.noches[static_cast<std::size_t>(n)];
   if (p.cambio && todoBien_) cambiarMaquinas();
+  if (p.canje) canjearAccesos();
   std::vector<int> pueden(codigos_.begin() + static_cast<std::ptrdiff_t>(plan_.noches.size()),
                           codigos_.end());
   for (auto& m : maquinas_) {

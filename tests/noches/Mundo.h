@@ -39,6 +39,7 @@ class Mundo {
   void apuntar(MaquinaViva& m, simulador::Lista lista, int lineas, Azar& azar);
   void devolver(MaquinaViva& m, QDate cuando);
   void cambiarMaquinas();
+  void canjearAccesos();
   void hacerDia(QDate fecha);
   // A person answers the program's questions in the morning.
   void responder();

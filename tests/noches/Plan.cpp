@@ -45,7 +45,7 @@ Plan::Plan(quint64 s, bool conCostumbres) : semilla(s) {
     noches.back().minuto = azar.entero(21 * 60 + 10, 23 * 60);
     noches.back().fallos.resize(maquinas);
   }
-  if (conCostumbres) costumbres(), ediciones();
+  if (conCostumbres) costumbres(), ediciones(), canjes();
 }
 
 // The habits of people in a shop, with or without faults.
@@ -81,6 +81,11 @@ void Plan::ediciones() {
       if (e.que == Edicion::Configurar) e.cuando = Edicion::Manana;  // it takes its time
       noches[n].ediciones.push_back(e);
     }
+}
+
+void Plan::canjes() {
+  Azar azar(semilla * 6007 + 13);
+  for (std::size_t n = 1; n + 2 < noches.size(); ++n) noches[n].canje = azar.ocurre(0.3);
 }
 
 void Plan::tienda(Azar& azar) {

@@ -81,6 +81,7 @@ struct PlanNoche {
   bool otraVez = false;           // the process runs once more the same evening, after a sale
   bool cambio = false;            // machines without unread sales are exchanged before
   std::vector<Edicion> ediciones = {};
+  bool canje = false;  // two groups exchanged their addresses before, and keep their machines
 };
 
 struct Plan {
@@ -109,6 +110,7 @@ struct Plan {
   void noche(Azar& azar, std::size_t maquinas);
   void costumbres();
   void ediciones();
+  void canjes();
 };
 
 }  // namespace tarvo::noches

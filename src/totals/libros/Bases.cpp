@@ -8,6 +8,7 @@
 #include "totals/TextosTotals.h"
 #include "totals/libros/Bajas.h"
 #include "totals/libros/BasesInterior.h"
+#include "totals/libros/Canjes.h"
 #include "totals/libros/Confirmados.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Memoria.h"
@@ -270,9 +271,10 @@ Resultado<> resolverBasesDe(Database& db, const Ajustes& ajustes, const Textos& 
 
 Resultado<> resolverBases(Database& db, const Ajustes& ajustes, const Textos& textos,
                           std::vector<Aviso>& avisos) {
+  TARVO_TOMAR(auto fuera, seguirMaquinas(db, ajustes, textos, avisos));
   TARVO_TOMAR(const auto aMedias, gruposAMedias(db));
-  std::set<int> fuera;
   for (const int grupo : aMedias) {
+    if (fuera.contains(grupo)) continue;
     TARVO_TOMAR(const auto sabido, resolverPartes(db, ajustes, textos, grupo, avisos));
     if (!sabido) fuera.insert(grupo);
   }

@@ -1,6 +1,7 @@
 #include "totals/libros/CerrSes.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 #include "totals/TextosTotals.h"
@@ -158,6 +159,7 @@ Resultado<> CerrSes::AnalizarScratch(std::vector<Aviso>& avisos) {
   elegido_ = -1;
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(s_.base()));
   TARVO_INTENTAR(s_.soltarRetenidas(avisos));
+  std::ranges::copy(s_.porDecir(), std::back_inserter(avisos));
   const size_t anteriores = avisos.size();
   TARVO_INTENTAR(resolverBases(s_.base(), s_.ajustes(), s_.textos(), avisos));
   for (size_t i = anteriores; i < avisos.size(); ++i)

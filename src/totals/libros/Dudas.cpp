@@ -103,6 +103,12 @@ Resultado<bool> preguntada(Database& db, int grupo, int addr) {
   return n.entero() > 0;
 }
 
+Resultado<bool> dudaDeMaquinas(Database& db, int grupo) {
+  TARVO_TOMAR(const auto n,
+              db.uno(u"SELECT count(*) FROM Dudas WHERE GRUPO=? AND DE IS NOT NULL", grupo));
+  return n.entero() > 0;
+}
+
 Resultado<> cerrarDudas(Database& db, int grupo) {
   TARVO_INTENTAR(db.ejecutar(u"DELETE FROM Dudas WHERE GRUPO=?"_s, grupo));
   return {};
@@ -115,7 +121,7 @@ Resultado<> cerrarDuda(Database& db, int grupo, int addr) {
 
 Resultado<> cerrarDudasSinBase(Database& db) {
   TARVO_INTENTAR(db.ejecutar(
-      u"DELETE FROM Dudas WHERE NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=Dudas.GRUPO AND "_s
+      u"DELETE FROM Dudas WHERE (DE IS NULL OR RESPUESTA IS NOT NULL) AND NOT EXISTS (SELECT 1 FROM Lecturas l WHERE l.GRUPO=Dudas.GRUPO AND "_s
       u"l.LINK IS NOT NULL) AND (RESPUESTA IS NOT NULL OR NOT EXISTS (SELECT 1 FROM CeroFilas f WHERE "_s
       u"f.GRUPO=Dudas.GRUPO AND f.ADDR=Dudas.ADDR))"_s));
   return {};

@@ -29,6 +29,8 @@ Resultado<> abrirDudas(dao::Database& db, const Ajustes& ajustes, const Textos& 
 Resultado<std::optional<bool>> respuestaDe(dao::Database& db, int grupo, int addr);
 // The question about the machine waits for its answer.
 Resultado<bool> preguntada(dao::Database& db, int grupo, int addr);
+// A question about the group asks whether its machines are those of another one (Canjes.h).
+Resultado<bool> dudaDeMaquinas(dao::Database& db, int grupo);
 Resultado<> cerrarDudas(dao::Database& db, int grupo);
 Resultado<> cerrarDuda(dao::Database& db, int grupo, int addr);
 // For groups whose machines hold nothing memorised, nor anything that they may only have confirmed

@@ -6,6 +6,7 @@
 
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
+#include "totals/libros/Accesos.h"
 #include "totals/libros/BasesInterior.h"
 #include "totals/libros/Sesion.h"
 #include "totals/periodos/Clases.h"
@@ -27,6 +28,7 @@ std::vector<TablaDeGrupo> tablasDeGrupo() {
 
 Resultado<> olvidarGrupo(dao::Database& db, int grupo) {
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db));
+  TARVO_INTENTAR(dejarSueltas(db, grupo));
   for (const TablaDeGrupo& t : tablasDeGrupo())
     TARVO_INTENTAR(db.ejecutar(dao::conMarcas(u"DELETE FROM {tabla} WHERE {donde}GRUPO=?",
                                               {{u"tabla", t.tabla}, {u"donde", t.donde}}),
@@ -88,8 +90,9 @@ Resultado<> cambiarCodigo(Database& db, int antes, int ahora) {
   for (const QStringView tabla : {u"LectFilas", u"BaseFilas", u"CeroFilas", u"TotSusti",
                                   u"PapeleraFilas", u"PapeleraTotSusti", u"PapeleraSuma"})
     TARVO_INTENTAR(cambiarCodigoEn(db, tabla, antes, ahora));
-  for (const QStringView orden : {u"UPDATE Origenes SET GRUPO=? WHERE GRUPO=?",
-                                  u"UPDATE PapeleraOrig SET GRUPO=? WHERE GRUPO=?"})
+  for (const QStringView orden :
+       {u"UPDATE Origenes SET GRUPO=? WHERE GRUPO=?",
+        u"UPDATE PapeleraOrig SET GRUPO=? WHERE GRUPO=?", u"UPDATE Dudas SET DE=? WHERE DE=?"})
     TARVO_INTENTAR(db.ejecutar(orden, ahora, antes));
   return tr.confirmar();
 }
@@ -118,6 +121,7 @@ Resultado<> olvidarCaja(Database& db, const Ajustes& ajustes, int grupo, int add
     TARVO_INTENTAR(
         db.ejecutar(conMarcas(u"DELETE FROM {tabla} WHERE GRUPO=? AND ADDR=?", {{u"tabla", tabla}}),
                     grupo, addr));
+  TARVO_INTENTAR(quitarDelAcceso(db, grupo, addr));
   return tr.confirmar();
 }
 

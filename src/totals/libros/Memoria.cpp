@@ -5,6 +5,7 @@
 #include <set>
 
 #include "totals/TextosTotals.h"
+#include "totals/libros/Accesos.h"
 #include "totals/libros/Partes.h"
 #include "totals/libros/SesionInterior.h"
 
@@ -179,8 +180,9 @@ Resultado<dao::Valor> Memoria::baseAntigua(const Recibido& r) {
 Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
   TARVO_TOMAR(
       const auto rs,
-      db_.consultar(u"SELECT MAQUINAS, SEC, ADDR, ENTERA FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
-                    r.CODGPO, numeroDe(r.clase)));
+      db_.consultar(
+          u"SELECT MAQUINAS, SEC, ADDR, ENTERA, ACCESO FROM Lecturas WHERE GRUPO=? AND CLASE=?"_s,
+          r.CODGPO, numeroDe(r.clase)));
   if (rs->Eof()) return {};
   TARVO_TOMAR(const bool parte, conservarBase(r, *rs));
   const qint64 sec = rs->entero(1), addr = rs->entero(2);
@@ -210,7 +212,7 @@ Resultado<> Memoria::anotarBase(const Recibido& r, qint64 link) {
       u"APARTE=? WHERE GRUPO=? AND CLASE=?"_s,
       queda ? dao::Valor(link) : dao::Valor(), r.baseDesde, r.hasta, antigua,
       rs->logico(3) ? sec : 0, aparte && queda, r.CODGPO, numeroDe(r.clase)));
-  return {};
+  return asentarAcceso(db_, r.CODGPO, rs->texto(4));
 }
 
 // With what the reading brought into the period: of one that contains memorised counters, the

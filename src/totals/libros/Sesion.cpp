@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "core/ajustes/Sala.h"
+#include "totals/libros/Accesos.h"
 #include "totals/libros/AjustesSesion.h"
 #include "totals/libros/Bajas.h"
 #include "totals/libros/SesionInterior.h"
@@ -21,7 +23,18 @@ const QString kClaveNombre = u"SesionNombre"_s;
 // period. Without a run, or in a resumed one, there may have been sales in between.
 constexpr double kDeUnaVez = 0.5, kSinContinuidad = 1.0 / 24;
 
+constexpr Limites kEstados{0, 2};
+
 }  // namespace
+
+SalaDeAjustes ajustesSesion(Fecha ahora) {
+  using A = AjustesSesion;
+  return salaDeAjustes(
+      A{.SesionAbier = 0, .SesionHasta = ahora, .SesionACero = ahora},
+      {clave<&A::SesionAbier, ini::leerLimitado<kEstados>>(800, u"SesiónAbier"),
+       clave<&A::SesionHasta, ini::leerFecha, ini::verFecha>(801, u"SesiónHasta"),
+       clave<&A::SesionACero, ini::leerFecha, ini::verFecha>(802, u"SesiónACero")});
+}
 
 Sesion::Sesion(dao::Database& db, Ajustes& ajustes, Reloj& reloj, const Textos& textos)
     : db_(db),
@@ -47,6 +60,7 @@ void Sesion::ponerEjecucion(qint64 numero, bool reanuda) {
   d->leidosAhora.clear();
   d->retenidas.clear();
   d->rechazadas.clear();
+  d->porDecir.clear();
 }
 
 void Sesion::ponerEnProceso(bool si) {
@@ -145,6 +159,8 @@ Resultado<bool> Sesion::PuedeRecibir(int grupo, TipoTotal clase) {
 }
 
 Resultado<> Sesion::PrepararRecepcion(int grupo, TipoTotal clase) {
+  TARVO_TOMAR(const QString acceso, accesoDe(db_, grupo));
+  d->accesos[{grupo, clase}] = acceso;
   return d->anotarLectura(grupo, clase, Estado::kEnCurso, reloj_.ahora());
 }
 
@@ -154,7 +170,9 @@ Resultado<> Sesion::lecturaFallida(int grupo, TipoTotal clase) {
   const auto rechazada = d->rechazadas.find({grupo, clase});
   if (rechazada != d->rechazadas.end()) {
     TARVO_TOMAR(const auto sec, d->valores.siguienteSecuencia());
-    TARVO_INTENTAR(anotarRechazada(db_, grupo, clase, rechazada->second, sec));
+    TARVO_TOMAR(const auto otros, otrosDelAcceso(db_, grupo, rechazada->second.acceso));
+    if (otros.empty())
+      TARVO_INTENTAR(anotarRechazada(db_, grupo, clase, rechazada->second.lectura, sec));
   }
   TARVO_INTENTAR(tr.confirmar());
   if (rechazada != d->rechazadas.end()) d->rechazadas.erase(rechazada);

@@ -113,6 +113,8 @@ class Sesion {
   // again and none is lower.
   Resultado<> soltarRetenidas(std::vector<Aviso>& avisos);
   void olvidarRetenidas();
+  // What was found out about exchanged machines before the session closes, once.
+  std::vector<Aviso> porDecir();
   // The reading was given up; the group is not zeroed until it is read whole.
   Resultado<> lecturaFallida(int grupo, TipoTotal clase);
 
@@ -155,8 +157,10 @@ class Sesion {
 
  private:
   struct Estado;
-  Resultado<> escribirLectura(int grupo, TipoTotal clase, const Lectura& lectura);
+  Resultado<> escribirLectura(int grupo, TipoTotal clase, const Lectura& lectura,
+                              const QString& acceso);
   Resultado<> devolverNota(int grupo, TipoTotal clase);
+  Resultado<> cerrarSiHaVuelto(int grupo, const QString& acceso);
   dao::Database& db_;
   Ajustes& ajustes_;
   AjustesSesion& reflejo_;

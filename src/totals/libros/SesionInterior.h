@@ -34,10 +34,19 @@ struct Sesion::Estado {
   qint64 ejecucion = 0, de = 0;  // the current run, and the run that `hasta` belongs to
   bool reanuda = false, enProceso = false;
   std::set<int> leidosAhora;  // groups read since this process started the run
+  // A reading, and where the group was when it began, see Accesos.h.
+  struct Traida {
+    totals::Lectura lectura;
+    QString acceso;
+  };
   // Readings of groups with an open question, until the session closes.
-  std::map<int, std::map<TipoTotal, totals::Lectura>> retenidas;
+  std::map<int, std::map<TipoTotal, Traida>> retenidas;
   // Those refused, until they are noted as failed: the caller's transaction is taken back.
-  std::map<std::pair<int, TipoTotal>, totals::Lectura> rechazadas;
+  std::map<std::pair<int, TipoTotal>, Traida> rechazadas;
+  // What was found out about exchanged machines, until the session closes.
+  std::vector<Aviso> porDecir;
+  // Of the readings under way.
+  std::map<std::pair<int, TipoTotal>, QString> accesos;
 };
 
 // Condition on a row of Lecturas: read since the machine at an address (a parameter) last confirmed

@@ -1,7 +1,9 @@
 // Storing a task's reading: one transaction for its rows, its marks and its record.
 #include <algorithm>
+#include <utility>
 
 #include "totals/TextosTotals.h"
+#include "totals/libros/Accesos.h"
 #include "totals/libros/Bajas.h"
 #include "totals/libros/Dudas.h"
 #include "totals/libros/Partes.h"
@@ -196,7 +198,8 @@ Resultado<bool> Sesion::conBase(int grupo) {
 }
 
 // In the current transaction.
-Resultado<> Sesion::escribirLectura(int grupo, TipoTotal tipo, const Lectura& lectura) {
+Resultado<> Sesion::escribirLectura(int grupo, TipoTotal tipo, const Lectura& lectura,
+                                    const QString& acceso) {
   const ClaseTotal& c = claseDe(tipo);
   Lectura::Filas deVarias;
   const Lectura::Filas& suma = sumaDeMaquinas(lectura, deVarias);
@@ -215,12 +218,14 @@ Resultado<> Sesion::escribirLectura(int grupo, TipoTotal tipo, const Lectura& le
   TARVO_INTENTAR(d->anotarLectura(grupo, tipo, Estado::kCompleta, reloj_.ahora()));
   const int maquinas = static_cast<int>(lectura.maquinas.size());
   TARVO_INTENTAR(db_.ejecutar(
-      u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=? WHERE GRUPO=? AND "_s
-      u"CLASE=?"_s,
+      u"UPDATE Lecturas SET SEC=?, FIN=?, ENTERA=?, MAQUINAS=?, ADDR=?, ACCESO=? WHERE GRUPO=? "_s
+      u"AND CLASE=?"_s,
       sec, reloj_.ahora(), lectura.entera, maquinas,
-      maquinas == 1 ? lectura.maquinas.begin()->first : 0, grupo, numeroDe(tipo)));
+      maquinas == 1 ? lectura.maquinas.begin()->first : 0, acceso, grupo, numeroDe(tipo)));
   TARVO_INTENTAR(anotarPartes(db_, grupo, c, lectura));
-  return anotarBajas(db_, grupo, tipo);
+  // Counters that may be another group's are no lower ones of this.
+  TARVO_TOMAR(const auto otros, otrosDelAcceso(db_, grupo, acceso));
+  return otros.empty() ? anotarBajas(db_, grupo, tipo) : Resultado<>();
 }
 
 // What was read leaves the note of its kind as it was.
@@ -232,12 +237,23 @@ Resultado<> Sesion::devolverNota(int grupo, TipoTotal tipo) {
   return {};
 }
 
+// A question whether the machines at a place are the group's is answered by one that is again where
+// its memorised counters were read: what waits was not its own.
+Resultado<> Sesion::cerrarSiHaVuelto(int grupo, const QString& acceso) {
+  TARVO_TOMAR(const bool deOtros, dudaDeMaquinas(db_, grupo));
+  if (!deOtros) return {};
+  TARVO_TOMAR(const auto otros, otrosDelAcceso(db_, grupo, acceso));
+  return otros.empty() ? cerrarDudas(db_, grupo) : Resultado<>();
+}
+
 Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& leida,
                                    std::vector<Aviso>& avisos) {
   const ClaseTotal& c = claseDe(tipo);
   const Estado::Foto antes = d->foto();
+  const QString acceso = d->accesos[{grupo, tipo}];
   TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
 
+  TARVO_INTENTAR(cerrarSiHaVuelto(grupo, acceso));
   TARVO_TOMAR(const bool enDuda, hayDudas(db_, grupo));
   std::optional<Lectura> unida;
   if (!leida.entera && (enDuda || d->abierta > 0)) {
@@ -254,13 +270,14 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
   const Lectura& lectura = unida ? *unida : leida;
   TARVO_TOMAR(const auto pisa, pisariaVentas(db_, c, grupo, lectura, d->abierta > 0));
   if (pisa) {
-    d->rechazadas[{grupo, tipo}] = lectura;
+    d->rechazadas[{grupo, tipo}] = {lectura, acceso};
     return fallo(Fallo::Restriccion, textos_(kTxMemoriceAntes, {grupo}));
   }
   const auto guardar = [&]() -> Resultado<> {
     TARVO_TOMAR(const auto abierta, AbrirSesion());
     if (!abierta) d->renovar(reloj_.ahora());
-    TARVO_INTENTAR(enDuda ? devolverNota(grupo, tipo) : escribirLectura(grupo, tipo, lectura));
+    TARVO_INTENTAR(enDuda ? devolverNota(grupo, tipo)
+                          : escribirLectura(grupo, tipo, lectura, acceso));
     TARVO_INTENTAR(ponerEstado(2));
     return tr.confirmar();
   };
@@ -270,7 +287,7 @@ Resultado<> Sesion::guardarLectura(int grupo, TipoTotal tipo, const Lectura& lei
   }
   d->rechazadas.erase({grupo, tipo});
   if (enDuda) {
-    d->retenidas[grupo].insert_or_assign(tipo, lectura);
+    d->retenidas[grupo].insert_or_assign(tipo, Estado::Traida{lectura, acceso});
     return {};
   }
   d->leidosAhora.insert(grupo);
@@ -293,14 +310,18 @@ Resultado<> Sesion::soltarRetenidas(std::vector<Aviso>& avisos) {
       avisos.push_back({grupo, textos_(kTxNoReleidoEntero, {grupo}), true});
       continue;
     }
-    for (const auto& [tipo, lectura] : lecturas)
-      TARVO_INTENTAR(escribirLectura(grupo, tipo, lectura));
+    for (const auto& [tipo, traida] : lecturas)
+      TARVO_INTENTAR(escribirLectura(grupo, tipo, traida.lectura, traida.acceso));
   }
   return {};
 }
 
 void Sesion::olvidarRetenidas() {
   d->retenidas.clear();
+}
+
+std::vector<Aviso> Sesion::porDecir() {
+  return std::exchange(d->porDecir, {});
 }
 
 }  // namespace tarvo::totals

@@ -1,8 +1,10 @@
 // Which machines may be told to forget, and why the others may not.
+#include <algorithm>
 #include <set>
 
 #include "core/dao/Marcas.h"
 #include "totals/TextosTotals.h"
+#include "totals/libros/Canjes.h"
 #include "totals/libros/Confirmados.h"
 #include "totals/libros/Cuadre.h"
 #include "totals/libros/Dudas.h"
@@ -145,15 +147,21 @@ Resultado<PermisoCero> Sesion::permisoCero(int grupo) {
   if (enDuda) return negado(textos_(kTxDudaSinCero, {grupo}));
   // A zeroing before the memorisation would hide whether an earlier one was heard, and sales made
   // during the reading of the group show up here.
-  std::vector<Aviso> resuelto, diferencias;
+  std::vector<Aviso> resuelto, diferencias, deMaquinas;
   if (d->abierta == 2) {
     TARVO_TOMAR(auto tr, dao::Transaccion::empezar(db_));
+    TARVO_TOMAR(const auto fuera, seguirMaquinas(db_, ajustes_, textos_, deMaquinas));
     TARVO_INTENTAR(resolverBasesDe(db_, ajustes_, textos_, grupo, resuelto));
     TARVO_INTENTAR(anotarCuadre(db_, ajustes_, textos_, grupo, diferencias));
     TARVO_INTENTAR(tr.confirmar());
+    d->porDecir.insert(d->porDecir.end(), deMaquinas.begin(), deMaquinas.end());
+    if (fuera.contains(grupo))
+      return negado(std::ranges::find(deMaquinas, grupo, &Aviso::grupo)->texto);
     TARVO_TOMAR(const auto preguntada, hayDudas(db_, grupo));
     if (preguntada) return negado(resuelto.back().texto);
   }
+  TARVO_TOMAR(const auto deOtro, motivoDeAcceso(db_, textos_, grupo));
+  if (!deOtro.isEmpty()) return negado(deOtro);
   TARVO_TOMAR(const auto motivo, motivoDeLecturas(db_, textos_, grupo));
   if (!motivo.isEmpty()) return negado(motivo);
   TARVO_TOMAR(const auto parte, motivoDeParte(db_, ajustes_, textos_, grupo));

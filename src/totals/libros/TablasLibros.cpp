@@ -73,6 +73,12 @@ CREATE TABLE IF NOT EXISTS Bajas (
   PRIMARY KEY (GRUPO, ADDR, CLASE));
 )";
 
+// A group that comes back has its memorised counters again: they are no deleted group's any more.
+constexpr QStringView kGuionVuelta =
+    uR"(
+CREATE TRIGGER IF NOT EXISTS [Lecturas.Vuelve] AFTER INSERT ON Lecturas WHEN NEW.GRUPO>=0 AND NEW.LINK IS NOT NULL AND EXISTS (SELECT 1 FROM Lecturas WHERE GRUPO<0 AND CLASE=NEW.CLASE AND BASE_ACCESO=NEW.BASE_ACCESO AND BASE_HASTA IS NEW.BASE_HASTA) BEGIN DELETE FROM BaseFilas WHERE CLASE=NEW.CLASE AND GRUPO IN (SELECT GRUPO FROM Lecturas WHERE GRUPO<0 AND CLASE=NEW.CLASE AND BASE_ACCESO=NEW.BASE_ACCESO AND BASE_HASTA IS NEW.BASE_HASTA); DELETE FROM Lecturas WHERE GRUPO<0 AND CLASE=NEW.CLASE AND BASE_ACCESO=NEW.BASE_ACCESO AND BASE_HASTA IS NEW.BASE_HASTA; END;
+)";
+
 }  // namespace
 
 dao::TablasDeSala tablasLibros() {
@@ -91,7 +97,14 @@ dao::TablasDeSala tablasLibros() {
                     dao::columna(9, QStringLiteral("Lecturas"), QStringLiteral("BASE_SEC"),
                                  QStringLiteral("INTEGER DEFAULT 0")),
                     dao::columna(10, QStringLiteral("Lecturas"), QStringLiteral("BASE_ANTIGUA"),
-                                 QStringLiteral("REAL"))},
+                                 QStringLiteral("REAL")),
+                    dao::columna(11, QStringLiteral("Lecturas"), QStringLiteral("ACCESO"),
+                                 QStringLiteral("TEXT")),
+                    dao::columna(12, QStringLiteral("Lecturas"), QStringLiteral("BASE_ACCESO"),
+                                 QStringLiteral("TEXT")),
+                    dao::columna(13, QStringLiteral("Dudas"), QStringLiteral("DE"),
+                                 QStringLiteral("INTEGER")),
+                    {14, kGuionVuelta.toString()}},
           .copias = {{QStringLiteral("BaseFilas"), QStringLiteral("LectFilas")},
                      {QStringLiteral("CeroFilas"), QStringLiteral("LectFilas")}},
           .insustituible = true};

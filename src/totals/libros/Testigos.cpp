@@ -181,6 +181,21 @@ bool firmes(const Testimonios& t) {
          kDeCada * f.iguales >= f.claves;
 }
 
+Parecido parecido(const Testimonios& t) {
+  const Testimonio& f = masFino(t);
+  if (!algunaBaja(t) || firmes(t)) {
+    const bool bastan = f.claves >= kMinimoIguales && granTotalDe(t).conAntes >= kMuchasPiezas;
+    return bastan ? Parecido::Sigue : Parecido::NoSeSabe;
+  }
+  const bool caen = f.bajas >= kMinimoIguales && f.bajas >= kPorBaja * f.iguales;
+  const bool muchas = muchasBajas(f) || kMasQueDevoluciones * f.bajas >= f.claves;
+  return caen && muchas ? Parecido::Otra : Parecido::NoSeSabe;
+}
+
+bool inconfundible(const Testimonios& t) {
+  return firmes(t) && puntos(masFino(t)) >= kNoEsAzar;
+}
+
 Veredicto juzgar(const Testimonios& t, bool sospecha, bool todas) {
   const Testimonio& f = masFino(t);
   const Testimonio& g = granTotalDe(t);

@@ -56,6 +56,12 @@ bool algunaBaja(const Testimonios& t);
 bool masQueDevoluciones(const Testimonios& t);
 // Every counter is where it was.
 bool quietos(const Testimonios& t);
+// Whether a reading goes on from counters that may be another machine's. They must be more than a
+// few, since a machine that sells more may have as much of each.
+enum class Parecido { Sigue, Otra, NoSeSabe };
+Parecido parecido(const Testimonios& t);
+// More of its articles are where they were than two machines have in common by chance.
+bool inconfundible(const Testimonios& t);
 // The counters as a whole are where they were, whatever a few of them do.
 bool firmes(const Testimonios& t);
 
