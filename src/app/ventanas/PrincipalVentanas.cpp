@@ -15,6 +15,7 @@
 #include "app/ventanas/RegistrarVentanas.h"
 #include "app/ventanas/TextosPrincipal.h"
 #include "comm/tareas/Repertorio.h"
+#include "core/ventanas/aspecto/LetrasAparte.h"
 #include "core/ventanas/aspecto/Tema.h"
 #include "core/ventanas/marco/Escritorio.h"
 #include "core/ventanas/marco/MyMsgBox.h"
@@ -200,6 +201,7 @@ int principalVentanas(int argc, char** argv) {
       avisar(t(kTxSinPantalla));
       return kArgumentosMalos;
     }
+    const ventanas::LetrasAparte letras;
     // The desktop identifies the window by the name of its desktop entry, on Wayland too.
     QGuiApplication::setDesktopFileName(u"tarvo"_s);
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
