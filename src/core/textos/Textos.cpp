@@ -1,6 +1,7 @@
 #include "core/textos/Textos.h"
 
 #include <QFile>
+#include <QStringTokenizer>
 
 namespace tarvo {
 
@@ -9,7 +10,7 @@ namespace {
 constexpr int kMayorNumero = 22023;
 
 // Takes one line; false if it is neither an entry nor a comment.
-bool anadir(QStringView linea, std::unordered_map<int, QString>& tabla) {
+bool anadir(QStringView linea, std::unordered_map<int, QStringView>& tabla) {
   if (linea.endsWith(u'\r')) linea.chop(1);
   if (linea.trimmed().isEmpty() || linea.startsWith(u'#')) return true;
   const qsizetype tab = linea.indexOf(u'\t');
@@ -18,7 +19,7 @@ bool anadir(QStringView linea, std::unordered_map<int, QString>& tabla) {
   if (!bien || numero < 0 || numero > kMayorNumero) return false;
   const QStringView resto = linea.mid(tab + 1);
   const qsizetype fin = resto.indexOf(u'\t');
-  return tabla.emplace(numero, (fin < 0 ? resto : resto.left(fin)).toString()).second;
+  return tabla.emplace(numero, fin < 0 ? resto : resto.left(fin)).second;
 }
 
 }  // namespace
@@ -30,10 +31,11 @@ Resultado<Textos> Textos::leer(const QString& ruta) {
                  QStringLiteral("No se puede leer la tabla de textos %1").arg(ruta));
   QByteArray bytes = fichero.readAll();
   if (bytes.startsWith("\xEF\xBB\xBF")) bytes.remove(0, 3);
-  const QString contenido = QString::fromUtf8(bytes);
   Textos textos;
+  textos.contenido_ = QString::fromUtf8(bytes);
+  textos.tabla_.reserve(static_cast<size_t>(bytes.count('\n')));
   int numeroLinea = 0;
-  for (const QStringView linea : QStringView(contenido).split(u'\n')) {
+  for (const QStringView linea : qTokenize(std::as_const(textos.contenido_), u'\n')) {
     ++numeroLinea;
     if (!anadir(linea, textos.tabla_))
       return fallo(Fallo::Formato, QStringLiteral("La línea %1 de la tabla de textos %2 no vale")
@@ -45,9 +47,9 @@ Resultado<Textos> Textos::leer(const QString& ruta) {
 QString Textos::operator()(int numero) const {
   const auto hallado = tabla_.find(numero);
   if (hallado == tabla_.end()) return {};
-  QString texto = hallado->second;
+  QStringView texto = hallado->second;
   if (texto.endsWith(u'\'')) texto.chop(1);
-  return texto;
+  return texto.toString();
 }
 
 QString Textos::operator()(int numero, std::initializer_list<Dato> datos) const {

@@ -40,7 +40,8 @@ class Textos {
   bool tiene(int numero) const;
 
  private:
-  std::unordered_map<int, QString> tabla_;
+  QString contenido_;  // of the file, never changed: the views are of its letters
+  std::unordered_map<int, QStringView> tabla_;
 };
 
 // "#" becomes the number; "+es", "+s", "+n" stay as "es", "s", "n" if n is 2 or more, else vanish.
