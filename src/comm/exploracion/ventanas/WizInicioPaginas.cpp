@@ -144,6 +144,9 @@ QWidget* WizInicio::montarPoll() {
   lineas_->vivas();
   lineas_->ponerBusca(false);
   pila->addWidget(lineas_, 1);
+  detalle_ = parrafo(u"detalle"_s, {}, pagina);
+  pila->addWidget(detalle_);
+  connect(lineas_, &ventanas::Parrilla::actualCambiada, this, &WizInicio::verDetalle);
   Resumen_ = parrafo(u"Resumen"_s, {}, pagina);
   Consecuencia_ = parrafo(u"Consecuencia"_s, {}, pagina);
   pila->addWidget(Resumen_);
@@ -163,7 +166,7 @@ QWidget* WizInicio::montarRes() {
                        {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 160},
                        {.titulo = kTxDireccion, .campo = u"n"_s, .clase = Clase::Entero},
                        {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s},
-                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 160}});
+                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 260}});
   hallados_->vivas();
   hallados_->ponerVacia(t(kTxNadaHallado));
   hallados_->ponerBusca(false);
@@ -181,7 +184,9 @@ QWidget* WizInicio::montarRes() {
       contexto(), nombre(),
       {{.titulo = ventanas::kTxGrupo, .campo = u"codigo"_s, .clase = Clase::Codigo, .cifras = 4},
        {.titulo = ventanas::kTxNombre, .campo = u"nombre"_s},
+       {.titulo = ventanas::kTxSeccion, .campo = u"seccion"_s, .clase = Clase::Entero},
        {.titulo = kTxMaquinas, .campo = u"maquinas"_s, .clase = Clase::Entero},
+       {.titulo = kTxNoContestan, .campo = u"callan"_s, .ancho = 150},
        {.titulo = kTxOfertas, .campo = u"ofertas"_s, .clase = Clase::Entero},
        {.titulo = kTxTareas, .campo = u"tareas"_s, .clase = Clase::Entero},
        {.titulo = kTxVentasSinPeriodo, .campo = u"ventas"_s, .clase = Clase::Importe}});
@@ -194,7 +199,7 @@ QWidget* WizInicio::montarRes() {
   hecho_->setTabChangesFocus(true);
   hecho_->setAccessibleName(t(ventanas::kTxResultado));
   pila->addWidget(hecho_, 2);
-  connect(sustituir_, &QRadioButton::toggled, this, &WizInicio::listarLoQueSeVa);
+  connect(sustituir_, &QRadioButton::toggled, this, [this] { listarLoQueSeVa(); });
   return pagina;
 }
 
@@ -211,6 +216,7 @@ QWidget* WizInicio::montarBotones() {
   Configurar_ = boton(u"Configurar"_s, kTxAvanzado);
   Parar_ = boton(u"Parar"_s, ventanas::kTxParar);
   linea->addStretch();
+  Atras_ = boton(u"Atras"_s, kTxAtras);
   StartPoll_ = boton(u"StartPoll"_s, kTxSiguiente);
   Cancelar_ = boton(u"Cancelar"_s, ventanas::kTxCancelar);
   StartPoll_->setDefault(true);
@@ -218,6 +224,7 @@ QWidget* WizInicio::montarBotones() {
   connect(Parar_, &QPushButton::clicked, this, &WizInicio::parar);
   connect(StartPoll_, &QPushButton::clicked, this, &WizInicio::StartPoll);
   connect(Cancelar_, &QPushButton::clicked, this, &WizInicio::Cancelar);
+  connect(Atras_, &QPushButton::clicked, this, &WizInicio::atras);
   return fila;
 }
 
