@@ -70,7 +70,8 @@ TEST(WizInicio, LoQueHaySoloSeBorraSiSeHaVistoYSeDice) {
   EXPECT_EQ(t.textoModal,
             u"Va a borrar 2 grupos, con su nombre, su sección y su conexión, y con los operadores, "
             u"los teclados, las etiquetas, las líneas de cabecera y las opciones de sus máquinas.\n"
-            u"Con ellos se van 1 máquina y 1 oferta.\nDe esas máquinas, 1 no ha contestado o no se "
+            u"Los grupos son: (1) MOSTRADOR y (8) PESCADO.\nCon ellos se van 1 máquina y 1 "
+            u"oferta.\nDe esas máquinas, 1 no ha contestado o no se "
             u"ha buscado.\nLos grupos nuevos irán a la sección 1 (SECCIÓN ÚNICA).\nNo se puede "
             u"deshacer. ¿Sustituye los grupos?");
   EXPECT_EQ(t.grupos(), antes);
@@ -176,8 +177,9 @@ TEST(WizInicio, SustituirDiceLoQueSeVaYDejaLoQueEsLoMismo) {
   t.responder(u"-"_s, [&] { t.pulsar(u"StartPoll"); });  // Return: its default button
   EXPECT_EQ(t.textoModal.section(u'\n', 0, 0),
             u"La exploración se paró: solo se han explorado 2 de 3 accesos.");
-  EXPECT_EQ(t.textoModal.section(u'\n', 2, 6),
-            u"Con ellos se van 5 máquinas.\nDe esas máquinas, 3 no han contestado o no se han "
+  EXPECT_EQ(t.textoModal.section(u'\n', 2, 7),
+            u"Los grupos son: (1) MOSTRADOR, (5) CARNE y (6) CAJAS.\nCon ellos se van 5 "
+            u"máquinas.\nDe esas máquinas, 3 no han contestado o no se han "
             u"buscado.\nTambién se van sus ventas que aún no están en ningún periodo: 12,50 "
             u"Eur.\n(3) PESCADO se queda como está.\nLos grupos nuevos irán a la sección 1 "
             u"(FRUTERIA).");

@@ -158,7 +158,9 @@ QString WizInicio::pregunta() const {
   const Ajustes& a = contexto().ajustes;
   groups::Grupos::LoQueSeVa todo;
   int callan = 0;
+  QStringList cuales;
   for (const auto& [grupo, c, silencio] : sustitucion_.seVan) {
+    cuales << textos(kTxGrupoConNombre, {grupo.codigo, grupo.nombre});
     todo.maquinas += c.maquinas;
     todo.ofertas += c.ofertas;
     todo.tareas += c.tareas;
@@ -169,7 +171,8 @@ QString WizInicio::pregunta() const {
   QStringList cosas;
   for (int i = 0; i < 3; ++i)
     if (cuantos[i] > 0) cosas << t(kTxCuantoSeVa + i, cuantos[i]);
-  QStringList lineas{t(kTxVaABorrarGrupos, static_cast<int>(sustitucion_.seVan.size()))};
+  QStringList lineas{t(kTxVaABorrarGrupos, static_cast<int>(sustitucion_.seVan.size())),
+                     textos(kTxLosGruposSon, {enLista(cuales)})};
   if (!cosas.empty()) lineas << textos(kTxConEllosSeVan, {enLista(cosas)});
   if (cortada()) lineas.prepend(loExplorado(kTxSoloSeHanExplorado));
   if (callan > 0) lineas << t(kTxDeEsasNoContestan, callan);
