@@ -155,7 +155,7 @@ TEST(WizInicio, SustituirDiceLoQueSeVaYDejaLoQueEsLoMismo) {
   QStringList filas;
   for (int i = 0; i < seVan.filas(); ++i)
     filas << seVan.texto(i, u"nombre") + u' ' + seVan.texto(i, u"callan");
-  EXPECT_EQ(filas.join(u'/'), u"MOSTRADOR no se ha explorado/CARNE 4/CAJAS las cajas no se buscan");
+  EXPECT_EQ(filas.join(u'/'), u"MOSTRADOR no se ha explorado/CARNE 4/CAJAS cajas: no se buscan");
 
   // Nothing is applied yet: back, and there again.
   t.pulsar(u"Atras");

@@ -24,7 +24,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr QSize kTamanoWiz{980, 600};
+constexpr QSize kTamanoWiz{1120, 620};
 constexpr int kAltoPuertos = 130, kAltoOtros = 90, kLatidoMs = 100;
 
 QLabel* parrafo(const QString& nombre, const QString& texto, QWidget* padre) {
@@ -162,11 +162,11 @@ QWidget* WizInicio::montarRes() {
   pila->addWidget(queHara_);
   hallados_ = lista(u"hallados"_s, pagina);
   hallados_->preparar(contexto(), nombre(),
-                      {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 210},
-                       {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 160},
+                      {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 190},
+                       {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 140},
                        {.titulo = kTxDireccion, .campo = u"n"_s, .clase = Clase::Entero},
-                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s},
-                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 260}});
+                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s, .ancho = 130},
+                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 330}});
   hallados_->vivas();
   hallados_->ponerVacia(t(kTxNadaHallado));
   hallados_->ponerBusca(false);
@@ -186,7 +186,7 @@ QWidget* WizInicio::montarRes() {
        {.titulo = ventanas::kTxNombre, .campo = u"nombre"_s},
        {.titulo = ventanas::kTxSeccion, .campo = u"seccion"_s, .clase = Clase::Entero},
        {.titulo = kTxMaquinas, .campo = u"maquinas"_s, .clase = Clase::Entero},
-       {.titulo = kTxNoContestan, .campo = u"callan"_s, .ancho = 150},
+       {.titulo = kTxNoContestan, .campo = u"callan"_s, .ancho = 170},
        {.titulo = kTxOfertas, .campo = u"ofertas"_s, .clase = Clase::Entero},
        {.titulo = kTxTareas, .campo = u"tareas"_s, .clase = Clase::Entero},
        {.titulo = kTxVentasSinPeriodo, .campo = u"ventas"_s, .clase = Clase::Importe}});
