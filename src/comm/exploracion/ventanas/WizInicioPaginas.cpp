@@ -131,10 +131,10 @@ QWidget* WizInicio::montarPoll() {
   pila->addWidget(avance_);
   lineas_ = lista(u"lineas"_s, pagina);
   lineas_->preparar(contexto(), nombre(),
-                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 170},
+                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 140},
                      {.titulo = ventanas::kTxEstado,
                       .campo = u"estado"_s,
-                      .ancho = 140,
+                      .ancho = 120,
                       .ver =
                           [this](const dao::Valor& v) {
                             return t(kTxEstadoLinea + static_cast<int>(v.entero()));
