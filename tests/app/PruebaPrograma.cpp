@@ -82,6 +82,7 @@ TEST_F(Programa, TablaDeLineasDeOrdenes) {
       {{"--explorar", "/dev/no/hay", "127.0.0.1:1"}, 1, u"/dev/no/hay: el puerto no existe"},
       {{"--explorar", "nada"}, 64, u"Para explorar"},
       {{"--explorar", "h:1-300"}, 64, u"256 como mucho"},
+      {{"--explorar", "192.168.1.300:80"}, 64, u"Para explorar"},
       {{kSinVentana, "--explorar"}, 64, u"Para explorar"},
       {{"--aplicar"}, 64, u"Para explorar"},
       {{kSinVentana, "--dato", "x", "V"}, 64, u"escríbalo como '%n=5'"},

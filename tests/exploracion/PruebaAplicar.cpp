@@ -114,22 +114,74 @@ TEST(Aplicador, EstrenaUnaTiendaYSoloAnadeEnLasDemas) {
   canales[0].Device = TipoAcceso::Directo;
 
   // Told to, it takes the place of all of them; a failure changes nothing.
-  EXPECT_EQ(bien(t.aplicador.loQueSeVa()).size(), 6U);
   const QString antes = t.grupos();
   QDir().remove(t.fondo->ajustes.rutaConfig());
   QDir().mkpath(t.fondo->ajustes.rutaConfig());
   const std::vector<Hallazgo> una{t.hallazgo(1, ResultadoCanal::SinPuerto),
                                   t.hallazgo(2, ResultadoCanal::Vek, {{0, {true}}})};
+  EXPECT_EQ(bien(t.aplicador.siSustituye(una)).seVan.size(), 6U);
   EXPECT_FALSE(t.aplicador.aplicar(una, true));
   EXPECT_EQ(t.grupos(), antes);
   EXPECT_EQ(t.usos(), u"2122");
   QDir().rmdir(t.fondo->ajustes.rutaConfig());
   const std::vector<Hallazgo> vacia{t.hallazgo(1, ResultadoCanal::Vek, {{0, {false}}})};
+  EXPECT_TRUE(bien(t.aplicador.siSustituye(vacia)).seVan.empty());
   EXPECT_TRUE(bien(t.aplicador.aplicar(vacia, true)).creados.empty());
   EXPECT_EQ(t.grupos(), antes);
   EXPECT_EQ(bien(t.aplicador.aplicar(una, true)).creados.size(), 1U);
   EXPECT_EQ(t.grupos(), u"1 1 2 2 - 0 0:3");
   EXPECT_EQ(t.usos(), u"0222");
+}
+
+// A group stays only if it is the one with that access and with exactly those scales.
+TEST(Aplicador, AlSustituirSeQuedaElGrupoQueEsElMismo) {
+  const struct {
+    const char16_t* antes;
+    std::vector<exploracion::GrupoHallado> hay;
+    bool nodal;
+    const char16_t* despues;
+  } casos[] = {
+      {u"insert into BZAS (SUGPO, NMBZA, TIPO) values (4, 1, 8)",
+       {{0, {true, true}}},
+       false,
+       u"4 4 3 - H:1 5 0:8,1:8"},
+      {u"update GRUPOS set remoto=4, TELEF='LEJOS'", {{0, {true}}}, false, u"4 4 4 - LEJOS 5 0:8"},
+      {u"insert into BZAS (SUGPO, NMBZA, TIPO) values (4, 1, 8)",
+       {{0, {true}}},
+       false,
+       u"1 1 3 - h:1 0 0:3"},
+      {u"update GRUPOS set TELEF='h:2'", {{0, {true}}}, false, u"1 1 3 - h:1 0 0:3"},
+      {u"update GRUPOS set tipo=3", {{0, {true}}}, false, u"1 1 3 - h:1 0 0:3"},
+      {u"insert into GRUPOS (CODGPO, NOMGPO, tipo, remoto, TELEF) values (9, 'Y', 1, 3, 'h:1'); "
+       u"insert into BZAS (SUGPO, NMBZA, TIPO) values (9, 0, 3)",
+       {{0, {true}}},
+       false,
+       u"1 1 3 - h:1 0 0:3"},
+      {u"update GRUPOS set tipo=2",
+       {{5, {true}}, {6, {true}}},
+       true,
+       u"1 2 3 - h:1 6 0:7 | 4 2 3 - H:1 5 0:8"},
+      {u"update GRUPOS set CODGPO=1; update BZAS set SUGPO=1",
+       {{1, {true}}, {3, {true}}},
+       false,
+       u"1 4 3 - H:1 5 0:8 | 2 1 3 - h:1 0 0:3"},
+  };
+  for (const auto& c : casos) {
+    Entera t;
+    QFile f(t.carpeta.filePath(u"CONECTORES.INI"_s));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly) && f.write("LEJOS= tcp:h:1\r\n") > 0);
+    f.close();
+    t.sql(u"delete from BZAS"_s);
+    t.sql(u"delete from GRUPOS"_s);
+    t.grupo({.codigo = 4, .nombre = u"X"_s, .tipo = 4, .remoto = 3, .acceso = u"H:1"_s, .addr = 5});
+    t.sql(u"insert into BZAS (SUGPO, NMBZA, TIPO) values (4, 0, 8)"_s);
+    for (const QString& orden : QString::fromUtf16(c.antes).split(u';')) t.sql(orden);
+    Hallazgo h = Entera::aparte(u"h:1"_s, c.nodal ? ResultadoCanal::Nodal : ResultadoCanal::Vek, 0);
+    h.grupos = c.hay;
+    bien(t.aplicador.aplicar(std::vector{h}, true));
+    EXPECT_EQ(t.grupos(), QString::fromUtf16(c.despues))
+        << QString::fromUtf16(c.antes).toStdString();
+  }
 }
 
 // What a shop has done with its first group makes it a group like any other.

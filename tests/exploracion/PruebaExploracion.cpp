@@ -322,8 +322,9 @@ TEST(Exploracion, ResumeLoHallado) {
        u"conectado directamente."_s,
        u"Se procederá a configurar los canales de comunicación.  Se creará 1 grupo de balanzas, "
        u"según los resultados de la exploración.  "_s},
-      {{.red = 2, .grupos = 2, .yaEstan = 1},
-       u"El asistente ha detectado 2 accesos de red, y 2 grupos de balanzas conectados "
+      {{.red = 2, .contestan = 2, .grupos = 2, .yaEstan = 1},
+       u"El asistente ha detectado 2 accesos de red (contestan 2), y 2 grupos de balanzas "
+       u"conectados "
        u"directamente."_s,
        u"Se procederá a configurar los canales de comunicación.  Se creará 1 grupo de balanzas, "
        u"según los resultados de la exploración.  Las balanzas de 1 acceso ya son de un grupo y "

@@ -45,6 +45,16 @@ void anadir(std::vector<Acceso>& accesos, Acceso acceso) {
     accesos.push_back(std::move(acceso));
 }
 
+// Four numbers, of which one is too large: no name server knows it either.
+bool direccionImposible(const QString& host) {
+  static const QRegularExpression cuatro(QStringLiteral(R"(^\d+\.\d+\.\d+\.\d+$)"));
+  const auto imposible = [](const QString& numero) {
+    bool bien = false;
+    return numero.toInt(&bien) > kUltimoDeDireccion || !bien;
+  };
+  return cuatro.match(host).hasMatch() && std::ranges::any_of(host.split(u'.'), imposible);
+}
+
 // The hosts of a name, or of an address whose last number is a range; none for a bad range.
 QStringList hostsDe(const QString& texto) {
   static const QRegularExpression rango(
@@ -65,7 +75,8 @@ Leido anadirPuertos(std::vector<Acceso>& accesos, const QString& texto) {
   const QString ultimo = puertos.contains(u'-') ? puertos.section(u'-', 1) : puertos;
   const int desde = puertoDe(puertos.section(u'-', 0, 0)), hasta = puertoDe(ultimo);
   const QStringList hosts = hostsDe(host);
-  if (host.isEmpty() || host.contains(u',') || hosts.empty() || desde < 1 || hasta < desde)
+  if (host.isEmpty() || host.contains(u',') || hosts.empty() || desde < 1 || hasta < desde ||
+      std::ranges::any_of(hosts, direccionImposible))
     return Leido::Malo;
   if (static_cast<size_t>(hosts.size()) * static_cast<size_t>(hasta - desde + 1) > kMaxAccesos)
     return Leido::Demasiados;

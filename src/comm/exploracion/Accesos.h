@@ -20,8 +20,8 @@ std::vector<Acceso> accesosDe(const Ajustes& ajustes);
 
 // Each text is a device, "/dev/ttyUSB0" (it has a "/"), or "host:port", or "host:port-port", which
 // is one access for each port; the last number of an address may be a range as well,
-// "192.168.1.10-40:3000". Each access once. Nothing if a text is none of these, or if there
-// are more than kMaxAccesos.
+// "192.168.1.10-40:3000"; no number of an address is above 255. Each access once. Nothing if a text
+// is none of these, or if there are more than kMaxAccesos.
 std::optional<std::vector<Acceso>> leerAccesos(const QStringList& textos);
 // The same from a text that a person typed or pasted: blanks, commas, semicolons and line ends
 // separate them.

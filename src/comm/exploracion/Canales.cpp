@@ -92,21 +92,94 @@ Resultado<std::vector<GrupoQueEsta>> gruposQueEstan(groups::Grupos& grupos,
   for (const groups::Resumen& r : todos) {
     TARVO_TOMAR(const auto g, grupos.cargar(r.codigo));
     const int canal = g.Acceso == TipoAcceso::Directo ? g.Canal : 0;
-    estan.push_back({r.codigo, claveDeGrupo(g, ajustes), canal, g.tipo(), g.NumGpo});
+    GrupoQueEsta esta{r.codigo, claveDeGrupo(g, ajustes), canal, g.tipo(), g.NumGpo};
+    for (const auto& [numero, maquina] : g.LasBalanzas) esta.numeros.insert(numero);
+    estan.push_back(std::move(esta));
   }
   return estan;
 }
 
+namespace {
+
+bool alcanza(const GrupoQueEsta& g, const QString& clave, const Hallazgo& h,
+             const GrupoHallado& hallado) {
+  const bool nodal = h.resultado == ResultadoCanal::Nodal;
+  if (!g.tipo || g.clave != clave) return false;
+  const bool suyo = g.tipo == TipoGrupo::Ebony;
+  return suyo == nodal && (!nodal || g.nodo == hallado.estacion);
+}
+
+std::set<int> numerosDe(const GrupoHallado& hallado) {
+  std::set<int> numeros;
+  for (size_t i = 0; i < hallado.balanzas.size(); ++i)
+    if (hallado.balanzas[i]) numeros.insert(static_cast<int>(i));
+  return numeros;
+}
+
+std::optional<int> quienEsElMismo(std::span<const GrupoQueEsta> grupos, const Hallazgo& h,
+                                  const GrupoHallado& hallado) {
+  const std::set<int> numeros = numerosDe(hallado);
+  const QString clave = claveDe(h.acceso);
+  std::optional<int> cual;
+  for (const GrupoQueEsta& g : grupos) {
+    const bool mismo = alcanza(g, clave, h, hallado) && g.tipo != TipoGrupo::Registradoras &&
+                       !numeros.empty() && g.numeros == numeros;
+    if (mismo && cual) return std::nullopt;
+    if (mismo) cual = g.codigo;
+  }
+  return cual;
+}
+
+template <class F>
+YaEstan porHallado(std::span<const Hallazgo> hallazgos, F quien) {
+  YaEstan ya;
+  for (const Hallazgo& h : hallazgos) {
+    auto& suyos = ya.emplace_back();
+    for (const GrupoHallado& g : h.grupos) suyos.push_back(quien(h, g));
+  }
+  return ya;
+}
+
+}  // namespace
+
 std::optional<int> quienLaTiene(std::span<const GrupoQueEsta> grupos, const Hallazgo& h,
                                 const GrupoHallado& hallado) {
-  const bool nodal = h.resultado == ResultadoCanal::Nodal;
   const QString clave = claveDe(h.acceso);
-  for (const GrupoQueEsta& g : grupos) {
-    if (!g.tipo || g.clave != clave) continue;
-    const bool suyo = g.tipo == TipoGrupo::Ebony;
-    if (suyo == nodal && (!nodal || g.nodo == hallado.estacion)) return g.codigo;
-  }
+  for (const GrupoQueEsta& g : grupos)
+    if (alcanza(g, clave, h, hallado)) return g.codigo;
   return std::nullopt;
+}
+
+YaEstan quienesLasTienen(std::span<const GrupoQueEsta> grupos,
+                         std::span<const Hallazgo> hallazgos) {
+  return porHallado(hallazgos, [&](const Hallazgo& h, const GrupoHallado& g) {
+    return quienLaTiene(grupos, h, g);
+  });
+}
+
+YaEstan quienesSonLosMismos(std::span<const GrupoQueEsta> grupos,
+                            std::span<const Hallazgo> hallazgos) {
+  std::set<int> usados;
+  return porHallado(hallazgos, [&](const Hallazgo& h, const GrupoHallado& g) {
+    const auto cual = quienEsElMismo(grupos, h, g);
+    return cual && usados.insert(*cual).second ? cual : std::nullopt;
+  });
+}
+
+Silencio silencioDe(const GrupoQueEsta& grupo, std::span<const Hallazgo> hallazgos) {
+  const std::vector<int> todas(grupo.numeros.begin(), grupo.numeros.end());
+  if (grupo.tipo == TipoGrupo::Registradoras) return {Silencio::Por::NoSeBuscan, todas};
+  std::set<int> callan = grupo.numeros;
+  bool explorado = false;
+  for (const Hallazgo& h : hallazgos) {
+    if (grupo.clave.isEmpty() || claveDe(h.acceso) != grupo.clave) continue;
+    explorado = true;
+    for (const GrupoHallado& hallado : h.grupos)
+      if (alcanza(grupo, grupo.clave, h, hallado))
+        for (const int numero : numerosDe(hallado)) callan.erase(numero);
+  }
+  if (!explorado) return {Silencio::Por::SinExplorar, todas};
+  return {Silencio::Por::Callan, {callan.begin(), callan.end()}};
 }
 
 }  // namespace tarvo::exploracion

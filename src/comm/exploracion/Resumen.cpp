@@ -1,5 +1,7 @@
 #include "comm/exploracion/Resumen.h"
 
+#include <algorithm>
+
 #include "comm/exploracion/TextosExploracion.h"
 
 namespace tarvo::exploracion {
@@ -55,7 +57,9 @@ Cuentas contar(std::span<const Hallazgo> hallazgos) {
   Cuentas c;
   for (const Hallazgo& h : hallazgos) {
     const bool hay = h.resultado != ResultadoCanal::SinPuerto;
-    (h.acceso.clase == Acceso::Clase::Tcp ? c.red : c.canales) += hay ? 1 : 0;
+    const bool tcp = h.acceso.clase == Acceso::Clase::Tcp;
+    (tcp ? c.red : c.canales) += hay ? 1 : 0;
+    c.contestan += tcp && h.resultado >= ResultadoCanal::Modem ? 1 : 0;
     c.modems += h.resultado == ResultadoCanal::Modem ? 1 : 0;
     c.grupos += static_cast<int>(h.grupos.size());
   }
@@ -68,7 +72,8 @@ namespace {
 QString detectado(const Cuentas& c, const Textos& t) {
   const QString canales = Plural(t(kTxResumenCanales), c.canales);
   if (c.red == 0) return canales;
-  const QString red = Plural(t(kTxAccesosDeRed), c.red);
+  const QString red = t(kTxNingunoContesta + std::min(c.contestan, 2),
+                        {Plural(t(kTxAccesosDeRed), c.red), c.contestan});
   return c.canales == 0 ? t(kTxHaDetectado, {red}) : t(kTxListaY, {canales, red});
 }
 

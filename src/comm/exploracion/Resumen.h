@@ -9,7 +9,8 @@
 namespace tarvo::exploracion {
 
 struct Cuentas {
-  int canales = 0, red = 0;  // lines that exist, and addresses that answer
+  int canales = 0, red = 0;  // lines that exist, and addresses that can be opened
+  int contestan = 0;         // of these addresses
   int modems = 0, grupos = 0;
   int yaEstan = 0;  // of these groups, those whose machines a group of the shop has
   // Something to configure.

@@ -87,13 +87,15 @@ struct MesaDeExploracion : Tienda {
     pulsar(u"StartPoll");
     ASSERT_TRUE(seVe(u"frmfaseRes"));
   }
+  // Without a button, with Return.
   template <class F>
   void responder(const QString& boton, F hacer) {
     QTimer::singleShot(0, qApp, [this, boton] {
       QWidget* w = QApplication::activeModalWidget();
       ASSERT_NE(w, nullptr);
       textoModal = w->findChild<QLabel*>(u"Mensaje"_s)->text();
-      QTest::mouseClick(w->findChild<QPushButton*>(boton), Qt::LeftButton);
+      auto* suyo = w->findChild<QPushButton*>(boton);
+      suyo ? QTest::mouseClick(suyo, Qt::LeftButton) : QTest::keyClick(w, Qt::Key_Return);
     });
     hacer();
   }

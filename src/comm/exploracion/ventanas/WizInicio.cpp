@@ -78,10 +78,12 @@ void WizInicio::ir(Paso paso) {
   StartPoll_->setText(t(siguiente));
   StartPoll_->setEnabled(paso != Paso::Explorando && !volviendo_);
   Cancelar_->setVisible(!aplicado);
+  Atras_->setVisible(explorado || paso == Paso::Resultados);
   Configurar_->setVisible(paso == Paso::Resultados);
   Parar_->setVisible(paso == Paso::Explorando);
   Parar_->setEnabled(true);
   avance_->setVisible(paso == Paso::Explorando);
+  detalle_->setVisible(explorado);
   Resumen_->setVisible(explorado);
   Consecuencia_->setVisible(explorado);
   for (QWidget* w : {static_cast<QWidget*>(hallados_), static_cast<QWidget*>(anadir_),
@@ -120,6 +122,15 @@ void WizInicio::Cancelar() {
   if (volviendo_) exploracion_->parar();
   llenarPuertos();
   ir(Paso::Introduccion);
+}
+
+// One page back: what was found stays until something is explored again.
+void WizInicio::atras() {
+  quitarPista();
+  if (PasoWiz_ != Paso::Resultados) return Cancelar();
+  resumir();
+  ir(Paso::Explorado);
+  pintarAvance();
 }
 
 // What was typed and not explored, and what was found and not applied, would be lost.
@@ -225,9 +236,22 @@ void WizInicio::acabada() {
   resumir();
   ir(Paso::Explorado);
   pintarAvance();
+  verDetalle();
   if (!parada_) return;
   pintarLinea(hallazgos_.size());
   decirDuda(t(kTxExploracionParada));
+}
+
+// The whole result of the current line, which its cell may have no room for.
+void WizInicio::verDetalle() {
+  const int fila = std::max(lineas_->filaActual(), 0);
+  const bool hay = fila < lineas_->filas();
+  const QString que = hay ? lineas_->texto(fila, u"que") : QString();
+  detalle_->setText(que.isEmpty() ? QString() : lineas_->texto(fila, u"acceso") + u": "_s + que);
+}
+
+QString WizInicio::loExplorado(int texto) const {
+  return contexto().textos(texto, {hallazgos_.size(), accesos_.size()});
 }
 
 // Ten times a second: the progress, and the picture of what is being tried.
@@ -256,7 +280,7 @@ void WizInicio::pintarAvance() {
   ver(imgVek_, fase == Fase::Vek);
   ver(imgNodal_, nodal);
   if (!acceso) {
-    fase_->setText(t(kTxExplorado));
+    fase_->setText(loExplorado(cortada() ? kTxExploradoEnParte : kTxExplorado));
     return;
   }
   const QString nombre = exploracion::nombre(*acceso, contexto().textos);
@@ -267,129 +291,6 @@ void WizInicio::pintarAvance() {
   fase_->setText(contexto().textos(texto, {nombre, sondeo ? sondeo->sonda() : 0, kUltimaSonda}));
   avance_->setValue(static_cast<int>(hallazgos_.size()) * kPorAcceso + parte(sondeo));
   pintarLinea(hallazgos_.size());
-}
-
-bool WizInicio::mirarGrupos() {
-  auto ya = aplicador_.quienesLasTienen(hallazgos_);
-  if (!haIdoBien(ya)) return false;
-  yaEstan_ = std::move(*ya);
-  return true;
-}
-
-void WizInicio::resumir() {
-  Cuentas cuentas = contar(hallazgos_);
-  if (!mirarGrupos()) return;
-  for (const auto& suyos : yaEstan_)
-    cuentas.yaEstan += static_cast<int>(std::ranges::count_if(
-        suyos, [](const std::optional<int>& grupo) { return grupo.has_value(); }));
-  Resumen_->setText(resumen(cuentas, contexto().textos));
-  Consecuencia_->setText(consecuencia(cuentas, contexto().textos).trimmed());
-  QPalette colores = Consecuencia_->palette();
-  colores.setColor(QPalette::WindowText, ventanas::colorDe(cuentas.algo() ? ventanas::Tinte::Acento
-                                                                          : ventanas::Tinte::Mal));
-  Consecuencia_->setPalette(colores);
-}
-
-// --- applying
-
-// A line for each modem and each group found.
-std::vector<FilaViva> WizInicio::filasHalladas() const {
-  const Textos& textos = contexto().textos;
-  std::vector<FilaViva> filas;
-  for (size_t i = 0; i < hallazgos_.size(); ++i) {
-    const Hallazgo& h = hallazgos_[i];
-    const QString acceso = exploracion::nombre(h.acceso, textos);
-    const auto poner = [&](int que, const dao::Valor& n, const QString& suyas, const QString& de) {
-      filas.push_back({static_cast<qint64>(filas.size()), {acceso, t(que), n, suyas, de}});
-    };
-    if (h.resultado == ResultadoCanal::Modem) poner(kTxUnModem, {}, {}, {});
-    for (size_t n = 0; n < h.grupos.size(); ++n) {
-      const GrupoHallado& g = h.grupos[n];
-      const QString suyas = balanzas(g, textos);
-      const auto ya = sustituye() ? std::nullopt : yaEstan_[i][n];
-      poner(h.resultado == ResultadoCanal::Nodal ? kTxBalanzasNodal : kTxBalanzasVek, g.estacion,
-            suyas,
-            ya                ? textos(kTxYaEsDelGrupo, {*ya})
-            : suyas.isEmpty() ? QString()
-                              : t(kTxSeCreara));
-    }
-  }
-  return filas;
-}
-
-void WizInicio::mostrarResultados() {
-  const auto nueva = aplicador_.porEstrenar();
-  if (!haIdoBien(nueva) || !mirarGrupos()) return;
-  porEstrenar_ = *nueva;
-  auto filas = filasHalladas();
-  const bool hay = !filas.empty();
-  hallados_->vivas().poner(std::move(filas));
-  const bool eligen = hay && !porEstrenar_;
-  queHara_->setText(t(!hay           ? kTxNadaQueConfigurar
-                      : porEstrenar_ ? kTxSeranLosPrimeros
-                                     : kTxQueSeHace));
-  anadir_->setChecked(true);
-  ir(Paso::Resultados);
-  anadir_->setVisible(eligen);
-  sustituir_->setVisible(eligen);
-  StartPoll_->setEnabled(hay);
-  if (!hay) Cancelar_->setFocus();
-  listarLoQueSeVa();
-}
-
-bool WizInicio::sustituye() const {
-  return PasoWiz_ == Paso::Resultados && !porEstrenar_ && sustituir_->isChecked();
-}
-
-void WizInicio::listarLoQueSeVa() {
-  if (PasoWiz_ == Paso::Resultados) hallados_->vivas().poner(filasHalladas());
-  rotuloSeVan_->setVisible(sustituye());
-  seVan_->setVisible(sustituye());
-  if (PasoWiz_ == Paso::Resultados && !porEstrenar_ && hallados_->filas() > 0)
-    queHara_->setText(t(sustituye() ? kTxEnLugarDeLosQueHay : kTxQueSeHace));
-  if (!sustituye()) return;
-  const auto todos = aplicador_.loQueSeVa();
-  if (!haIdoBien(todos)) return;
-  std::vector<FilaViva> filas;
-  for (const auto& [grupo, c] : *todos)
-    filas.push_back({grupo.codigo,
-                     {grupo.codigo, grupo.nombre, c.maquinas, c.ofertas, c.tareas,
-                      c.ventas ? dao::Valor(*c.ventas) : dao::Valor()}});
-  seVan_->vivas().poner(std::move(filas));
-}
-
-void WizInicio::AplicarExploracion() {
-  if (sustituye()) {
-    listarLoQueSeVa();
-    const int cuantos = seVan_->filas();
-    if (cuantos > 0 &&
-        !ventanas::MyMsgBox::Decide(this, contexto().textos, t(kTxVaABorrarGrupos, cuantos),
-                                    ventanas::kAceptoCancelo | ventanas::kExclamacion))
-      return;
-  }
-  const auto hecho = aplicador_.aplicar(hallazgos_, sustituye());
-  if (!haIdoBien(hecho)) return;
-  s_.motor.cambiaronCanales();
-  mostrarHecho(*hecho);
-}
-
-void WizInicio::mostrarHecho(const Aplicado& hecho) {
-  QStringList lineas;
-  for (const auto& c : hecho.creados)
-    lineas << contexto().textos(
-        kTxGrupoHecho, {c.codigo, c.nombre, exploracion::nombre(c.acceso, contexto().textos)});
-  lineas << hecho.avisos;
-  if (lineas.empty()) lineas << t(kTxCanalesPuestos);
-  hecho_->setPlainText(lineas.join(u'\n'));
-  queHara_->setText(t(kTxConfigurado));
-  ir(Paso::Aplicado);
-  const QString creados = t(kTxGruposCreados, static_cast<int>(hecho.creados.size()));
-  if (!hecho.avisos.empty())
-    decirDuda((hecho.creados.empty() ? QString() : creados + u' ') + t(kTxLeaLosAvisos));
-  else if (hecho.creados.empty())
-    decirBien(t(kTxCanalesPuestos));
-  else
-    decirBien(creados);
 }
 
 }  // namespace tarvo::exploracion

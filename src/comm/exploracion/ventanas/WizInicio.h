@@ -45,6 +45,7 @@ class WizInicio final : public ventanas::Ventana {
   void ir(Paso paso);
   void StartPoll();
   void Cancelar();
+  void atras();
   void configurar();
 
   void llenarPuertos();
@@ -58,14 +59,29 @@ class WizInicio final : public ventanas::Ventana {
   void pintarAvance();
   void decirOcupadas();
 
+  void verDetalle();  // of the current line
+  QString loExplorado(int texto) const;
+  bool cortada() const { return hallazgos_.size() < accesos_.size(); }
+
+  // --- applying (WizInicioAplicar.cpp)
   bool mirarGrupos();
   void resumir();
   std::vector<ventanas::FilaViva> filasHalladas() const;
   void mostrarResultados();
-  void listarLoQueSeVa();
+  bool listarLoQueSeVa();
+  QString destino(size_t hallazgo, size_t cual) const;
+  QString loQueHara() const;
+  QString callan(const Silencio& silencio) const;
+  QString pregunta() const;
   bool sustituye() const;
+  struct Creados {
+    bool alguno = false, sinModelo = false;
+  };
+  Creados creados() const;
+  QString enLista(QStringList cosas) const;
   void AplicarExploracion();
-  void mostrarHecho(const Aplicado& hecho);
+  void mostrarHecho(const Aplicado& hecho, bool sinModelo);
+  QString cuentaDe(const Aplicado& hecho) const;
 
   bool QueryUnload() override;
   void keyPressEvent(QKeyEvent* evento) override;
@@ -77,7 +93,9 @@ class WizInicio final : public ventanas::Ventana {
   std::unique_ptr<Exploracion> exploracion_;
   std::vector<Acceso> accesos_;
   std::vector<Hallazgo> hallazgos_;
-  Aplicador::YaEstan yaEstan_;  // of these
+  YaEstan yaEstan_;  // of these
+  Aplicador::Sustitucion sustitucion_;
+  std::optional<Aplicador::Seccion> seccion_;  // of new groups
   Paso PasoWiz_ = Paso::Introduccion;
   bool volviendo_ = false;  // stopped, to begin again
   bool parada_ = false;     // stopped, to see what was found so far
@@ -93,11 +111,11 @@ class WizInicio final : public ventanas::Ventana {
   QLabel *fase_ = nullptr, *imgModem_ = nullptr, *imgVek_ = nullptr, *imgNodal_ = nullptr;
   QProgressBar* avance_ = nullptr;
   ventanas::Parrilla *lineas_ = nullptr, *hallados_ = nullptr, *seVan_ = nullptr;
-  QLabel *Resumen_ = nullptr, *Consecuencia_ = nullptr, *queHara_ = nullptr,
+  QLabel *detalle_ = nullptr, *Resumen_ = nullptr, *Consecuencia_ = nullptr, *queHara_ = nullptr,
          *rotuloSeVan_ = nullptr;
   QRadioButton *anadir_ = nullptr, *sustituir_ = nullptr;
   QPushButton *StartPoll_ = nullptr, *Cancelar_ = nullptr, *Configurar_ = nullptr,
-              *Parar_ = nullptr;
+              *Parar_ = nullptr, *Atras_ = nullptr;
 };
 
 }  // namespace tarvo::exploracion

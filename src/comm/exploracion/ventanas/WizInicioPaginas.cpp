@@ -24,7 +24,7 @@ using ventanas::Clase;
 
 namespace {
 
-constexpr QSize kTamanoWiz{980, 600};
+constexpr QSize kTamanoWiz{1120, 620};
 constexpr int kAltoPuertos = 130, kAltoOtros = 90, kLatidoMs = 100;
 
 QLabel* parrafo(const QString& nombre, const QString& texto, QWidget* padre) {
@@ -131,10 +131,10 @@ QWidget* WizInicio::montarPoll() {
   pila->addWidget(avance_);
   lineas_ = lista(u"lineas"_s, pagina);
   lineas_->preparar(contexto(), nombre(),
-                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 170},
+                    {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 140},
                      {.titulo = ventanas::kTxEstado,
                       .campo = u"estado"_s,
-                      .ancho = 140,
+                      .ancho = 120,
                       .ver =
                           [this](const dao::Valor& v) {
                             return t(kTxEstadoLinea + static_cast<int>(v.entero()));
@@ -144,6 +144,9 @@ QWidget* WizInicio::montarPoll() {
   lineas_->vivas();
   lineas_->ponerBusca(false);
   pila->addWidget(lineas_, 1);
+  detalle_ = parrafo(u"detalle"_s, {}, pagina);
+  pila->addWidget(detalle_);
+  connect(lineas_, &ventanas::Parrilla::actualCambiada, this, &WizInicio::verDetalle);
   Resumen_ = parrafo(u"Resumen"_s, {}, pagina);
   Consecuencia_ = parrafo(u"Consecuencia"_s, {}, pagina);
   pila->addWidget(Resumen_);
@@ -159,11 +162,11 @@ QWidget* WizInicio::montarRes() {
   pila->addWidget(queHara_);
   hallados_ = lista(u"hallados"_s, pagina);
   hallados_->preparar(contexto(), nombre(),
-                      {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 210},
-                       {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 160},
+                      {{.titulo = kTxAcceso, .campo = u"acceso"_s, .ancho = 190},
+                       {.titulo = kTxQueEs, .campo = u"que"_s, .ancho = 140},
                        {.titulo = kTxDireccion, .campo = u"n"_s, .clase = Clase::Entero},
-                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s},
-                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 160}});
+                       {.titulo = kTxSusBalanzas, .campo = u"balanzas"_s, .ancho = 130},
+                       {.titulo = ventanas::kTxGrupo, .campo = u"grupo"_s, .ancho = 330}});
   hallados_->vivas();
   hallados_->ponerVacia(t(kTxNadaHallado));
   hallados_->ponerBusca(false);
@@ -181,7 +184,9 @@ QWidget* WizInicio::montarRes() {
       contexto(), nombre(),
       {{.titulo = ventanas::kTxGrupo, .campo = u"codigo"_s, .clase = Clase::Codigo, .cifras = 4},
        {.titulo = ventanas::kTxNombre, .campo = u"nombre"_s},
+       {.titulo = ventanas::kTxSeccion, .campo = u"seccion"_s, .clase = Clase::Entero},
        {.titulo = kTxMaquinas, .campo = u"maquinas"_s, .clase = Clase::Entero},
+       {.titulo = kTxNoContestan, .campo = u"callan"_s, .ancho = 170},
        {.titulo = kTxOfertas, .campo = u"ofertas"_s, .clase = Clase::Entero},
        {.titulo = kTxTareas, .campo = u"tareas"_s, .clase = Clase::Entero},
        {.titulo = kTxVentasSinPeriodo, .campo = u"ventas"_s, .clase = Clase::Importe}});
@@ -194,7 +199,7 @@ QWidget* WizInicio::montarRes() {
   hecho_->setTabChangesFocus(true);
   hecho_->setAccessibleName(t(ventanas::kTxResultado));
   pila->addWidget(hecho_, 2);
-  connect(sustituir_, &QRadioButton::toggled, this, &WizInicio::listarLoQueSeVa);
+  connect(sustituir_, &QRadioButton::toggled, this, [this] { listarLoQueSeVa(); });
   return pagina;
 }
 
@@ -211,6 +216,7 @@ QWidget* WizInicio::montarBotones() {
   Configurar_ = boton(u"Configurar"_s, kTxAvanzado);
   Parar_ = boton(u"Parar"_s, ventanas::kTxParar);
   linea->addStretch();
+  Atras_ = boton(u"Atras"_s, kTxAtras);
   StartPoll_ = boton(u"StartPoll"_s, kTxSiguiente);
   Cancelar_ = boton(u"Cancelar"_s, ventanas::kTxCancelar);
   StartPoll_->setDefault(true);
@@ -218,6 +224,7 @@ QWidget* WizInicio::montarBotones() {
   connect(Parar_, &QPushButton::clicked, this, &WizInicio::parar);
   connect(StartPoll_, &QPushButton::clicked, this, &WizInicio::StartPoll);
   connect(Cancelar_, &QPushButton::clicked, this, &WizInicio::Cancelar);
+  connect(Atras_, &QPushButton::clicked, this, &WizInicio::atras);
   return fila;
 }
 
