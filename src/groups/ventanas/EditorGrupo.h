@@ -66,7 +66,10 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
 
   // --- gestures on places (EditorGrupoGestos.cpp)
   void soltar(const Arrastre& que, int en, bool mueve);
-  void poner(int sitio, devices::Miembro maquina, int que);
+  void poner(int sitio, devices::Miembro maquina);
+  void ponerModelo(int sitio, int modelo);
+  std::optional<int> sitioParaOtra();
+  bool sustituye(int sitio);
   void insertar();
   void copiar();
   void cortar();

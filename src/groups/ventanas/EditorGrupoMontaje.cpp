@@ -162,7 +162,7 @@ void EditorGrupo::montarPaleta(Formulario f) {
     anadir(u"maquina%1"_s.arg(m), devices::NombreModelo(m), m);
   ico_->setCurrentRow(0);
   connect(ico_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
-    soltar({Arrastre::Modelo, item->data(Qt::UserRole).toInt()}, sitio(), false);
+    if (const auto libre = sitioParaOtra()) ponerModelo(*libre, item->data(Qt::UserRole).toInt());
   });
 }
 
@@ -177,7 +177,8 @@ void EditorGrupo::montarSitios(Formulario f) {
   sitios_->setContextMenuPolicy(Qt::CustomContextMenu);
   sitios_->setToolTip(t(kTxSitiosTip));
   for (int n = 0; n < kSitios; ++n) new QListWidgetItem(sitios_);
-  connect(sitios_, &ListaDibujos::soltado, this, &EditorGrupo::soltar);
+  // After the drag has ended: a question may follow, and the mouse is needed to answer it.
+  connect(sitios_, &ListaDibujos::soltado, this, &EditorGrupo::soltar, Qt::QueuedConnection);
   connect(sitios_, &ListaDibujos::empujado, this, &EditorGrupo::empujar);
   connect(sitios_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& p) { menuDeMaquina(sitios_->viewport()->mapToGlobal(p)); });

@@ -212,6 +212,7 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   t.soltarEn(v, {Arrastre::Sitio, 4}, 2, Qt::ShiftModifier);
   EXPECT_EQ(t.puestas(v), u"Rowan Cedar Rowan Maple");
   t.soltar(v, {Arrastre::Sitio, 3}, t.control<QToolButton>(v, u"clipbrd"), {5, 5});
+  t.responder(u"Acepto"_s);
   t.soltarEn(v, {Arrastre::Portapapeles}, 0);
   EXPECT_EQ(t.puestas(v), u"Maple Cedar Rowan Maple");
   for (const int sitio : {3, 2}) t.soltar(v, {Arrastre::Sitio, sitio}, basura, {5, 5});
@@ -233,6 +234,44 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   ASSERT_TRUE(t.guardar(v));
   EXPECT_EQ(t.leer(u"select tipo from GRUPOS where CODGPO=1"_s), u"2");
   EXPECT_EQ(t.leer(u"select NMBZA, tipo from BZAS where SUGPO=1"_s), u"2 7");
+}
+
+// A command goes on to a free place; only a drop or a paste may take a machine's place, and asks.
+TEST(EditorGrupo, LaMaquinaQueHayNoSePierde) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  t.ir(v, 0);
+  t.tecla(Qt::Key_Insert);
+  t.enMenu(u"Maple"_s);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar Maple");
+  EXPECT_EQ(t.sitios(v).currentRow(), 2);
+  auto* modelos = t.control<QListWidget>(v, u"ico");
+  for (int i = 3; i <= 10; ++i) QTest::keyClick(modelos, Qt::Key_Return);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar Maple"_s + u" Rowan"_s.repeated(7));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Los diez sitios están ocupados"));
+  t.ir(v, 3);
+  QTest::keyClick(&t.sitios(v), Qt::Key_C, Qt::ControlModifier);
+  const std::function<void()> encima[] = {
+      [&] { t.soltarEn(v, {Arrastre::Modelo, devices::kCedar}, 2); },
+      [&] { t.soltarEn(v, {Arrastre::Sitio, 0}, 2); },
+      [&] {
+        t.ir(v, 2);
+        QTest::keyClick(&t.sitios(v), Qt::Key_V, Qt::ControlModifier);
+      }};
+  for (const auto& poner : encima) {
+    const QString antes = t.puestas(v);
+    t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Return); });
+    poner();
+    EXPECT_TRUE(t.textoModal.contains(u"«3 · Maple»")) << t.textoModal.toStdString();
+    EXPECT_EQ(t.puestas(v), antes) << "Cancelar is the default";
+    t.activa(v);
+    t.responder(u"Acepto"_s);
+    poner();
+    EXPECT_NE(t.puestas(v), antes);
+    t.activa(v);
+    QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.puestas(v), antes);
+  }
 }
 
 // What each access shows, and the group number on the bus, whose keys above its limit are dropped.
@@ -273,6 +312,12 @@ TEST(EditorGrupo, LasDireccionesDeLasCajas) {
   t.ir(v, 1);
   t.tecla(Qt::Key_Insert);
   EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2") << "the first address that is free";
+  for (const auto tecla : {Qt::Key_C, Qt::Key_Right, Qt::Key_V})
+    QTest::keyClick(&t.sitios(v), tecla,
+                    tecla == Qt::Key_Right ? Qt::NoModifier : Qt::ControlModifier);
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2 dir. 3") << "a copy takes one too";
+  t.tecla(Qt::Key_Delete);
+  t.ir(v, 1);
   t.poner(v, u"txDir", u"1"_s);
   t.responder(u"Acepto"_s);
   QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
