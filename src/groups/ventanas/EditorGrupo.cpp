@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Tira.h"
 #include "devices/Modelos.h"
 #include "groups/ventanas/TextosGruposVentanas.h"
 
@@ -248,8 +249,20 @@ void EditorGrupo::anotarLoTecleado() {
     if (campo->control().hasFocus()) anotar(campo->nombre());
 }
 
+// A failure and what is wrong with the stored group stay.
+void EditorGrupo::quitarLoDicho() {
+  quitarPista();
+  if (tira().estado() == ventanas::Estado::Bien) tira().quitar();
+}
+
+void EditorGrupo::empezarOrden() {
+  quitarLoDicho();
+  anotarLoTecleado();
+}
+
 void EditorGrupo::haCambiado(Campo& campo) {
   if (!abierta_) return;
+  quitarLoDicho();
   tocados_.insert(&campo);
   revisar();
   pintarAcceso();

@@ -60,6 +60,9 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void anotar(const QString& que);
   void volverA(const GrupoEditado& otro);
   void anotarLoTecleado();  // in the field that still has the focus
+  // Before each command: what the one before reported is no longer the last thing to know.
+  void empezarOrden();
+  void quitarLoDicho();
   void haCambiado(ventanas::Campo& campo);
   void revisar();
   Resultado<> ponerDireccion(const QString& texto);

@@ -48,12 +48,11 @@ void EditorGrupo::ponerModelo(int donde, int modelo) {
 }
 
 void EditorGrupo::poner(int donde, devices::Miembro maquina) {
-  quitarPista();
-  anotarLoTecleado();
+  empezarOrden();
   groups::darDireccion(r.grupo, donde, maquina);
   devices::Grupo con = r.grupo;
   const auto hecho = groups::colocar(con, donde, std::move(maquina), contexto().textos);
-  if (!hecho) return decirDuda(hecho.error().texto);
+  if (!hecho) return decirPista(hecho.error().texto);
   if (con == r.grupo || !sustituye(donde)) return;
   r.grupo = std::move(con);
   acierto();
@@ -95,8 +94,11 @@ void EditorGrupo::copiar() {
 }
 
 void EditorGrupo::cortar() {
-  copiar();
+  const auto* m = actual();
+  if (!m) return;
+  QGuiApplication::clipboard()->setText(textoDe(*m));
   borrar(sitio());
+  decirBien(t(kTxCopiada));
 }
 
 void EditorGrupo::pegar(int en) {
@@ -109,7 +111,7 @@ void EditorGrupo::pegar(int en) {
 
 void EditorGrupo::borrar(int de) {
   if (!enSitio(r.grupo, de)) return decirPista(t(kTxSitioSinMaquina));
-  anotarLoTecleado();
+  empezarOrden();
   groups::vaciar(r.grupo, de);
   anotar(t(kTxQueQuitada).arg(de + 1));
   if (dir_) dir_->mostrar();
@@ -118,7 +120,7 @@ void EditorGrupo::borrar(int de) {
 
 void EditorGrupo::empujar(int de, int a) {
   if (!enSitio(r.grupo, de) || de == a) return;
-  anotarLoTecleado();
+  empezarOrden();
   permutar(r.grupo, de, a);
   sitios_->setCurrentRow(a);
   anotar(t(kTxQueMovida).arg(de + 1));

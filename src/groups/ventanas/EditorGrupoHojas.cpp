@@ -46,6 +46,7 @@ void EditorGrupo::teclado() {
   const auto hallada = r.grupo.LasBalanzas.find(sitio());
   if (hallada == r.grupo.LasBalanzas.end()) return;
   if (!contexto().ventanas.conoce<devices::PuertaTeclado>()) return decirPista(t(kTxSinTeclado));
+  empezarOrden();
   devices::Maquina& m = maquinaDe(hallada->second);
   const devices::TextosTeclado antes{m.Teclado.Teclado, m.Teclado.HARDPLU, m.Teclado.TARASME};
   const auto hecho = preguntar(devices::PuertaTeclado{.tipo = m.tipo(),
@@ -64,6 +65,7 @@ void EditorGrupo::teclado() {
 
 // The access as it is typed, stored or not.
 void EditorGrupo::probar() {
+  quitarLoDicho();
   for (ventanas::Campo* c : {telf_, addr_, dir_}) {
     const auto leido = c && c->control().isVisible() ? c->leer() : Resultado<>();
     if (leido) continue;

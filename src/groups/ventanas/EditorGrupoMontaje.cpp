@@ -295,6 +295,7 @@ void EditorGrupo::montarBus(Formulario& g) {
   rotuloAddr_->setBuddy(linea);
   g.enLinea({rs485_, rotuloAddr_, linea, nullptr});
   connect(rs485_, &QCheckBox::clicked, this, [this](bool si) {
+    quitarLoDicho();
     rs485_->setFocus();
     r.grupo.NumGpo = si ? std::max(1, r.grupo.NumGpo) : 0;
     addr_->mostrar();

@@ -221,6 +221,15 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   t.soltarEn(v, {Arrastre::Modelo, devices::kEbony}, 2);
   EXPECT_EQ(t.puestas(v), u"Maple Cedar");
   EXPECT_EQ(v->tira().texto(), u"Los tipos de balanzas son incompatibles");
+  t.soltarEn(v, {Arrastre::Sitio, 1}, 6, Qt::ShiftModifier);
+  EXPECT_EQ(v->tira().texto(), QString()) << "that was of the command before";
+  t.activa(v);
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Deshecho"));
+  t.ir(v, 1);
+  QTest::keyClick(&t.sitios(v), Qt::Key_Delete);
+  EXPECT_EQ(v->tira().texto(), QString());
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
   QGuiApplication::clipboard()->setText(u"otra cosa"_s);
   t.soltarEn(v, {Arrastre::Portapapeles}, 5);
   EXPECT_TRUE(v->tira().texto().startsWith(u"Los datos del portapapeles no parecen ser de una"));
