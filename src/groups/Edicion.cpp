@@ -77,6 +77,10 @@ Miembro maquinaNueva(const Grupo& grupo, std::optional<int> modelo, Idioma idiom
   return nueva;
 }
 
+QString reglaDireccion(const Textos& textos) {
+  return textos(kTxReglaDireccion, {kUltimaDireccion});
+}
+
 void darDireccion(const Grupo& grupo, int sitio, Miembro& miembro) {
   auto* caja = std::get_if<Registradora>(&miembro);
   if (!caja) return;

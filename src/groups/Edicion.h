@@ -56,6 +56,8 @@ TipoGrupo tipoPara(const devices::Miembro& miembro);
 // first address that no other register of the group has.
 devices::Miembro maquinaNueva(const devices::Grupo& grupo, std::optional<int> modelo,
                               Idioma idioma);
+// What an address of a register must be, in words.
+QString reglaDireccion(const Textos& textos);
 // A register that comes to that place: it keeps its address if no other register of the group has
 // it, else it gets the first free one.
 void darDireccion(const devices::Grupo& grupo, int sitio, devices::Miembro& miembro);

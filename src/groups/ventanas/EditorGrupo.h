@@ -66,6 +66,8 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void haCambiado(ventanas::Campo& campo);
   void revisar();
   Resultado<> ponerDireccion(const QString& texto);
+  void mostrarDireccion();
+  void pintarFaltaSitios(const std::vector<Grupos::Falta>& faltas);
 
   // --- gestures on places (EditorGrupoGestos.cpp)
   void soltar(const Arrastre& que, int en, bool mueve);
@@ -126,7 +128,9 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
                   *dir_ = nullptr, *seccion_ = nullptr;
   std::vector<std::pair<ventanas::Campo*, std::optional<Grupos::FaltaDe>>> vigilados_;
   std::set<ventanas::Campo*> tocados_;
-  QStringList dichas_;  // the engine's faults, in its order
+  int sitioDireccion_ = -1;      // whose address is shown
+  std::optional<int> cajaMala_;  // the first register with a wrong address
+  QStringList dichas_;           // the engine's faults, in its order
 };
 
 class EdiGrupo final : public EditorGrupo {

@@ -59,7 +59,7 @@ void EditorGrupo::poner(int donde, devices::Miembro maquina) {
   faltaSitios_->hide();
   sitios_->setCurrentRow(donde);
   anotar(t(kTxQuePuesta).arg(donde + 1));
-  if (dir_) dir_->mostrar();
+  mostrarDireccion();
   pintar();
 }
 
@@ -114,7 +114,7 @@ void EditorGrupo::borrar(int de) {
   empezarOrden();
   groups::vaciar(r.grupo, de);
   anotar(t(kTxQueQuitada).arg(de + 1));
-  if (dir_) dir_->mostrar();
+  mostrarDireccion();
   pintar();
 }
 
@@ -124,7 +124,7 @@ void EditorGrupo::empujar(int de, int a) {
   permutar(r.grupo, de, a);
   sitios_->setCurrentRow(a);
   anotar(t(kTxQueMovida).arg(de + 1));
-  if (dir_) dir_->mostrar();
+  mostrarDireccion();
   pintar();
 }
 

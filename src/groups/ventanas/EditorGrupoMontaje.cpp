@@ -188,7 +188,7 @@ void EditorGrupo::montarSitios(Formulario f) {
              : insertar();
   });
   connect(sitios_, &QListWidget::currentRowChanged, this, [this] {
-    if (dir_) dir_->mostrar();
+    mostrarDireccion();
     permitir();
   });
   faltaSitios_ = f.nota(u"faltaSitios"_s);
@@ -276,7 +276,8 @@ void EditorGrupo::montarAcceso(Formulario f) {
                         },
                     .poner = [this](const QString& s) { return ponerDireccion(s); },
                     .limites = t(ventanas::kTxDeA).arg(0).arg(kUltimaDireccion),
-                    .letras = 2});
+                    .letras = 2,
+                    .faltaDebajo = true});
     vigilar(*dir_, Grupos::FaltaDe::Direccion);
   }
   auto* boton = g.boton(kTxProbar, u"BotonProbar"_s, [this] { probar(); });

@@ -330,10 +330,53 @@ TEST(EditorGrupo, LasDireccionesDeLasCajas) {
   t.poner(v, u"txDir", u"1"_s);
   t.responder(u"Acepto"_s);
   QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(t.textoModal, u"Alguna de las direcciones de las cajas está repetida");
+  EXPECT_EQ(t.textoModal, u"Alguna de las direcciones de las cajas está repetida: sitios 1, 2.");
   t.poner(v, u"txDir", u"7"_s);
   ASSERT_TRUE(t.guardar(v));
   EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 7");
+}
+
+// What is no address is neither stored nor forgotten in silence; nor is its first digit.
+TEST(EditorGrupo, LaDireccionQueNoValeNoSeGuarda) {
+  MesaDeGrupos t;
+  auto* v = t.abrir(PuertaEdiCajas{{.codigo = 3}});
+  t.ir(v, 1);
+  t.tecla(Qt::Key_Insert);
+  t.poner(v, u"txDir", u"99"_s);
+  t.tecla(Qt::Key_Tab);
+  auto* falta = t.control<QLabel>(v, u"faltatxDir");
+  EXPECT_EQ(falta->text(),
+            u"Las direcciones van del 1 al 16; la 0 sólo vale si hay una sola caja.");
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.textoModal, u"Dirección de la caja: "_s + falta->text());
+  t.activa(v);
+  t.ir(v, 0);
+  EXPECT_EQ(v->tira().texto(),
+            u"La dirección «99» no vale: la caja del sitio 2 se queda con la que tenía, 2.");
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2");
+  EXPECT_TRUE(falta->text().isEmpty());
+  // A number that is wrong here: its register is named, and gone to.
+  t.poner(v, u"txDir", u"0"_s);
+  EXPECT_EQ(v->tira().texto(), QString());
+  t.ir(v, 1);
+  EXPECT_TRUE(falta->text().isEmpty()) << "this one is right";
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  const QString cual = u"Alguna de las direcciones de las cajas es incorrecta: sitio 1. Las "_s;
+  EXPECT_TRUE(t.textoModal.startsWith(cual)) << t.textoModal.toStdString();
+  EXPECT_EQ(t.sitios(v).currentRow(), 0);
+  EXPECT_FALSE(falta->text().isEmpty());
+  auto* bajoSitios = t.control<QLabel>(v, u"faltaSitios");
+  EXPECT_TRUE(bajoSitios->text().startsWith(cual));
+  t.activa(v);
+  t.sitios(v).setFocus();
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2");
+  EXPECT_TRUE(bajoSitios->isHidden()) << "undone with its reason";
+  EXPECT_TRUE(falta->text().isEmpty());
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 2");
 }
 
 // The ticket head of group 1, by its machines.
