@@ -6,6 +6,7 @@
 #include <ranges>
 #include <set>
 
+#include "comm/cables/Parametros.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 #include "groups/TextosGroups.h"
@@ -177,9 +178,10 @@ Resultado<std::vector<Grupos::Falta>> Grupos::faltas(const devices::Grupo& g, in
   if (g.LasBalanzas.empty()) falta(FaltaDe::Maquinas, cajas ? kTxSinCajas : kTxSinBalanzas);
   TARVO_TOMAR(const auto seccion, db_.uno(u"SELECT count(*) FROM SECCS WHERE NMSECC=?", g.seccion));
   if (seccion.entero() == 0) falta(FaltaDe::Seccion, kTxSeccionNoValida);
-  const bool conTexto = g.Acceso == TipoAcceso::Modem || g.Acceso == TipoAcceso::TcpIp ||
-                        g.Acceso == TipoAcceso::Conector;
+  const bool conTexto = g.Acceso == TipoAcceso::Modem || g.Acceso == TipoAcceso::Conector;
   if (conTexto && g.Telefono.trimmed().isEmpty()) falta(FaltaDe::Telefono, kTxSinTelefono);
+  if (g.Acceso == TipoAcceso::TcpIp && !enlace::seAbrePorTcp(g.Telefono))
+    falta(FaltaDe::Telefono, kTxSinPuerto);
   if (cajas) faltasDeCajas(g, textos_, f);
   return f;
 }

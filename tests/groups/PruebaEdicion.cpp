@@ -129,6 +129,9 @@ TEST(Edicion, LoQueImpideGuardar) {
                 regla = u" Las direcciones van del 1 al 16; la 0 sólo vale si hay una sola caja."_s,
                 direccion = alguna + u"es incorrecta: sitio %1."_s + regla,
                 repetida = alguna + u"está repetida: sitios 1, 2, 3."_s,
+                sinPuerto =
+                    u"La dirección ha de llevar dos puntos y el número del puerto, como "_s +
+                    u"en 192.168.1.50:4000."_s,
                 sinTelefono = u"El número de teléfono no puede quedar vacío"_s;
   const auto una = std::vector{balanza(devices::kRowan)};
   const auto ninguno = TipoAcceso::Ninguno;
@@ -152,6 +155,11 @@ TEST(Edicion, LoQueImpideGuardar) {
       {1, u"Uno"_s, una, 1, TipoAcceso::Modem, {}, sinTelefono},
       {1, u"Uno"_s, una, 1, TipoAcceso::Conector, u" "_s, sinTelefono},
       {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"balanza:4101"_s, {}},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u" balanza : 4101 , 2"_s, {}},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, {}, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"hola,"_s, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u":4101"_s, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"balanza:65536"_s, sinPuerto},
       {1, u"Uno"_s, una, 1, TipoAcceso::Directo, {}, {}},
       {1, u"Uno"_s, {caja(0)}, 1, ninguno, {}, {}},
       {1, u"Uno"_s, {caja({})}, 1, ninguno, {}, direccion.arg(1)},

@@ -72,6 +72,7 @@ void EditorGrupo::probar() {
     c->enfocar();
     return decirPista(leido.error().texto);
   }
+  revisar();  // reading has cleared what the engine refuses
   const auto grupo = conexion::grupoProbado(r.grupo, contexto().textos);
   if (!grupo) return decirPista(grupo.error().texto);
   preguntar(conexion::PuertaProbar{.nombre = r.nombre, .grupo = *grupo});

@@ -437,6 +437,7 @@ TEST(EditorGrupo, ProbarLoEscrito) {
   t.poner(v, u"txTelf", u"balanza"_s);
   QTest::keyClick(v, Qt::Key_F9);
   EXPECT_TRUE(v->tira().texto().startsWith(u"La dirección ha de llevar dos puntos"));
+  EXPECT_EQ(t.control<QLabel>(v, u"faltatxTelf")->text(), v->tira().texto()) << "while it is typed";
   t.poner(v, u"txTelf", u"balanza:4101"_s);
   QString dicho;
   t.alAbrirse([&](QWidget* w) {
