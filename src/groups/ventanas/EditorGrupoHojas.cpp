@@ -3,6 +3,7 @@
 #include "comm/conexion/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "devices/ventanas/Puertas.h"
+#include "groups/ventanas/Comun.h"
 #include "groups/ventanas/EditorGrupo.h"
 #include "groups/ventanas/HojasDe.h"
 #include "groups/ventanas/TextosGruposVentanas.h"
@@ -12,6 +13,7 @@ namespace tarvo::groups {
 using namespace Qt::StringLiterals;
 
 QString EditorGrupo::deMaquina(int que) const {
+  if (cajas_) return tituloDe(t(kTxEnCaja).arg(t(que).remove(u'&')), {}, sitio());
   return contexto().textos(kTxQueDeMaquina, {t(que).remove(u'&'), sitio() + 1});
 }
 
