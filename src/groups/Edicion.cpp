@@ -48,19 +48,44 @@ TipoGrupo tipoPara(const Miembro& miembro) {
   return balanza ? balanza->TipoDeGrupo().value_or(TipoGrupo::Balanzas) : TipoGrupo::Registradoras;
 }
 
+namespace {
+
+// The addresses of the registers in other places.
+std::set<int> direccionesFuera(const Grupo& grupo, std::optional<int> de) {
+  std::set<int> usadas;
+  for (const auto& [numero, otra] : grupo.LasBalanzas)
+    if (numero != de) usadas.insert(maquinaDe(otra).Direccion.value_or(0));
+  return usadas;
+}
+
+int primeraLibre(const std::set<int>& usadas) {
+  int libre = 1;
+  while (usadas.contains(libre)) ++libre;
+  return libre;
+}
+
+}  // namespace
+
 Miembro maquinaNueva(const Grupo& grupo, std::optional<int> modelo, Idioma idioma) {
   if (modelo) {
     Balanza nueva(idioma);
     nueva.tipo(*modelo);
     return nueva;
   }
-  std::set<int> usadas;
-  for (const auto& [numero, otra] : grupo.LasBalanzas)
-    usadas.insert(maquinaDe(otra).Direccion.value_or(0));
   Registradora nueva(idioma);
-  nueva.Direccion = 1;
-  while (usadas.contains(*nueva.Direccion)) ++*nueva.Direccion;
+  nueva.Direccion = primeraLibre(direccionesFuera(grupo, std::nullopt));
   return nueva;
+}
+
+QString reglaDireccion(const Textos& textos) {
+  return textos(kTxReglaDireccion, {kUltimaDireccion});
+}
+
+void darDireccion(const Grupo& grupo, int sitio, Miembro& miembro) {
+  auto* caja = std::get_if<Registradora>(&miembro);
+  if (!caja) return;
+  const auto usadas = direccionesFuera(grupo, sitio);
+  if (usadas.contains(caja->Direccion.value_or(0))) caja->Direccion = primeraLibre(usadas);
 }
 
 QString textoDe(const Miembro& miembro) {
@@ -86,6 +111,12 @@ Resultado<> colocar(Grupo& grupo, int sitio, Miembro miembro, const Textos& text
 
 void vaciar(Grupo& grupo, int sitio) {
   grupo.LasBalanzas.erase(sitio);
+}
+
+std::optional<int> sitioLibre(const Grupo& grupo, int desde) {
+  for (int n = 0; n < kSitios; ++n)
+    if (const int sitio = (std::max(desde, 0) + n) % kSitios; !enSitio(grupo, sitio)) return sitio;
+  return std::nullopt;
 }
 
 void permutar(Grupo& grupo, int sitio, int otro) {

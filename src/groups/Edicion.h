@@ -56,6 +56,11 @@ TipoGrupo tipoPara(const devices::Miembro& miembro);
 // first address that no other register of the group has.
 devices::Miembro maquinaNueva(const devices::Grupo& grupo, std::optional<int> modelo,
                               Idioma idioma);
+// What an address of a register must be, in words.
+QString reglaDireccion(const Textos& textos);
+// A register that comes to that place: it keeps its address if no other register of the group has
+// it, else it gets the first free one.
+void darDireccion(const devices::Grupo& grupo, int sitio, devices::Miembro& miembro);
 // The clipboard form, and the machine of one; nothing for any other text. `cajas`: a register.
 QString textoDe(const devices::Miembro& miembro);
 std::optional<devices::Miembro> leerMaquina(const QString& texto, bool cajas, Idioma idioma);
@@ -66,6 +71,9 @@ std::optional<devices::Miembro> leerMaquina(const QString& texto, bool cajas, Id
 Resultado<> colocar(devices::Grupo& grupo, int sitio, devices::Miembro miembro,
                     const Textos& textos);
 void vaciar(devices::Grupo& grupo, int sitio);
+// That place if it is free, else the next free one, from the last on to the first; nothing when all
+// ten are taken.
+std::optional<int> sitioLibre(const devices::Grupo& grupo, int desde);
 // The machines of two places change places.
 void permutar(devices::Grupo& grupo, int sitio, int otro);
 

@@ -6,6 +6,7 @@
 #include <ranges>
 #include <set>
 
+#include "comm/cables/Parametros.h"
 #include "core/dao/Marcas.h"
 #include "core/dao/Recorrido.h"
 #include "groups/TextosGroups.h"
@@ -23,23 +24,36 @@ namespace {
 constexpr std::pair<const char16_t*, const char16_t*> kPropias[] = {
     {u"Sesiones", u"CODGPO"}, {u"OFERTAS", u"GRUPO"}, {u"Cross", u"Grupo"}};
 
+QString enSitios(const Textos& textos, const QString& que, const std::set<int>& sitios) {
+  QStringList numeros;
+  for (const int s : sitios) numeros << QString::number(s + 1);
+  return Plural(textos(kTxEnSitios), static_cast<int>(sitios.size()))
+      .arg(que, numeros.join(u", "_s));
+}
+
 // Addresses of registers: each its own, and none 0 where there are several.
 void faltasDeCajas(const devices::Grupo& g, const Textos& textos,
                    std::vector<Grupos::Falta>& faltas) {
-  std::set<int> vistas;
-  const auto falta = [&](int texto) {
-    const Grupos::Falta nueva{Grupos::FaltaDe::Direccion, textos(texto)};
-    if (std::ranges::find(faltas, nueva) == faltas.end()) faltas.push_back(nueva);
-  };
+  std::map<int, std::set<int>> deCada;
+  std::set<int> malas, repetidas;
   for (const auto& [numero, miembro] : g.LasBalanzas) {
     const auto* caja = std::get_if<devices::Registradora>(&miembro);
     const int suya = caja ? caja->Direccion.value_or(-1) : -1;
     const bool sola = g.LasBalanzas.size() < 2;
-    if (suya < 0 || suya > kUltimaDireccion || (suya == 0 && !sola))
-      falta(kTxDireccionIncorrecta);
-    else if (!vistas.insert(suya).second)
-      falta(kTxDireccionRepetida);
+    const bool mala = suya < 0 || suya > kUltimaDireccion || (suya == 0 && !sola);
+    (mala ? malas : deCada[suya]).insert(numero);
   }
+  for (const auto& [direccion, suyas] : deCada)
+    if (suyas.size() > 1) repetidas.insert(suyas.begin(), suyas.end());
+  const QString regla = reglaDireccion(textos);
+  if (!malas.empty())
+    faltas.push_back({Grupos::FaltaDe::Direccion,
+                      enSitios(textos, textos(kTxDireccionIncorrecta), malas) + u' ' + regla, regla,
+                      malas});
+  if (!repetidas.empty())
+    faltas.push_back({Grupos::FaltaDe::Direccion,
+                      enSitios(textos, textos(kTxDireccionRepetida), repetidas),
+                      textos(kTxDireccionRepetida), repetidas});
 }
 
 int modelo(const devices::Miembro& m) {
@@ -155,7 +169,7 @@ Resultado<std::vector<FormatoEtiqueta>> Grupos::formatos() {
 Resultado<std::vector<Grupos::Falta>> Grupos::faltas(const devices::Grupo& g, int codigo,
                                                      const QString& nombre) {
   std::vector<Falta> f;
-  const auto falta = [&](FaltaDe de, int texto) { f.push_back({de, textos_(texto)}); };
+  const auto falta = [&](FaltaDe de, int texto) { f.push_back({de, textos_(texto), {}, {}}); };
   if (codigo < 1 || codigo > kUltimoCodigo) falta(FaltaDe::Codigo, kTxNumeroInadecuado);
   TARVO_TOMAR(const auto otro, db_.uno(u"SELECT count(*) FROM GRUPOS WHERE CODGPO=?", codigo));
   if (otro.entero() > 0 && g.codigo() != codigo) falta(FaltaDe::Codigo, kTxCodigoExiste);
@@ -164,9 +178,10 @@ Resultado<std::vector<Grupos::Falta>> Grupos::faltas(const devices::Grupo& g, in
   if (g.LasBalanzas.empty()) falta(FaltaDe::Maquinas, cajas ? kTxSinCajas : kTxSinBalanzas);
   TARVO_TOMAR(const auto seccion, db_.uno(u"SELECT count(*) FROM SECCS WHERE NMSECC=?", g.seccion));
   if (seccion.entero() == 0) falta(FaltaDe::Seccion, kTxSeccionNoValida);
-  const bool conTexto = g.Acceso == TipoAcceso::Modem || g.Acceso == TipoAcceso::TcpIp ||
-                        g.Acceso == TipoAcceso::Conector;
+  const bool conTexto = g.Acceso == TipoAcceso::Modem || g.Acceso == TipoAcceso::Conector;
   if (conTexto && g.Telefono.trimmed().isEmpty()) falta(FaltaDe::Telefono, kTxSinTelefono);
+  if (g.Acceso == TipoAcceso::TcpIp && !enlace::seAbrePorTcp(g.Telefono))
+    falta(FaltaDe::Telefono, kTxSinPuerto);
   if (cajas) faltasDeCajas(g, textos_, f);
   return f;
 }

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 #include "articles/Catalogo.h"
@@ -54,7 +55,9 @@ class Grupos {
   enum class FaltaDe { Codigo, Nombre, Maquinas, Seccion, Telefono, Direccion };
   struct Falta {
     FaltaDe de = FaltaDe::Codigo;
-    QString texto;  // in words
+    QString texto;              // in words
+    QString regla = {};         // of an address: what it must be, where its register is shown
+    std::set<int> sitios = {};  // the registers whose addresses are wrong
     bool operator==(const Falta&) const = default;
   };
   Resultado<std::vector<Falta>> faltas(const devices::Grupo& grupo, int codigo,

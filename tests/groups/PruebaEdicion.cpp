@@ -125,8 +125,13 @@ TEST(Edicion, LoQueImpideGuardar) {
     TipoAcceso acceso;
     QString telefono, faltas;
   };
-  const QString direccion = u"Alguna de las direcciones de las cajas es incorrecta"_s,
-                repetida = u"Alguna de las direcciones de las cajas está repetida"_s,
+  const QString alguna = u"Alguna de las direcciones de las cajas "_s,
+                regla = u" Las direcciones van del 1 al 16; la 0 sólo vale si hay una sola caja."_s,
+                direccion = alguna + u"es incorrecta: sitio %1."_s + regla,
+                repetida = alguna + u"está repetida: sitios 1, 2, 3."_s,
+                sinPuerto =
+                    u"La dirección ha de llevar dos puntos y el número del puerto, como "_s +
+                    u"en 192.168.1.50:4000."_s,
                 sinTelefono = u"El número de teléfono no puede quedar vacío"_s;
   const auto una = std::vector{balanza(devices::kRowan)};
   const auto ninguno = TipoAcceso::Ninguno;
@@ -150,11 +155,16 @@ TEST(Edicion, LoQueImpideGuardar) {
       {1, u"Uno"_s, una, 1, TipoAcceso::Modem, {}, sinTelefono},
       {1, u"Uno"_s, una, 1, TipoAcceso::Conector, u" "_s, sinTelefono},
       {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"balanza:4101"_s, {}},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u" balanza : 4101 , 2"_s, {}},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, {}, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"hola,"_s, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u":4101"_s, sinPuerto},
+      {1, u"Uno"_s, una, 1, TipoAcceso::TcpIp, u"balanza:65536"_s, sinPuerto},
       {1, u"Uno"_s, una, 1, TipoAcceso::Directo, {}, {}},
       {1, u"Uno"_s, {caja(0)}, 1, ninguno, {}, {}},
-      {1, u"Uno"_s, {caja({})}, 1, ninguno, {}, direccion},
-      {1, u"Uno"_s, {caja(0), caja(1)}, 1, ninguno, {}, direccion},
-      {1, u"Uno"_s, {caja(16), caja(17)}, 1, ninguno, {}, direccion},
+      {1, u"Uno"_s, {caja({})}, 1, ninguno, {}, direccion.arg(1)},
+      {1, u"Uno"_s, {caja(0), caja(1)}, 1, ninguno, {}, direccion.arg(1)},
+      {1, u"Uno"_s, {caja(16), caja(17)}, 1, ninguno, {}, direccion.arg(2)},
       {1, u"Uno"_s, {caja(1), caja(1), caja(1)}, 1, ninguno, {}, repetida}};
   for (const Caso& c : casos) {
     devices::Grupo g;

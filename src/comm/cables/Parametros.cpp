@@ -26,6 +26,13 @@ void ponerAccesoTcp(ParametrosLinea& p, const QString& acceso) {
 
 }  // namespace
 
+bool seAbrePorTcp(const QString& acceso) {
+  constexpr int kPuertoMax = 0xFFFF;
+  ParametrosLinea p;
+  ponerAccesoTcp(p, acceso);
+  return !p.host.isEmpty() && p.puertoTcp > 0 && p.puertoTcp <= kPuertoMax;
+}
+
 QString guionModem(const ParamCanal& canal) {
   QString guion;
   if (!canal.IniMdm0.isEmpty())

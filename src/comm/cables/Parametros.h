@@ -14,6 +14,9 @@ struct ParamCanal;
 // (modem) or "host:port" and optionally ",n" (TCP/IP); a direct cable has none.
 ParametrosLinea parametrosDe(const ParamCanal& canal, int baudios, const QString& acceso);
 
+// Whether a TCP/IP wire can be opened by that text at all: it names a host and its port.
+bool seAbrePorTcp(const QString& acceso);
+
 // The initialisation script: pieces between "|" that are in turn sent and expected. See
 // docs/protocolos.md.
 QString guionModem(const ParamCanal& canal);

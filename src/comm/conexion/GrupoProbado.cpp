@@ -2,18 +2,12 @@
 
 #include <utility>
 
+#include "comm/cables/Parametros.h"
 #include "comm/conexion/TextosConexion.h"
 
 namespace tarvo::conexion {
 
 namespace {
-
-// A host is followed by its port.
-bool conPuerto(const QString& acceso) {
-  constexpr int kPuertoMax = 0xFFFF;
-  const int puerto = acceso.section(u':', 1).section(u',', 0, 0).trimmed().toInt();
-  return puerto > 0 && puerto <= kPuertoMax;
-}
 
 // The text of what the access lacks; 0 for nothing.
 int faltaDe(const devices::Grupo& grupo) {
@@ -27,7 +21,7 @@ int faltaDe(const devices::Grupo& grupo) {
     case TipoAcceso::Conector:
       return vacio ? kTxSinAcceso : 0;
     case TipoAcceso::TcpIp:
-      return vacio || !conPuerto(grupo.Telefono) ? kTxSinPuerto : 0;
+      return enlace::seAbrePorTcp(grupo.Telefono) ? 0 : kTxSinPuerto;
   }
   std::unreachable();
 }

@@ -4,7 +4,13 @@
 
 namespace tarvo::groups {
 
+using namespace Qt::StringLiterals;
 using namespace ventanas;
+
+QString tituloDe(QString texto, const QString& grupo, int balanza) {
+  if (grupo.isEmpty()) texto = texto.remove(u"(#N)"_s).trimmed();
+  return texto.replace(u"#B"_s, QString::number(balanza + 1)).replace(u"#N"_s, grupo);
+}
 
 Campo& enlazarRadios(QWidget& caja, const std::vector<std::pair<QRadioButton*, int>>& radios,
                      std::function<int()> ver, std::function<void(int)> poner) {

@@ -16,11 +16,11 @@ namespace tarvo::groups {
 inline const QString kLetrasFormato = QStringLiteral("CKIBSOQ");
 inline constexpr int kLargoEan8 = 7, kLargoEan13 = 12;
 
-// The title of a sheet: its text has marks for the group's name and the number of the machine.
+// The title of a sheet: its text has marks for the group's name and the number of the machine. A
+// group without a name has no brackets either.
+QString tituloDe(QString texto, const QString& grupo, int balanza);
 inline QString tituloDe(const ventanas::Ventana& v, int texto, const QString& grupo, int balanza) {
-  return v.t(texto)
-      .replace(QStringLiteral("#B"), QString::number(balanza + 1))
-      .replace(QStringLiteral("#N"), grupo);
+  return tituloDe(v.t(texto), grupo, balanza);
 }
 
 // Choices as radio buttons, each with its value, bound to a member.
@@ -46,9 +46,13 @@ class HojaDeMaquina : public ventanas::FichaDe<R> {
         tamano,
         {.acepto = QStringLiteral("Guardar"), .textoAcepto = ventanas::kTxGuardar, .otro = todas_});
   }
-  Resultado<> abrirHoja(const PuertaDeMaquina& puerta, int titulo, R registro) {
+  // `hoja`: what it is called in the title of a register, where there is one for those.
+  Resultado<> abrirHoja(const PuertaDeMaquina& puerta, int titulo, R registro, int hoja = 0) {
     maquina_ = puerta.maquina;
-    this->setWindowTitle(tituloDe(*this, titulo, puerta.nombre, puerta.balanza));
+    const bool deCaja = hoja > 0 && std::holds_alternative<devices::Registradora>(maquina_);
+    this->setWindowTitle(tituloDe(
+        deCaja ? this->t(kTxEnCaja).arg(this->t(hoja).remove(QChar(u'&'))) : this->t(titulo),
+        puerta.nombre, puerta.balanza));
     todas_->setVisible(puerta.varias);
     return this->editar(std::move(registro));
   }

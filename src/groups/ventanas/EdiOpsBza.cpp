@@ -100,7 +100,7 @@ Resultado<> EdiOpsBza::entrar(const PuertaEdiOpsBza& puerta) {
   devices::Balanza copia(contexto().ajustes.idioma);
   static_cast<devices::Maquina&>(copia) = maquinaDe(puerta.maquina);
   fija_ = copia.PL_pFija.value_or(0);
-  TARVO_INTENTAR(abrirHoja(puerta, kTxTituloOpsBza, std::move(copia)));
+  TARVO_INTENTAR(abrirHoja(puerta, kTxTituloOpsBza, std::move(copia), kTxOpciones));
   ver();
   return {};
 }

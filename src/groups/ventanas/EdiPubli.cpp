@@ -115,7 +115,7 @@ EdiPubli::EdiPubli(Contexto& contexto, const QString& nombre) : HojaDeMaquina(co
 }
 
 Resultado<> EdiPubli::entrar(const PuertaEdiPubli& puerta) {
-  TARVO_INTENTAR(abrirHoja(puerta, kTxTituloPubli, maquinaDe(puerta.maquina).Publici));
+  TARVO_INTENTAR(abrirHoja(puerta, kTxTituloPubli, maquinaDe(puerta.maquina).Publici, kTxMensaje));
   ver();
   paso();
   return {};

@@ -9,6 +9,7 @@
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
 #include "core/ventanas/aspecto/Tema.h"
+#include "core/ventanas/marco/Tira.h"
 #include "devices/Modelos.h"
 #include "groups/ventanas/TextosGruposVentanas.h"
 
@@ -83,6 +84,7 @@ Resultado<> EditorGrupo::entrar(const PuertaGrupo& puerta) {
   sitios_->setCurrentRow(r.grupo.LasBalanzas.empty()
                              ? 0
                              : std::clamp(r.grupo.LasBalanzas.begin()->first, 0, kSitios - 1));
+  mostrarDireccion();
   pintar();
   nuevo_ ? nom_->enfocar() : sitios_->setFocus();
   const auto fuera = std::ranges::count_if(
@@ -248,8 +250,21 @@ void EditorGrupo::anotarLoTecleado() {
     if (campo->control().hasFocus()) anotar(campo->nombre());
 }
 
+// A failure and what is wrong with the stored group stay.
+void EditorGrupo::quitarLoDicho() {
+  quitarPista();
+  if (tira().estado() == ventanas::Estado::Bien) tira().quitar();
+}
+
+void EditorGrupo::empezarOrden() {
+  quitarLoDicho();
+  anotarLoTecleado();
+  mostrarDireccion();
+}
+
 void EditorGrupo::haCambiado(Campo& campo) {
   if (!abierta_) return;
+  quitarLoDicho();
   tocados_.insert(&campo);
   revisar();
   pintarAcceso();
@@ -267,19 +282,54 @@ void EditorGrupo::revisar() {
   if (!todas) return;
   for (const auto& [campo, de] : vigilados_) {
     if (!de || !tocados_.contains(campo) || ilegibles.contains(campo)) continue;
-    const auto suya = std::ranges::find(*todas, *de, &Grupos::Falta::de);
-    campo->marcar(suya == todas->end() ? QString() : suya->texto);
+    const auto suya = std::ranges::find_if(*todas, [&](const Grupos::Falta& f) {
+      return f.de == *de && (f.sitios.empty() || f.sitios.contains(sitio()));
+    });
+    campo->marcar(suya == todas->end()   ? QString()
+                  : suya->sitios.empty() ? suya->texto
+                                         : suya->regla);
   }
+  if (!faltaSitios_->isHidden()) pintarFaltaSitios(*todas);
 }
 
+// Below the places: what is wrong with the machines, whichever is shown.
+void EditorGrupo::pintarFaltaSitios(const std::vector<Grupos::Falta>& faltas) {
+  QStringList suyas;
+  for (const Grupos::Falta& f : faltas)
+    if (f.de == Grupos::FaltaDe::Maquinas || f.de == Grupos::FaltaDe::Direccion) suyas << f.texto;
+  faltaSitios_->setText(suyas.join(u'\n'));
+  faltaSitios_->setVisible(!suyas.isEmpty());
+}
+
+// Of the current register. What was typed for another one and can't be read is given up, in words.
+void EditorGrupo::mostrarDireccion() {
+  if (!dir_) return;
+  const auto* antes = enSitio(r.grupo, sitioDireccion_);
+  const QString dicha = static_cast<QLineEdit&>(dir_->control()).text();
+  if (abierta_ && antes && dir_->tocado()) {
+    const auto suya = maquinaDe(*antes).Direccion;
+    decirPista(contexto().textos(
+        kTxDireccionVuelve, {dicha, sitioDireccion_ + 1, suya ? QString::number(*suya) : u"?"_s}));
+  }
+  sitioDireccion_ = sitio();
+  dir_->mostrar();
+  if (abierta_ && tocados_.contains(dir_)) revisar();
+}
+
+// With a text that is no address the register has the one from before the typing, and not what the
+// first digits made.
 Resultado<> EditorGrupo::ponerDireccion(const QString& texto) {
-  const auto hallada = r.grupo.LasBalanzas.find(sitio());
+  const auto hallada = r.grupo.LasBalanzas.find(sitioDireccion_);
   if (hallada == r.grupo.LasBalanzas.end()) return {};
+  auto& direccion = maquinaDe(hallada->second).Direccion;
   bool numero = false;
   const int n = texto.trimmed().toInt(&numero);
-  if (!texto.trimmed().isEmpty() && (!numero || n < 0 || n > kUltimaDireccion))
-    return fallo(Fallo::Formato, t(ventanas::kTxNumeroDe).arg(0).arg(kUltimaDireccion));
-  maquinaDe(hallada->second).Direccion = numero ? std::optional(n) : std::nullopt;
+  if (!texto.trimmed().isEmpty() && (!numero || n < 0 || n > kUltimaDireccion)) {
+    const auto* antes = enSitio(previo_.grupo, sitioDireccion_);
+    if (antes) direccion = maquinaDe(*antes).Direccion;
+    return fallo(Fallo::Formato, reglaDireccion(contexto().textos));
+  }
+  direccion = numero ? std::optional(n) : std::nullopt;
   return {};
 }
 

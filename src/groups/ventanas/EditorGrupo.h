@@ -60,13 +60,21 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
   void anotar(const QString& que);
   void volverA(const GrupoEditado& otro);
   void anotarLoTecleado();  // in the field that still has the focus
+  // Before each command: what the one before reported is no longer the last thing to know.
+  void empezarOrden();
+  void quitarLoDicho();
   void haCambiado(ventanas::Campo& campo);
   void revisar();
   Resultado<> ponerDireccion(const QString& texto);
+  void mostrarDireccion();
+  void pintarFaltaSitios(const std::vector<Grupos::Falta>& faltas);
 
   // --- gestures on places (EditorGrupoGestos.cpp)
   void soltar(const Arrastre& que, int en, bool mueve);
-  void poner(int sitio, devices::Miembro maquina, int que);
+  void poner(int sitio, devices::Miembro maquina);
+  void ponerModelo(int sitio, int modelo);
+  std::optional<int> sitioParaOtra();
+  bool sustituye(int sitio);
   void insertar();
   void copiar();
   void cortar();
@@ -120,7 +128,9 @@ class EditorGrupo : public ventanas::FichaDe<GrupoEditado> {
                   *dir_ = nullptr, *seccion_ = nullptr;
   std::vector<std::pair<ventanas::Campo*, std::optional<Grupos::FaltaDe>>> vigilados_;
   std::set<ventanas::Campo*> tocados_;
-  QStringList dichas_;  // the engine's faults, in its order
+  int sitioDireccion_ = -1;      // whose address is shown
+  std::optional<int> cajaMala_;  // the first register with a wrong address
+  QStringList dichas_;           // the engine's faults, in its order
 };
 
 class EdiGrupo final : public EditorGrupo {

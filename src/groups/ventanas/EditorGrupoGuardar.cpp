@@ -35,20 +35,20 @@ Resultado<> ponerAjuste(Ajustes& ajustes, int valor) {
 
 std::vector<Ficha::FaltaCampo> EditorGrupo::comprobar() {
   dichas_.clear();
-  faltaSitios_->hide();
+  cajaMala_.reset();
   const auto todas = grupos_.faltas(r.grupo, r.codigo, r.nombre);
   if (!todas) return {{nullptr, todas.error().texto}};
+  pintarFaltaSitios(*todas);
   std::vector<FaltaCampo> faltas;
   for (const Grupos::Falta& f : *todas) {
     dichas_ << f.texto;
     const auto suyo = std::ranges::find(vigilados_, std::optional(f.de),
                                         &decltype(vigilados_)::value_type::second);
     Campo* campo = suyo == vigilados_.end() ? nullptr : suyo->first;
-    if (f.de == Grupos::FaltaDe::Maquinas || f.de == Grupos::FaltaDe::Direccion) {
-      faltaSitios_->setText(f.texto);
-      faltaSitios_->show();
-    }
-    faltas.push_back({campo, f.texto});
+    if (campo) tocados_.insert(campo);
+    if (!f.sitios.empty() && !cajaMala_)
+      cajaMala_ = f.sitios.contains(sitio()) ? sitio() : *f.sitios.begin();
+    faltas.push_back({campo, f.sitios.empty() ? f.texto : f.regla});
   }
   return faltas;
 }
@@ -57,10 +57,12 @@ std::vector<Ficha::FaltaCampo> EditorGrupo::comprobar() {
 void EditorGrupo::decir(const std::vector<FaltaCampo>& faltas) {
   QStringList lineas;
   for (const FaltaCampo& f : faltas)
-    if (!dichas_.contains(f.texto))
+    if (!dichas_.contains(f.texto) && (!f.campo || f.campo != dir_ || dir_->tocado()))
       lineas << (f.campo ? f.campo->nombre() + u": "_s : QString()) + f.texto;
   lineas << dichas_;
   MyMsgBox::Decide(this, contexto().textos, lineas.join(u'\n'), kSoloAcepto | kCritico);
+  // To the register that is meant, unless what is typed for another one comes first.
+  if (cajaMala_ && *cajaMala_ < kSitios && !dir_->tocado()) sitios_->setCurrentRow(*cajaMala_);
   if (faltas.front().campo)
     faltas.front().campo->enfocar();
   else

@@ -3,6 +3,7 @@
 #include "comm/conexion/ventanas/Puertas.h"
 #include "core/ventanas/marco/Ventanas.h"
 #include "devices/ventanas/Puertas.h"
+#include "groups/ventanas/Comun.h"
 #include "groups/ventanas/EditorGrupo.h"
 #include "groups/ventanas/HojasDe.h"
 #include "groups/ventanas/TextosGruposVentanas.h"
@@ -12,6 +13,7 @@ namespace tarvo::groups {
 using namespace Qt::StringLiterals;
 
 QString EditorGrupo::deMaquina(int que) const {
+  if (cajas_) return tituloDe(t(kTxEnCaja).arg(t(que).remove(u'&')), {}, sitio());
   return contexto().textos(kTxQueDeMaquina, {t(que).remove(u'&'), sitio() + 1});
 }
 
@@ -46,6 +48,7 @@ void EditorGrupo::teclado() {
   const auto hallada = r.grupo.LasBalanzas.find(sitio());
   if (hallada == r.grupo.LasBalanzas.end()) return;
   if (!contexto().ventanas.conoce<devices::PuertaTeclado>()) return decirPista(t(kTxSinTeclado));
+  empezarOrden();
   devices::Maquina& m = maquinaDe(hallada->second);
   const devices::TextosTeclado antes{m.Teclado.Teclado, m.Teclado.HARDPLU, m.Teclado.TARASME};
   const auto hecho = preguntar(devices::PuertaTeclado{.tipo = m.tipo(),
@@ -64,12 +67,14 @@ void EditorGrupo::teclado() {
 
 // The access as it is typed, stored or not.
 void EditorGrupo::probar() {
+  quitarLoDicho();
   for (ventanas::Campo* c : {telf_, addr_, dir_}) {
     const auto leido = c && c->control().isVisible() ? c->leer() : Resultado<>();
     if (leido) continue;
     c->enfocar();
     return decirPista(leido.error().texto);
   }
+  revisar();  // reading has cleared what the engine refuses
   const auto grupo = conexion::grupoProbado(r.grupo, contexto().textos);
   if (!grupo) return decirPista(grupo.error().texto);
   preguntar(conexion::PuertaProbar{.nombre = r.nombre, .grupo = *grupo});

@@ -162,7 +162,7 @@ void EditorGrupo::montarPaleta(Formulario f) {
     anadir(u"maquina%1"_s.arg(m), devices::NombreModelo(m), m);
   ico_->setCurrentRow(0);
   connect(ico_, &QListWidget::itemActivated, this, [this](const QListWidgetItem* item) {
-    soltar({Arrastre::Modelo, item->data(Qt::UserRole).toInt()}, sitio(), false);
+    if (const auto libre = sitioParaOtra()) ponerModelo(*libre, item->data(Qt::UserRole).toInt());
   });
 }
 
@@ -177,7 +177,8 @@ void EditorGrupo::montarSitios(Formulario f) {
   sitios_->setContextMenuPolicy(Qt::CustomContextMenu);
   sitios_->setToolTip(t(kTxSitiosTip));
   for (int n = 0; n < kSitios; ++n) new QListWidgetItem(sitios_);
-  connect(sitios_, &ListaDibujos::soltado, this, &EditorGrupo::soltar);
+  // After the drag has ended: a question may follow, and the mouse is needed to answer it.
+  connect(sitios_, &ListaDibujos::soltado, this, &EditorGrupo::soltar, Qt::QueuedConnection);
   connect(sitios_, &ListaDibujos::empujado, this, &EditorGrupo::empujar);
   connect(sitios_, &QWidget::customContextMenuRequested, this,
           [this](const QPoint& p) { menuDeMaquina(sitios_->viewport()->mapToGlobal(p)); });
@@ -187,7 +188,7 @@ void EditorGrupo::montarSitios(Formulario f) {
              : insertar();
   });
   connect(sitios_, &QListWidget::currentRowChanged, this, [this] {
-    if (dir_) dir_->mostrar();
+    mostrarDireccion();
     permitir();
   });
   faltaSitios_ = f.nota(u"faltaSitios"_s);
@@ -275,7 +276,8 @@ void EditorGrupo::montarAcceso(Formulario f) {
                         },
                     .poner = [this](const QString& s) { return ponerDireccion(s); },
                     .limites = t(ventanas::kTxDeA).arg(0).arg(kUltimaDireccion),
-                    .letras = 2});
+                    .letras = 2,
+                    .faltaDebajo = true});
     vigilar(*dir_, Grupos::FaltaDe::Direccion);
   }
   auto* boton = g.boton(kTxProbar, u"BotonProbar"_s, [this] { probar(); });
@@ -294,6 +296,7 @@ void EditorGrupo::montarBus(Formulario& g) {
   rotuloAddr_->setBuddy(linea);
   g.enLinea({rs485_, rotuloAddr_, linea, nullptr});
   connect(rs485_, &QCheckBox::clicked, this, [this](bool si) {
+    quitarLoDicho();
     rs485_->setFocus();
     r.grupo.NumGpo = si ? std::max(1, r.grupo.NumGpo) : 0;
     addr_->mostrar();

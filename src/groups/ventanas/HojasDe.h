@@ -8,7 +8,7 @@ namespace tarvo::groups {
 
 template <class P>
 void EditorGrupo::hojaDeGrupo(int que, P hoja) {
-  anotarLoTecleado();
+  empezarOrden();
   hoja.nombre = r.nombre;
   hoja.grupo = r.grupo;
   auto hecho = preguntar(hoja);
@@ -21,7 +21,7 @@ void EditorGrupo::hojaDeGrupo(int que, P hoja) {
 
 template <class P>
 void EditorGrupo::hojaDeMaquina(int que, Parte parte, std::initializer_list<Cambio> cambios) {
-  anotarLoTecleado();
+  empezarOrden();
   const int cual = sitio();
   const auto* de = actual();
   if (!de) return;

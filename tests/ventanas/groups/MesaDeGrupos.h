@@ -102,6 +102,7 @@ struct MesaDeGrupos : MesaDeArticulos {
     QCoreApplication::sendEvent(sobre, &entra);
     QDropEvent suelta(donde, Qt::CopyAction, datos.get(), Qt::LeftButton, con);
     QCoreApplication::sendEvent(sobre, &suelta);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
   }
   static void soltarEn(QWidget* v, const Arrastre& que, int sitio, Qt::KeyboardModifiers con = {}) {
     auto& lista = sitios(v);

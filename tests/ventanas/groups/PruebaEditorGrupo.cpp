@@ -212,6 +212,7 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   t.soltarEn(v, {Arrastre::Sitio, 4}, 2, Qt::ShiftModifier);
   EXPECT_EQ(t.puestas(v), u"Rowan Cedar Rowan Maple");
   t.soltar(v, {Arrastre::Sitio, 3}, t.control<QToolButton>(v, u"clipbrd"), {5, 5});
+  t.responder(u"Acepto"_s);
   t.soltarEn(v, {Arrastre::Portapapeles}, 0);
   EXPECT_EQ(t.puestas(v), u"Maple Cedar Rowan Maple");
   for (const int sitio : {3, 2}) t.soltar(v, {Arrastre::Sitio, sitio}, basura, {5, 5});
@@ -220,6 +221,15 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   t.soltarEn(v, {Arrastre::Modelo, devices::kEbony}, 2);
   EXPECT_EQ(t.puestas(v), u"Maple Cedar");
   EXPECT_EQ(v->tira().texto(), u"Los tipos de balanzas son incompatibles");
+  t.soltarEn(v, {Arrastre::Sitio, 1}, 6, Qt::ShiftModifier);
+  EXPECT_EQ(v->tira().texto(), QString()) << "that was of the command before";
+  t.activa(v);
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Deshecho"));
+  t.ir(v, 1);
+  QTest::keyClick(&t.sitios(v), Qt::Key_Delete);
+  EXPECT_EQ(v->tira().texto(), QString());
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
   QGuiApplication::clipboard()->setText(u"otra cosa"_s);
   t.soltarEn(v, {Arrastre::Portapapeles}, 5);
   EXPECT_TRUE(v->tira().texto().startsWith(u"Los datos del portapapeles no parecen ser de una"));
@@ -233,6 +243,44 @@ TEST(EditorGrupo, SeArrastraYSeSuelta) {
   ASSERT_TRUE(t.guardar(v));
   EXPECT_EQ(t.leer(u"select tipo from GRUPOS where CODGPO=1"_s), u"2");
   EXPECT_EQ(t.leer(u"select NMBZA, tipo from BZAS where SUGPO=1"_s), u"2 7");
+}
+
+// A command goes on to a free place; only a drop or a paste may take a machine's place, and asks.
+TEST(EditorGrupo, LaMaquinaQueHayNoSePierde) {
+  MesaDeGrupos t;
+  auto* v = t.editor(1);
+  t.ir(v, 0);
+  t.tecla(Qt::Key_Insert);
+  t.enMenu(u"Maple"_s);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar Maple");
+  EXPECT_EQ(t.sitios(v).currentRow(), 2);
+  auto* modelos = t.control<QListWidget>(v, u"ico");
+  for (int i = 3; i <= 10; ++i) QTest::keyClick(modelos, Qt::Key_Return);
+  EXPECT_EQ(t.puestas(v), u"Rowan Cedar Maple"_s + u" Rowan"_s.repeated(7));
+  EXPECT_TRUE(v->tira().texto().startsWith(u"Los diez sitios están ocupados"));
+  t.ir(v, 3);
+  QTest::keyClick(&t.sitios(v), Qt::Key_C, Qt::ControlModifier);
+  const std::function<void()> encima[] = {
+      [&] { t.soltarEn(v, {Arrastre::Modelo, devices::kCedar}, 2); },
+      [&] { t.soltarEn(v, {Arrastre::Sitio, 0}, 2); },
+      [&] {
+        t.ir(v, 2);
+        QTest::keyClick(&t.sitios(v), Qt::Key_V, Qt::ControlModifier);
+      }};
+  for (const auto& poner : encima) {
+    const QString antes = t.puestas(v);
+    t.alAbrirse([](QWidget* w) { QTest::keyClick(w, Qt::Key_Return); });
+    poner();
+    EXPECT_TRUE(t.textoModal.contains(u"«3 · Maple»")) << t.textoModal.toStdString();
+    EXPECT_EQ(t.puestas(v), antes) << "Cancelar is the default";
+    t.activa(v);
+    t.responder(u"Acepto"_s);
+    poner();
+    EXPECT_NE(t.puestas(v), antes);
+    t.activa(v);
+    QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(t.puestas(v), antes);
+  }
 }
 
 // What each access shows, and the group number on the bus, whose keys above its limit are dropped.
@@ -273,13 +321,62 @@ TEST(EditorGrupo, LasDireccionesDeLasCajas) {
   t.ir(v, 1);
   t.tecla(Qt::Key_Insert);
   EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2") << "the first address that is free";
+  for (const auto tecla : {Qt::Key_C, Qt::Key_Right, Qt::Key_V})
+    QTest::keyClick(&t.sitios(v), tecla,
+                    tecla == Qt::Key_Right ? Qt::NoModifier : Qt::ControlModifier);
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2 dir. 3") << "a copy takes one too";
+  t.tecla(Qt::Key_Delete);
+  t.ir(v, 1);
   t.poner(v, u"txDir", u"1"_s);
   t.responder(u"Acepto"_s);
   QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
-  EXPECT_EQ(t.textoModal, u"Alguna de las direcciones de las cajas está repetida");
+  EXPECT_EQ(t.textoModal, u"Alguna de las direcciones de las cajas está repetida: sitios 1, 2.");
   t.poner(v, u"txDir", u"7"_s);
   ASSERT_TRUE(t.guardar(v));
   EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 7");
+}
+
+// What is no address is neither stored nor forgotten in silence; nor is its first digit.
+TEST(EditorGrupo, LaDireccionQueNoValeNoSeGuarda) {
+  MesaDeGrupos t;
+  auto* v = t.abrir(PuertaEdiCajas{{.codigo = 3}});
+  t.ir(v, 1);
+  t.tecla(Qt::Key_Insert);
+  t.poner(v, u"txDir", u"99"_s);
+  t.tecla(Qt::Key_Tab);
+  auto* falta = t.control<QLabel>(v, u"faltatxDir");
+  EXPECT_EQ(falta->text(),
+            u"Las direcciones van del 1 al 16; la 0 sólo vale si hay una sola caja.");
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  EXPECT_EQ(t.textoModal, u"Dirección de la caja: "_s + falta->text());
+  t.activa(v);
+  t.ir(v, 0);
+  EXPECT_EQ(v->tira().texto(),
+            u"La dirección «99» no vale: la caja del sitio 2 se queda con la que tenía, 2.");
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2");
+  EXPECT_TRUE(falta->text().isEmpty());
+  // A number that is wrong here: its register is named, and gone to.
+  t.poner(v, u"txDir", u"0"_s);
+  EXPECT_EQ(v->tira().texto(), QString());
+  t.ir(v, 1);
+  EXPECT_TRUE(falta->text().isEmpty()) << "this one is right";
+  t.responder(u"Acepto"_s);
+  QTest::keyClick(v, Qt::Key_S, Qt::ControlModifier);
+  const QString cual = u"Alguna de las direcciones de las cajas es incorrecta: sitio 1. Las "_s;
+  EXPECT_TRUE(t.textoModal.startsWith(cual)) << t.textoModal.toStdString();
+  EXPECT_EQ(t.sitios(v).currentRow(), 0);
+  EXPECT_FALSE(falta->text().isEmpty());
+  auto* bajoSitios = t.control<QLabel>(v, u"faltaSitios");
+  EXPECT_TRUE(bajoSitios->text().startsWith(cual));
+  t.activa(v);
+  t.sitios(v).setFocus();
+  QTest::keyClick(v, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(t.puestas(v), u"dir. 1 dir. 2");
+  EXPECT_TRUE(bajoSitios->isHidden()) << "undone with its reason";
+  EXPECT_TRUE(falta->text().isEmpty());
+  ASSERT_TRUE(t.guardar(v));
+  EXPECT_EQ(t.leer(u"select NMBZA, Addr from BZAS where SUGPO=3 order by 1"_s), u"0 1 | 1 2");
 }
 
 // The ticket head of group 1, by its machines.
@@ -340,6 +437,7 @@ TEST(EditorGrupo, ProbarLoEscrito) {
   t.poner(v, u"txTelf", u"balanza"_s);
   QTest::keyClick(v, Qt::Key_F9);
   EXPECT_TRUE(v->tira().texto().startsWith(u"La dirección ha de llevar dos puntos"));
+  EXPECT_EQ(t.control<QLabel>(v, u"faltatxTelf")->text(), v->tira().texto()) << "while it is typed";
   t.poner(v, u"txTelf", u"balanza:4101"_s);
   QString dicho;
   t.alAbrirse([&](QWidget* w) {

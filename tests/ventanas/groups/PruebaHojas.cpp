@@ -136,6 +136,17 @@ TEST(Hojas, MensajeYRazonSocial) {
   EXPECT_EQ(t.cola(), u"5 3");
 }
 
+// Of a register, in a group that has no name yet.
+TEST(Hojas, ElTituloDeUnaCaja) {
+  MesaDeGrupos t;
+  auto* v = t.abrir(PuertaEdiCajas());
+  t.ir(v, 1);
+  t.tecla(Qt::Key_Insert);
+  for (const auto& [orden, titulo] : {std::pair{u"MnPub"_s, u"Mensaje publicitario en caja nº 2"_s},
+                                      {u"MnOpc"_s, u"Opciones en caja nº 2"_s}})
+    enHoja(t, v, orden, u"Cancelo"_s, [&](QWidget* w) { EXPECT_EQ(w->windowTitle(), titulo); });
+}
+
 // The sheets of the whole group: operators, VAT, advanced options with the hours.
 TEST(Hojas, LasDelGrupo) {
   MesaDeGrupos t;

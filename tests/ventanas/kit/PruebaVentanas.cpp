@@ -386,4 +386,19 @@ TEST(Trabajo, RebanadasAvanceYParada) {
   EXPECT_EQ(fin->error().clase, Fallo::DiscoLleno);
 }
 
+// What is below the strip stays under the pointer when the strip goes by itself.
+TEST(Ventanas, LaTiraQueSeVaNoMueveNada) {
+  Puesto p;
+  Muestra* v = p.abrir(u"Muestra"_s);
+  const auto arriba = [v] { return v->ui.lista->mapTo(v, QPoint()).y(); };
+  const int sola = arriba();
+  v->decirBien(u"Hecho."_s);
+  ASSERT_TRUE(esperar([&] { return arriba() > sola; }));
+  const int con = arriba();
+  v->tira().quitar();
+  QTest::qWait(50);
+  EXPECT_EQ(arriba(), con);
+  EXPECT_EQ(v->tira().texto(), QString());
+}
+
 }  // namespace tarvo::prueba

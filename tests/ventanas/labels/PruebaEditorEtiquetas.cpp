@@ -11,6 +11,8 @@ TEST(EditorDeEtiquetas, MoverDeshacerRehacerYGuardar) {
   t.tecla(Qt::Key_PageDown);
   ASSERT_EQ(l.elegidos(), std::vector<size_t>{0});
   EXPECT_EQ(t.lista(v, u"Campos").filasElegidas(), std::vector<int>{0});
+  for (const auto* w : v->findChildren<QWidget*>())
+    EXPECT_FALSE(w->accessibleName().contains(u"[*]")) << w->objectName().toStdString();
   t.tecla(Qt::Key_Right);
   t.tecla(Qt::Key_Down, Qt::ShiftModifier);
   EXPECT_EQ(t.control<QLabel>(v, u"LbMov").text(), u">>(011,028)");

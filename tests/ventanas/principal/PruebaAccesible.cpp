@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QTableView>
 #include <QToolButton>
 
 #include "TodasLasVentanas.h"
@@ -81,6 +82,10 @@ QStringList faltasDe(Ventana& v) {
       faltas << cual + u" no tiene letra: "_s + r->text();
     if (const auto* r = qobject_cast<QLabel*>(w); r && !r->buddy() && r->text().contains(u'&'))
       faltas << cual + u" se ve con su marca: "_s + r->text();
+    if (nombre.contains(u"[*]")) faltas << cual + u" se oye con la marca de sin guardar"_s;
+    if (qobject_cast<QTableView*>(w->parentWidget()) && qobject_cast<QAbstractButton*>(w) &&
+        nombre.isEmpty())
+      faltas << cual + u" no tiene nombre"_s;
     if (conOtroNombre(*w, *i)) faltas << cual + u" se oye con otro nombre: "_s + nombre;
     if (!esControl(*w)) continue;
     if (nombre.trimmed().isEmpty()) faltas << cual + u" no tiene nombre"_s;

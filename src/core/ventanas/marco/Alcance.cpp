@@ -151,6 +151,10 @@ QPoint bajo(QToolBar& barra, QAction& accion) {
   return sobre.mapToGlobal(QPoint(0, sobre.height()));
 }
 
+QString tituloSinMarca(const QWidget& w) {
+  return w.window()->windowTitle().remove(QStringLiteral("[*]"));
+}
+
 void seguirAccion(QToolButton& boton, QAction& accion) {
   const auto seguir = [&boton, &accion] {
     boton.setText(accion.text().remove(u'&'));

@@ -19,6 +19,9 @@ namespace tarvo::ventanas {
 // Escape in a menu of a menu bar gives the keyboard back to the control that had it.
 void ponerAlAlcance(QWidget& cuerpo);
 
+// The title of its window as it is seen and heard: without the mark for unsaved changes.
+QString tituloSinMarca(const QWidget& w);
+
 // Makes a button follow an action that already has one in a tool bar, except for the letter, which
 // stays with the bar: Qt activates neither of two buttons with the same letter.
 void seguirAccion(QToolButton& boton, QAction& accion);

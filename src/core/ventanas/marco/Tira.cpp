@@ -113,6 +113,9 @@ void Tira::decir(Estado estado, const QString& texto, const QString& detalle) {
   verDetalle_->setVisible(!detalle.isEmpty());
   copiar_->setVisible(estado != Estado::Bien);
   pintar();
+  QSizePolicy conSitio = sizePolicy();
+  conSitio.setRetainSizeWhenHidden(true);
+  setSizePolicy(conSitio);
   show();
   estado == Estado::Bien ? caduca_->unaVez(kCaducaBien) : caduca_->parar();
 }
@@ -135,6 +138,7 @@ void Tira::ponerBoton(QWidget* boton) {
 
 void Tira::quitar() {
   caduca_->parar();
+  mostrarDetalle(false);
   estado_ = Estado::Ninguno;
   ++veces_;
   hide();

@@ -1,5 +1,6 @@
 // A strip inside a window that reports a result, instead of a message box. It stays until the next
-// report, its close button or, after a success, some seconds.
+// report, its close button or, after a success, some seconds. Its place then stays as it is:
+// nothing below it moves away from a pointer by itself.
 #pragma once
 
 #include <QFrame>

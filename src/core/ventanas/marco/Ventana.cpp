@@ -12,6 +12,7 @@
 #include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -67,6 +68,14 @@ class ClicsEnVano final : public QObject {
   }
   std::function<void(const QAction&)> decir_;
 };
+
+// The button in the corner of a table, which the tables of Qt make, has no name of its own.
+void nombrarEsquinas(const QWidget& cuerpo, const QString& nombre) {
+  for (const QTableView* tabla : cuerpo.findChildren<QTableView*>())
+    for (auto* b : tabla->findChildren<QAbstractButton*>(Qt::FindDirectChildrenOnly))
+      if (b->accessibleName().isEmpty() && b->inherits("QTableCornerButton"))
+        b->setAccessibleName(nombre);
+}
 
 }  // namespace
 
@@ -215,6 +224,7 @@ void Ventana::mostrarSobre(QWidget* dueno) {
   const bool primera = !std::exchange(alcanzada_, true);
   if (primera) {
     ponerAlAlcance(*cuerpo_);
+    nombrarEsquinas(*cuerpo_, t(kTxElegirTodo).remove(u'&'));
     oirRechazos();
     new ClicsEnVano(*this, *cuerpo_, [this](const QAction& a) { decirPorQueNo(a); });
     // It may have been left on a larger screen. The frame is known only once it is shown, and on

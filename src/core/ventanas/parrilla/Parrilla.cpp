@@ -25,7 +25,7 @@ void Parrilla::showEvent(QShowEvent* evento) {
   d->ceder();
   // Named by its buddy label, else by the window's title.
   const QString suyo = accessibleName();
-  if (d->c) vista_->setAccessibleName(suyo.isEmpty() ? window()->windowTitle() : suyo);
+  if (d->c) vista_->setAccessibleName(suyo.isEmpty() ? tituloSinMarca(*this) : suyo);
   QWidget::showEvent(evento);
 }
 

@@ -12,6 +12,7 @@
 
 #include "core/ventanas/TextosVentanas.h"
 #include "core/ventanas/aspecto/Medidas.h"
+#include "core/ventanas/marco/Alcance.h"
 #include "core/ventanas/marco/Retenida.h"
 #include "core/ventanas/parrilla/Exportar.h"
 #include "core/ventanas/parrilla/ParrillaInterior.h"
@@ -224,7 +225,7 @@ void Parrilla::exportar() {
   if (!modelo()) return;
   const Retenida mientras(this);
   // The file is named after the window, without the characters not allowed in file names.
-  QString nombre = window()->windowTitle().remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
+  QString nombre = tituloSinMarca(*this).remove(QRegularExpression(uR"([/\\:*?"<>|])"_s));
   nombre = nombre.simplified();
   if (nombre.isEmpty()) nombre = d->ventana.section(u'#', 0, 0);
   QFileDialog caja(window(), d->t(kTxExportar).remove(u'&'), d->c->ajustes.carpeta,
@@ -250,7 +251,7 @@ void Parrilla::exportarEn(const QString& ruta) {
   d->trabajo->parar();
   if (sql_)
     if (const auto hecho = sql_->contarTodo(); !hecho) return d->avisar(hecho.error());
-  auto paso = ventanas::exportar({modelo(), d->columnasVistas(), ruta, window()->windowTitle()});
+  auto paso = ventanas::exportar({modelo(), d->columnasVistas(), ruta, tituloSinMarca(*this)});
   if (!paso) return d->avisar(paso.error());
   d->exportando = true;
   d->trabajo->empezar(d->t(kTxExportando), std::move(*paso),
