@@ -16,8 +16,7 @@ void sinRuido(QtMsgType tipo, const QMessageLogContext& donde, const QString& te
 
 int main(int argc, char** argv) {
   // Or the same with a screen of its own.
-  if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen"))
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+  if (!qgetenv("QT_QPA_PLATFORM").startsWith("offscreen")) qputenv("QT_QPA_PLATFORM", "offscreen");
   anterior = qInstallMessageHandler(sinRuido);
   testing::InitGoogleTest(&argc, argv);
   QApplication app(argc, argv);
