@@ -144,6 +144,7 @@ bool WizInicio::listarLoQueSeVa() {
   seVan_->setVisible(si && !sustitucion_.seVan.empty());
   if (!si) return true;
   std::vector<FilaViva> filas;
+  filas.reserve(sustitucion_.seVan.size());
   for (const auto& [grupo, c, silencio] : sustitucion_.seVan)
     filas.push_back({grupo.codigo,
                      {grupo.codigo, grupo.nombre, grupo.seccion, c.maquinas, callan(silencio),
