@@ -282,8 +282,8 @@ void EditorGrupo::revisar() {
   if (!todas) return;
   for (const auto& [campo, de] : vigilados_) {
     if (!de || !tocados_.contains(campo) || ilegibles.contains(campo)) continue;
-    const auto suya = std::ranges::find_if(*todas, [&](const Grupos::Falta& f) {
-      return f.de == *de && (f.sitios.empty() || f.sitios.contains(sitio()));
+    const auto suya = std::ranges::find_if(*todas, [&, cual = *de](const Grupos::Falta& f) {
+      return f.de == cual && (f.sitios.empty() || f.sitios.contains(sitio()));
     });
     campo->marcar(suya == todas->end()   ? QString()
                   : suya->sitios.empty() ? suya->texto
