@@ -4,10 +4,10 @@ tarvo-simulador. The same script gives the same bytes.
 
     tools/tienda_demo.py [FOLDER]        default datos/tienda-demo beside this script
 """
+import argparse
 import json
 import pathlib
 import random
-import sys
 
 PRIMER_PUERTO = 4101
 CABECERA = "-- Demo shop, made by tools/tienda_demo.py. Load it into a database just made by the program:\n" \
@@ -228,7 +228,9 @@ def maquinas():
 
 def main():
     defecto = pathlib.Path(__file__).resolve().parent.parent / "datos" / "tienda-demo"
-    carpeta = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else defecto
+    orden = argparse.ArgumentParser(description="Writes the demo shop.")
+    orden.add_argument("carpeta", nargs="?", type=pathlib.Path, default=defecto)
+    carpeta = orden.parse_args().carpeta
     carpeta.mkdir(parents=True, exist_ok=True)
     (carpeta / "tienda.sql").write_text("".join(sql(random.Random(1))), encoding="utf-8", newline="\n")
     (carpeta / "maquinas.json").write_text(json.dumps(maquinas(), indent=1, ensure_ascii=False) + "\n",
